@@ -1,0 +1,36 @@
+// A colour as the desktop knows it: components in the colour space that they were measured in.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace platform {
+
+/// A device's RGB space; sRGB itself is the absence of one (see `Color::space`).
+class ColorSpace {
+public:
+    virtual ~ColorSpace() = default;
+
+    /// Gamma-encoded sRGB components, possibly outside 0…1; nothing when the space has no way
+    /// there.
+    [[nodiscard]] virtual std::optional<std::array<double, 3>> toSRGB(
+        const std::array<double, 3>& components) const = 0;
+};
+
+/// Red, green and blue in `space`, straight alpha, nominally 0…1 each.
+struct Color {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    double alpha = 1;
+    /// Null is sRGB.
+    std::shared_ptr<const ColorSpace> space {};
+
+    bool operator==(const Color&) const = default;
+};
+
+/// The same colour in sRGB, components not clamped; nothing when its space cannot be converted.
+[[nodiscard]] std::optional<Color> inSRGB(const Color& color);
+
+} // namespace platform

@@ -1,0 +1,63 @@
+// Named colour lists and the registry of folders in which the user keeps them.
+#pragma once
+
+#include "Color.h"
+#include "Result.h"
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+/// A named, ordered list of colours under unique keys (".clr" file).
+class ColorList {
+public:
+    explicit ColorList(std::string name);
+
+    [[nodiscard]] const std::string& name() const { return name_; }
+    [[nodiscard]] bool isEditable() const { return editable_; }
+    /// Where the list was read from; empty for one that was never saved.
+    [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+
+    [[nodiscard]] std::vector<std::string> allKeys() const;
+    [[nodiscard]] const std::vector<std::pair<std::string, Color>>& colors() const
+    {
+        return colors_;
+    }
+    void removeColorWithKey(const std::string& key);
+    /// Adds `color` at the end, or replaces the colour of a key that is there.
+    void setColor(const Color& color, const std::string& key);
+
+private:
+    friend class ColorListRegistry;
+    std::string name_;
+    bool editable_ = true;
+    std::filesystem::path file_;
+    std::vector<std::pair<std::string, Color>> colors_;
+};
+
+/// The lists of one folder. Files that are no lists are passed over and never touched.
+class ColorListRegistry {
+public:
+    explicit ColorListRegistry(std::filesystem::path folder);
+
+    /// "Library/Colors" in the user's home folder.
+    [[nodiscard]] static std::filesystem::path defaultFolder();
+
+    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+
+    /// Every list of the folder by file name; unreadable and foreign files are left out.
+    [[nodiscard]] std::vector<ColorList> availableColorLists() const;
+
+    /// Writes `list` atomically to `file`, or to `<name>.clr` in the registry's folder (made when
+    /// missing) when `file` is empty; returns the file.
+    Result<std::filesystem::path> write(
+        const ColorList& list, const std::filesystem::path& file = {}) const;
+
+private:
+    std::filesystem::path folder_;
+};
+
+} // namespace platform

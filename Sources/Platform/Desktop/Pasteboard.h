@@ -1,0 +1,27 @@
+// The clipboard, as far as the application uses it.
+#pragma once
+
+#include "Color.h"
+
+#include <string>
+
+namespace platform {
+
+/// What leaves the application by copy or drag: a colour and its text.
+struct ColorContent {
+    Color color;
+    std::string text;
+
+    bool operator==(const ColorContent&) const = default;
+};
+
+/// A place that other programs paste from. Writing never fails.
+class Pasteboard {
+public:
+    virtual ~Pasteboard() = default;
+
+    /// Replaces whatever was there by `content` in both its forms.
+    virtual void write(const ColorContent& content) = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,29 @@
+#include "Animation.h"
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+std::optional<Spring>& current()
+{
+    static std::optional<Spring> spring;
+    return spring;
+}
+
+} // namespace
+
+void withAnimation(const Spring& spring, const std::function<void()>& body)
+{
+    const auto outer = std::exchange(current(), spring);
+    body();
+    current() = outer;
+}
+
+std::optional<Spring> currentAnimation()
+{
+    return current();
+}
+
+} // namespace platform

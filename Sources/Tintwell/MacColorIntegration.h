@@ -1,0 +1,90 @@
+// The services through which the application reaches the desktop: screen sampler, colour lists,
+// pasteboard.
+#pragma once
+
+#include "ColorList.h"
+#include "ColorSampler.h"
+#include "PaletteModels.h"
+#include "PalettePublisher.h"
+#include "Pasteboard.h"
+#include "Result.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tintwell {
+
+[[nodiscard]] platform::Color toPlatformColor(const RGBAColor& color);
+
+/// The sRGB colour, components clamped to 0…1; nothing when the platform colour has no sRGB form.
+[[nodiscard]] std::optional<RGBAColor> fromPlatformColor(const platform::Color& color);
+
+/// Lets the user pick a colour from the screen.
+class ScreenColorSampling {
+public:
+    using Completion = std::function<void(std::optional<RGBAColor>)>;
+
+    virtual ~ScreenColorSampling() = default;
+
+    /// Returns at once; calls `completion` exactly once, later, on the main thread, with nothing
+    /// when the user cancelled or the colour has no sRGB form.
+    virtual void sample(Completion completion) = 0;
+};
+
+/// The application's sampler, over a fresh platform sampler for every pick.
+class ColorSamplerService final : public ScreenColorSampling {
+public:
+    explicit ColorSamplerService(platform::ColorSamplerFactory makeSampler);
+    ~ColorSamplerService() override;
+
+    /// A pick that is pending when the service goes still gets its one answer: nothing.
+    void sample(Completion completion) override;
+
+    [[nodiscard]] bool hasActiveSampler() const;
+
+private:
+    struct State;
+    platform::ColorSamplerFactory makeSampler_;
+    std::shared_ptr<State> state_;
+};
+
+/// What an installer can refuse, with its fixed description.
+class TintwellError {
+public:
+    [[nodiscard]] static platform::Error colorListNotEditable(const std::string& name);
+    [[nodiscard]] static platform::Error emptyPalette();
+};
+
+/// Installs palettes as named colour lists of the desktop.
+class MacColorListInstaller {
+public:
+    MacColorListInstaller(
+        platform::ColorListRegistry registry, platform::PalettePublisher publisher);
+    virtual ~MacColorListInstaller() = default;
+
+    /// Fills the list `name` with `colors` and saves it; returns the file that was written. Without
+    /// a destination that is the registry's list, which is also published to the user's drawing
+    /// programs; a destination that ends in a separator is a folder for `<name>.clr`, any other the
+    /// file itself.
+    virtual platform::Result<std::filesystem::path> install(const std::string& name,
+        const std::vector<NamedColor>& colors,
+        const std::optional<std::filesystem::path>& destination);
+
+private:
+    platform::ColorListRegistry registry_;
+    platform::PalettePublisher publisher_;
+};
+
+/// Writes one colour to a pasteboard: the colour with its alpha, and its hex text.
+struct ColorPasteboard {
+    static void write(const NamedColor& color, platform::Pasteboard& pasteboard);
+    /// The two forms in which a colour leaves the application by copy or drag.
+    [[nodiscard]] static platform::ColorContent content(const RGBAColor& color);
+};
+
+} // namespace tintwell

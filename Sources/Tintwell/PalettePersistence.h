@@ -1,0 +1,68 @@
+// The saved-palette store: the user's library in one JSON file, replaced whole and never lost.
+#pragma once
+
+#include "PaletteModels.h"
+#include "Result.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tintwell {
+
+/// The library file at `url`. It remembers which state of the file it last read or wrote, so that a
+/// writer who comes second can take up what the first one wrote. Main thread only; any number of
+/// stores and processes may share a file.
+class PalettePersistence {
+public:
+    explicit PalettePersistence(std::filesystem::path url);
+
+    [[nodiscard]] const std::filesystem::path& url() const { return url_; }
+
+    /// The user's data folder ($XDG_DATA_HOME when absolute, else ~/.local/share; with neither
+    /// known, the home folder and "Library/Application Support"), then
+    /// "Tintwell/saved-palettes.json". Touches nothing on disk.
+    [[nodiscard]] static std::filesystem::path defaultURL();
+
+    /// The library in file order; an empty list when there is no file. One error and no list when
+    /// any part of it cannot be read.
+    [[nodiscard]] platform::Result<std::vector<SavedPalette>> load();
+
+    /// Replaces the whole file by `palettes`, atomically, creating missing folders. A file that
+    /// cannot be read is first moved aside. On an error the old file is as it was and no temporary
+    /// file is left.
+    platform::Result<void> save(const std::vector<SavedPalette>& palettes);
+
+    /// One change of the library under the file's lock, which is held until this goes.
+    class Edit {
+    public:
+        Edit(Edit&&) noexcept;
+        Edit& operator=(Edit&&) noexcept;
+        ~Edit();
+
+        /// The list in the file when somebody else wrote it since this store last read or wrote it;
+        /// nothing when the store is up to date or the file cannot be read (`save` will then move
+        /// it aside).
+        [[nodiscard]] std::optional<std::vector<SavedPalette>> changedElsewhere() const;
+
+        /// As `PalettePersistence::save`, under the lock that is already held.
+        platform::Result<void> save(const std::vector<SavedPalette>& palettes);
+
+    private:
+        friend class PalettePersistence;
+        struct State;
+        explicit Edit(std::unique_ptr<State> state);
+        std::unique_ptr<State> state_;
+    };
+
+    /// Waits for the lock and opens an edit. Fails when the folder or the lock file cannot be made.
+    [[nodiscard]] platform::Result<Edit> beginEdit();
+
+private:
+    struct Memory;
+    std::filesystem::path url_;
+    std::shared_ptr<Memory> memory_;
+};
+
+} // namespace tintwell

@@ -1,0 +1,78 @@
+// The application model: the current palette, the library, the workspace, the status line, and
+// every user action.
+#pragma once
+
+#include "Animation.h"
+#include "MacColorIntegration.h"
+#include "Observers.h"
+#include "PaletteGenerator.h"
+#include "PalettePersistence.h"
+#include "Scheduler.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tintwell {
+
+/// What the model needs of the desktop beside its store and sampler; the referenced objects outlive
+/// it.
+struct ModelServices {
+    platform::Pasteboard& pasteboard;
+    MacColorListInstaller& installer;
+    platform::Scheduler& scheduler;
+    std::function<platform::Timestamp()> now;
+    std::function<platform::Uuid()> makeUuid;
+};
+
+/// One object a panel, main thread only. Every write of an observable property first announces
+/// itself to all observers, then stores the value; observers re-read what they need on a later turn
+/// of the event loop.
+class TintwellModel {
+public:
+    TintwellModel(const RGBAColor& initial, PalettePersistence persistence,
+        std::shared_ptr<ScreenColorSampling> sampler, ModelServices services);
+    ~TintwellModel();
+    TintwellModel(const TintwellModel&) = delete;
+    TintwellModel& operator=(const TintwellModel&) = delete;
+
+    [[nodiscard]] const GeneratedPalette& generated() const { return generated_; }
+    [[nodiscard]] const std::vector<SavedPalette>& savedPalettes() const { return savedPalettes_; }
+    [[nodiscard]] WorkspaceTab selectedTab() const { return selectedTab_; }
+    [[nodiscard]] const std::string& status() const { return status_; }
+    [[nodiscard]] const std::optional<std::string>& lastCopiedID() const { return lastCopiedID_; }
+    [[nodiscard]] bool isSampling() const { return isSampling_; }
+
+    void setSelectedTab(WorkspaceTab tab);
+    void setStatus(std::string status);
+
+    [[nodiscard]] platform::Subscription observe(std::function<void()> willChange);
+
+    void apply(const RGBAColor& color);
+    void copy(const NamedColor& color);
+    void copySource();
+    void beginSampling();
+    void saveAndInstallCurrent();
+    void use(const SavedPalette& palette);
+    void install(const SavedPalette& palette);
+    void deletePalette(const SavedPalette& palette);
+
+private:
+    GeneratedPalette generated_;
+    std::vector<SavedPalette> savedPalettes_;
+    WorkspaceTab selectedTab_ = WorkspaceTab::studio;
+    std::string status_;
+    std::optional<std::string> lastCopiedID_;
+    bool isSampling_ = false;
+
+    PaletteGenerator generator_;
+    PalettePersistence persistence_;
+    std::shared_ptr<ScreenColorSampling> sampler_;
+    ModelServices services_;
+    platform::Observers observers_;
+    std::shared_ptr<TintwellModel*> self_;
+};
+
+} // namespace tintwell
