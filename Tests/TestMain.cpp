@@ -1,0 +1,10 @@
+// The main function of every test program: the user's locale is in force, as a toolkit puts it in force.
+#include <clocale>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    std::setlocale(LC_ALL, "");
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
