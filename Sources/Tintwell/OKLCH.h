@@ -16,7 +16,7 @@ struct OKLCH {
 
     /// Clamps the lightness, floors the chroma at 0 (also what is not a number) and wraps the hue
     /// into 0…360.
-    OKLCH(double lightness, double chroma, double hue);
+    OKLCH(double lightnessValue, double chromaValue, double hueDegrees);
 
     /// The coordinates of a colour; its alpha is ignored.
     explicit OKLCH(const RGBAColor& color);

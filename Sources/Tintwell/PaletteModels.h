@@ -6,6 +6,8 @@
 #include "Uuid.h"
 
 #include <array>
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,6 +46,9 @@ enum class Appearance { light, dark };
 struct ThemePalette {
     Appearance appearance = Appearance::light;
     std::vector<NamedColor> colors;
+
+    /// "light" or "dark": by it themes are told apart.
+    [[nodiscard]] std::string_view id() const { return rawValue(appearance); }
 
     /// The colour of the first role of exactly that name, or nothing.
     [[nodiscard]] std::optional<RGBAColor> colorNamed(std::string_view name) const;
@@ -91,3 +96,23 @@ inline constexpr std::array allWorkspaceTabs { WorkspaceTab::studio, WorkspaceTa
 [[nodiscard]] std::optional<WorkspaceTab> workspaceTabFromRawValue(std::string_view text);
 
 } // namespace tintwell
+
+template <> struct std::hash<tintwell::NamedColor> {
+    std::size_t operator()(const tintwell::NamedColor& color) const noexcept;
+};
+
+template <> struct std::hash<tintwell::PaletteSection> {
+    std::size_t operator()(const tintwell::PaletteSection& section) const noexcept;
+};
+
+template <> struct std::hash<tintwell::ThemePalette> {
+    std::size_t operator()(const tintwell::ThemePalette& theme) const noexcept;
+};
+
+template <> struct std::hash<tintwell::GeneratedPalette> {
+    std::size_t operator()(const tintwell::GeneratedPalette& palette) const noexcept;
+};
+
+template <> struct std::hash<tintwell::SavedPalette> {
+    std::size_t operator()(const tintwell::SavedPalette& palette) const noexcept;
+};

@@ -22,10 +22,24 @@ struct RGBAColor {
     RGBAColor() = default;
 
     /// Clamps each component to 0…1; what is not a number stays so.
-    RGBAColor(double red, double green, double blue, double alpha);
+    constexpr RGBAColor(double r, double g, double b, double a)
+        : red(clamped(r))
+        , green(clamped(g))
+        , blue(clamped(b))
+        , alpha(clamped(a))
+    {
+    }
 
     /// The four numbers exactly as they were read from a file, without clamping.
-    [[nodiscard]] static RGBAColor stored(double red, double green, double blue, double alpha);
+    [[nodiscard]] static constexpr RGBAColor stored(double r, double g, double b, double a)
+    {
+        RGBAColor color;
+        color.red = r;
+        color.green = g;
+        color.blue = b;
+        color.alpha = a;
+        return color;
+    }
 
     /// Reads RRGGBB or RRGGBBAA in hexadecimal digits of either case; characters at both ends that
     /// are neither letters, marks nor numbers (Unicode L, M, N) are passed over. Anything else
@@ -40,6 +54,14 @@ struct RGBAColor {
     [[nodiscard]] double relativeLuminance() const;
 
     bool operator==(const RGBAColor&) const = default;
+
+private:
+    [[nodiscard]] static constexpr double clamped(double component)
+    {
+        if (component <= 0)
+            return 0;
+        return component > 1 ? 1 : component;
+    }
 };
 
 } // namespace tintwell

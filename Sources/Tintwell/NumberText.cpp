@@ -1,0 +1,44 @@
+#include "NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace tintwell {
+
+std::int64_t roundedHalfAway(double value)
+{
+    constexpr double limit = 9007199254740992.0;
+    if (std::isnan(value))
+        return 0;
+    return static_cast<std::int64_t>(std::round(std::clamp(value, -limit, limit)));
+}
+
+std::string signedDegrees(double degrees)
+{
+    return numbered(degrees < 0 ? "\u2212" : "+", roundedHalfAway(std::abs(degrees))) + "\u00B0";
+}
+
+std::string contrastText(double ratio)
+{
+    std::array<char, 32> digits {};
+    // The sign of what is not a number says nothing; ratios of real colours have none.
+    const auto end = std::to_chars(
+        digits.data(), digits.data() + digits.size(), std::abs(ratio), std::chars_format::fixed, 1);
+    std::string text(digits.data(), end.ptr);
+    return text += ":1 contrast";
+}
+
+std::string numbered(std::string_view prefix, std::int64_t number)
+{
+    std::array<char, 20> digits {};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    const std::string_view decimal(
+        digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
+    std::string text;
+    text.reserve(prefix.size() + decimal.size());
+    return text.append(prefix).append(decimal);
+}
+
+} // namespace tintwell

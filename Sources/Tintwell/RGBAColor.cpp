@@ -1,0 +1,99 @@
+#include "RGBAColor.h"
+
+#include "Hashing.h"
+#include "NumberText.h"
+#include "SRGBTransfer.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <utf8proc.h>
+
+namespace tintwell {
+
+namespace {
+
+bool isAlphanumeric(utf8proc_int32_t codePoint)
+{
+    const auto category = utf8proc_category(codePoint);
+    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
+}
+
+/// `text` from its first to its last letter, mark or number. Bytes that are not UTF-8 count as
+/// symbols.
+std::string_view trimmedToAlphanumeric(std::string_view text)
+{
+    std::size_t first = text.size();
+    std::size_t end = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        utf8proc_int32_t codePoint = -1;
+        const auto read
+            = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at),
+                static_cast<utf8proc_ssize_t>(text.size() - at), &codePoint);
+        const std::size_t next = at + (read > 0 ? static_cast<std::size_t>(read) : 1);
+        if (read > 0 && isAlphanumeric(codePoint)) {
+            first = std::min(first, at);
+            end = next;
+        }
+        at = next;
+    }
+    return first < end ? text.substr(first, end - first) : std::string_view {};
+}
+
+/// The byte of `number` that starts at `bit`, as a component.
+double componentAt(std::uint64_t number, unsigned bit)
+{
+    return static_cast<double>((number >> bit) & 0xFFU) / 255;
+}
+
+} // namespace
+
+std::optional<RGBAColor> RGBAColor::fromHex(std::string_view text)
+{
+    // Every character that may pass is one byte, so counting bytes counts characters.
+    const auto digits = trimmedToAlphanumeric(text);
+    if (digits.size() != 6 && digits.size() != 8)
+        return std::nullopt;
+
+    std::uint64_t number = 0;
+    const auto* const end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, number, 16);
+    if (read.ec != std::errc {} || read.ptr != end)
+        return std::nullopt;
+
+    const bool hasAlpha = digits.size() == 8;
+    const auto rgb = hasAlpha ? number >> 8U : number;
+    return RGBAColor(componentAt(rgb, 16), componentAt(rgb, 8), componentAt(rgb, 0),
+        hasAlpha ? componentAt(number, 0) : 1);
+}
+
+std::string RGBAColor::hex() const
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const RGBAColor clamped(red, green, blue, alpha);
+    std::string text = "#";
+    for (const double component : { clamped.red, clamped.green, clamped.blue }) {
+        const auto byte = static_cast<std::size_t>(roundedHalfAway(component * 255));
+        text += digits[byte / 16];
+        text += digits[byte % 16];
+    }
+    return text;
+}
+
+double RGBAColor::relativeLuminance() const
+{
+    return (decodeSRGB(green) * 0.7152 + decodeSRGB(red) * 0.2126) + decodeSRGB(blue) * 0.0722;
+}
+
+} // namespace tintwell
+
+std::size_t std::hash<tintwell::RGBAColor>::operator()(
+    const tintwell::RGBAColor& color) const noexcept
+{
+    return tintwell::Hasher()
+        .feed(color.red)
+        .feed(color.green)
+        .feed(color.blue)
+        .feed(color.alpha)
+        .value();
+}
