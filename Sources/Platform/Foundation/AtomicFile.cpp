@@ -1,0 +1,233 @@
+#include "AtomicFile.h"
+
+#include "FileDescriptor.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace platform {
+
+namespace {
+
+using std::filesystem::path;
+
+constexpr mode_t permissionBits = 0777;
+constexpr mode_t readWriteForAll = 0666;
+constexpr std::string_view temporarySuffix = ".tmp";
+
+FileStamp stampFrom(const struct stat& status)
+{
+    return { .device = status.st_dev,
+        .inode = status.st_ino,
+        .size = status.st_size,
+        .modifiedSeconds = status.st_mtim.tv_sec,
+        .modifiedNanoseconds = status.st_mtim.tv_nsec };
+}
+
+Error fileError(const path& file, std::string_view what, int errorNumber)
+{
+    return { file.filename().string() + " could not be " + std::string(what) + ": "
+        + reasonText(errorNumber) };
+}
+
+std::string temporaryPrefix(const path& target)
+{
+    return "." + target.filename().string() + ".";
+}
+
+/// A file beside the target that removes itself unless it took the target's place.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const path& target)
+        : target_(target)
+    {
+        for (int attempt = 0; !file_.isOpen() && attempt < maxAttempts; ++attempt) {
+            path_ = target.parent_path()
+                / (temporaryPrefix(target) + std::to_string(getpid()) + "-"
+                    + std::to_string(attempt) + std::string(temporarySuffix));
+            file_ = FileDescriptor(retryInterrupted([&] {
+                return ::open(
+                    path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readWriteForAll);
+            }));
+            if (!file_.isOpen() && errno != EEXIST)
+                break;
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile()
+    {
+        if (file_.isOpen() && !inPlace_)
+            ::unlink(path_.c_str());
+    }
+
+    [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
+
+    /// Gives the new file the mode and, where that is allowed, the owner of the file it replaces.
+    bool adopt(const struct stat& old)
+    {
+        struct stat own { };
+        if (::fstat(file_.number(), &own) != 0)
+            return false;
+        if (own.st_uid != old.st_uid || own.st_gid != old.st_gid)
+            (void)(::fchown(file_.number(), old.st_uid, old.st_gid) == 0);
+        return ::fchmod(file_.number(), old.st_mode & permissionBits) == 0;
+    }
+
+    bool write(std::string_view bytes)
+    {
+        while (!bytes.empty()) {
+            const auto written = retryInterrupted(
+                [&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+            if (written < 0)
+                return false;
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return retryInterrupted([&] { return ::fsync(file_.number()); }) == 0;
+    }
+
+    bool takePlace(FileStamp* stamp)
+    {
+        struct stat status { };
+        if (::fstat(file_.number(), &status) != 0 || ::rename(path_.c_str(), target_.c_str()) != 0)
+            return false;
+        inPlace_ = true;
+        if (stamp != nullptr)
+            *stamp = stampFrom(status);
+        return true;
+    }
+
+private:
+    static constexpr int maxAttempts = 1000;
+    const path& target_;
+    path path_;
+    FileDescriptor file_;
+    bool inPlace_ = false;
+};
+
+/// Makes a rename outlast a power cut. The new content is in place already, so there is nothing
+/// to undo and nothing to report where a file system cannot do this.
+void syncFolder(const path& folder)
+{
+    const FileDescriptor file(
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (file.isOpen())
+        retryInterrupted([&] { return ::fsync(file.number()); });
+}
+
+/// Opens a regular file for reading; anything else at the path is an error.
+Result<FileDescriptor> openRegularFile(const path& file, struct stat& status)
+{
+    // Without O_NONBLOCK opening a pipe would wait for somebody to write into it.
+    FileDescriptor opened(retryInterrupted(
+        [&] { return ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+    if (!opened.isOpen() || ::fstat(opened.number(), &status) != 0)
+        return fileError(file, "read", errno);
+    if (S_ISDIR(status.st_mode))
+        return fileError(file, "read", EISDIR);
+    if (!S_ISREG(status.st_mode))
+        return Error { file.filename().string() + " could not be read: it is not a regular file" };
+    return opened;
+}
+
+} // namespace
+
+std::optional<FileStamp> stampOf(const path& file)
+{
+    struct stat status { };
+    if (::stat(file.c_str(), &status) != 0)
+        return std::nullopt;
+    return stampFrom(status);
+}
+
+path followSymlinks(const path& file)
+{
+    constexpr int mostLinks = 40;
+    path target = file;
+    for (int followed = 0; followed < mostLinks; ++followed) {
+        std::error_code notALink;
+        const path next = std::filesystem::read_symlink(target, notALink);
+        if (notALink)
+            return target;
+        target = target.parent_path() / next;
+    }
+    return file;
+}
+
+Result<std::string> readWholeFile(const path& file, std::size_t maxBytes, FileStamp* stamp)
+{
+    struct stat status { };
+    const auto opened = openRegularFile(file, status);
+    if (!opened)
+        return opened.error();
+    // One byte more than expected, so that the read that finds the end needs no second buffer.
+    std::string bytes(std::min(static_cast<std::size_t>(status.st_size), maxBytes) + 1, '\0');
+    std::size_t length = 0;
+    for (;;) {
+        const auto count = retryInterrupted([&] {
+            return ::read(opened.value().number(), bytes.data() + length, bytes.size() - length);
+        });
+        if (count < 0)
+            return fileError(file, "read", errno);
+        if (count == 0)
+            break;
+        length += static_cast<std::size_t>(count);
+        if (length > maxBytes)
+            return Error { file.filename().string() + " could not be read: it is larger than "
+                + std::to_string(maxBytes / 1'000'000) + " MB" };
+        if (length == bytes.size())
+            bytes.resize(std::min(bytes.size() * 2, maxBytes + 1));
+    }
+    bytes.resize(length);
+    if (stamp != nullptr)
+        *stamp = stampFrom(status);
+    return bytes;
+}
+
+Result<void> writeFileAtomically(const path& file, std::string_view bytes, FileStamp* stamp)
+{
+    const path target = followSymlinks(file);
+    struct stat old { };
+    const bool replaces = ::stat(target.c_str(), &old) == 0;
+    if (!replaces && errno != ENOENT)
+        return fileError(file, "written", errno);
+    if (replaces && S_ISDIR(old.st_mode))
+        return fileError(file, "written", EISDIR);
+    TemporaryFile temporary(target);
+    if (!temporary.isOpen() || (replaces && !temporary.adopt(old)) || !temporary.write(bytes)
+        || !temporary.takePlace(stamp))
+        return errno == ENOENT
+            ? Error { file.filename().string() + " could not be written: its folder is missing" }
+            : fileError(file, "written", errno);
+    syncFolder(target.parent_path());
+    return {};
+}
+
+void removeAbandonedTemporaries(const path& file)
+{
+    const path target = followSymlinks(file);
+    const std::string prefix = temporaryPrefix(target);
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(target.parent_path(), ignored)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with(prefix) && name.ends_with(temporarySuffix))
+            std::filesystem::remove(entry.path(), ignored);
+    }
+}
+
+Result<void> createFolders(const path& folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error)
+        return Error { "The folder " + folder.string()
+            + " could not be made: " + reasonText(error.value()) };
+    return {};
+}
+
+} // namespace platform

@@ -1,0 +1,52 @@
+// Whole files at once: read whole, replaced whole or not at all.
+#pragma once
+
+#include "Result.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Tells one state of a file from every later one: which file it is, and when its content last
+/// changed.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;
+    std::int64_t modifiedSeconds = 0;
+    std::int64_t modifiedNanoseconds = 0;
+
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// The stamp of the file at `path`, symbolic links followed; nothing when there is no such file.
+[[nodiscard]] std::optional<FileStamp> stampOf(const std::filesystem::path& path);
+
+/// Where `path` leads after every symbolic link at its end was followed; the last target need not
+/// exist. Links in a circle give `path` itself.
+[[nodiscard]] std::filesystem::path followSymlinks(const std::filesystem::path& path);
+
+/// The bytes of a regular file of at most `maxBytes`. `stamp` receives the state that was read.
+[[nodiscard]] Result<std::string> readWholeFile(
+    const std::filesystem::path& path, std::size_t maxBytes, FileStamp* stamp = nullptr);
+
+/// Replaces the content of `path` by `bytes`: other programs and a machine that loses power see the
+/// old content or the new one, whole. The folder must exist. A symbolic link at `path` stays and
+/// its target is replaced; the mode of an existing file stays, a new one follows the umask. On an
+/// error the old file is as it was and nothing is left beside it. `stamp` receives the new state.
+[[nodiscard]] Result<void> writeFileAtomically(
+    const std::filesystem::path& path, std::string_view bytes, FileStamp* stamp = nullptr);
+
+/// Removes what processes that died in `writeFileAtomically` left beside `path`. Only for a caller
+/// who knows that nobody is writing it now.
+void removeAbandonedTemporaries(const std::filesystem::path& path);
+
+/// Creates `folder` with its missing parents; an existing folder is fine.
+[[nodiscard]] Result<void> createFolders(const std::filesystem::path& folder);
+
+} // namespace platform

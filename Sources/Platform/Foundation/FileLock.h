@@ -1,0 +1,31 @@
+// One writer at a time: an advisory lock beside a file.
+#pragma once
+
+#include "FileDescriptor.h"
+#include "Result.h"
+
+#include <chrono>
+#include <filesystem>
+
+namespace platform {
+
+/// Holds the lock of a file until it goes. The kernel frees it when the process dies, however that
+/// happens; programs that are started meanwhile do not inherit it.
+class FileLock {
+public:
+    /// Takes the lock `<file>.lock`, which is created empty and stays. Waits for another holder, in
+    /// this process too, but no longer than `patience`. On a file system without locks the writer
+    /// goes on without one.
+    [[nodiscard]] static Result<FileLock> acquire(const std::filesystem::path& file,
+        std::chrono::milliseconds patience = std::chrono::seconds { 10 });
+
+private:
+    explicit FileLock(FileDescriptor file)
+        : file_(std::move(file))
+    {
+    }
+
+    FileDescriptor file_;
+};
+
+} // namespace platform

@@ -1,0 +1,127 @@
+#include "Text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <system_error>
+#include <utf8proc.h>
+
+namespace platform {
+
+namespace {
+
+/// How many bytes from `offset` on are ASCII; whole words at a time, so it may stop up to seven
+/// bytes early.
+std::size_t skipAsciiWords(std::string_view text, std::size_t offset)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    for (; offset + sizeof(std::uint64_t) <= text.size(); offset += sizeof(std::uint64_t)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + offset, sizeof(word));
+        if ((word & highBits) != 0)
+            break;
+    }
+    return offset;
+}
+
+struct CodePoint {
+    utf8proc_int32_t value = -1;
+    std::size_t length = 1;
+};
+
+/// The character that starts `text`; -1 and one byte when it is not UTF-8.
+CodePoint firstCodePoint(std::string_view text)
+{
+    CodePoint point;
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+        static_cast<utf8proc_ssize_t>(text.size()), &point.value);
+    point.length = length > 0 ? static_cast<std::size_t>(length) : 1;
+    return point;
+}
+
+/// The character that ends `text`.
+CodePoint lastCodePoint(std::string_view text)
+{
+    constexpr std::size_t longest = 4;
+    for (std::size_t length = 1; length <= longest && length <= text.size(); ++length) {
+        const auto point = firstCodePoint(text.substr(text.size() - length));
+        if (point.value >= 0 && point.length == length)
+            return point;
+    }
+    return {};
+}
+
+bool isAlphanumeric(utf8proc_int32_t codePoint)
+{
+    if (codePoint < 0)
+        return false;
+    const auto category = utf8proc_category(codePoint);
+    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
+}
+
+} // namespace
+
+std::optional<std::size_t> findInvalidUtf8(std::string_view text)
+{
+    std::size_t offset = skipAsciiWords(text, 0);
+    while (offset < text.size()) {
+        if (static_cast<unsigned char>(text[offset]) < 0x80) {
+            ++offset;
+            continue;
+        }
+        const auto point = firstCodePoint(text.substr(offset));
+        if (point.value < 0)
+            return offset;
+        offset = skipAsciiWords(text, offset + point.length);
+    }
+    return std::nullopt;
+}
+
+std::string_view trimToAlphanumerics(std::string_view text)
+{
+    while (!text.empty()) {
+        const auto point = firstCodePoint(text);
+        if (isAlphanumeric(point.value))
+            break;
+        text.remove_prefix(point.length);
+    }
+    while (!text.empty()) {
+        const auto point = lastCodePoint(text);
+        if (isAlphanumeric(point.value))
+            break;
+        text.remove_suffix(point.length);
+    }
+    return text;
+}
+
+std::string reasonText(int errorNumber)
+{
+    struct Reason {
+        int number;
+        const char* text;
+    };
+    static constexpr std::array reasons {
+        Reason { EACCES, "permission is denied" },
+        Reason { EDQUOT, "your disk quota is used up" },
+        Reason { EFBIG, "it would be too large" },
+        Reason { EIO, "the disk reports an error" },
+        Reason { EISDIR, "a folder is in its place" },
+        Reason { ELOOP, "its symbolic links lead in a circle" },
+        Reason { EMFILE, "too many files are open" },
+        Reason { ENAMETOOLONG, "the name is too long" },
+        Reason { ENFILE, "too many files are open" },
+        Reason { ENOENT, "it does not exist" },
+        Reason { ENOMEM, "there is not enough memory" },
+        Reason { ENOSPC, "the disk is full" },
+        Reason { ENOTDIR, "a part of its path is not a folder" },
+        Reason { EPERM, "it is not permitted" },
+        Reason { EROFS, "the disk is read-only" },
+    };
+    for (const auto& reason : reasons)
+        if (reason.number == errorNumber)
+            return reason.text;
+    return std::generic_category().message(errorNumber);
+}
+
+} // namespace platform

@@ -1,0 +1,36 @@
+#include "Uuid.h"
+
+#include <uuid/uuid.h>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t textLength = UUID_STR_LEN - 1;
+
+} // namespace
+
+Uuid Uuid::random()
+{
+    Uuid uuid;
+    uuid_generate_random(uuid.bytes.data());
+    return uuid;
+}
+
+std::optional<Uuid> Uuid::fromText(std::string_view text)
+{
+    Uuid uuid;
+    if (text.size() != textLength
+        || uuid_parse_range(text.data(), text.data() + text.size(), uuid.bytes.data()) != 0)
+        return std::nullopt;
+    return uuid;
+}
+
+std::string Uuid::text() const
+{
+    std::array<char, UUID_STR_LEN> buffer {};
+    uuid_unparse_upper(bytes.data(), buffer.data());
+    return { buffer.data(), textLength };
+}
+
+} // namespace platform

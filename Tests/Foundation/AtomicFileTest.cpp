@@ -1,0 +1,185 @@
+#include "AtomicFile.h"
+
+#include "TemporaryFolder.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+/// Runs `body` in a process of its own and tells whether it returned true.
+bool inChild(const std::function<bool()>& body)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(body() ? 0 : 1);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+mode_t modeOf(const fs::path& file)
+{
+    struct stat status { };
+    return ::stat(file.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
+}
+
+TEST(AtomicFile, ReadsBackWhatWasWritten)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    for (const std::string& bytes :
+        { std::string("one"), std::string(), std::string(300'000, '\0') + "end" }) {
+        FileStamp written;
+        ASSERT_TRUE(writeFileAtomically(file, bytes, &written));
+        FileStamp read;
+        const auto content = readWholeFile(file, 1'000'000, &read);
+        ASSERT_TRUE(content);
+        EXPECT_EQ(content.value(), bytes);
+        EXPECT_EQ(read, written);
+        EXPECT_EQ(stampOf(file), written);
+    }
+    EXPECT_EQ(folder.names(), Names { "a.json" });
+}
+
+TEST(AtomicFile, TheStampTellsEveryRewriteApart)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    EXPECT_EQ(stampOf(file), std::nullopt);
+    FileStamp before;
+    for (int i = 0; i < 100; ++i) {
+        FileStamp stamp;
+        ASSERT_TRUE(writeFileAtomically(file, "same", &stamp));
+        EXPECT_NE(stamp, before);
+        before = stamp;
+    }
+}
+
+TEST(AtomicFile, KeepsModesAndFollowsTheUmask)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    EXPECT_TRUE(inChild([&] {
+        ::umask(027);
+        return writeFileAtomically(file, "new").hasValue() && modeOf(file) == 0640;
+    }));
+    for (const mode_t mode : { 0600U, 0664U, 0400U }) {
+        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
+        ASSERT_TRUE(writeFileAtomically(file, "newer"));
+        EXPECT_EQ(modeOf(file), mode);
+    }
+}
+
+TEST(AtomicFile, KeepsSymbolicLinks)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "real");
+    fs::create_symlink("second", folder / "first");
+    fs::create_symlink("real/a.json", folder / "second");
+    for (const char* bytes : { "through a dangling link", "through a link to a file" }) {
+        ASSERT_TRUE(writeFileAtomically(folder / "first", bytes));
+        EXPECT_TRUE(fs::is_symlink(folder / "first"));
+        EXPECT_TRUE(fs::is_symlink(folder / "second"));
+        EXPECT_EQ(contentOf(folder / "real/a.json"), bytes);
+    }
+    EXPECT_EQ(folder.names(), (Names { "first", "real", "second" }));
+
+    fs::create_symlink("circle", folder / "circle");
+    const auto written = writeFileAtomically(folder / "circle", "x");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().description,
+        "circle could not be written: its symbolic links lead in a circle");
+    EXPECT_TRUE(fs::is_symlink(folder / "circle"));
+}
+
+TEST(AtomicFile, SaysWhyAFileCannotBeRead)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "folder");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    writeContent(folder / "large", std::string(2'000'001, 'x'));
+    const struct {
+        const char* name;
+        const char* error;
+    } rows[] = {
+        { "none", "none could not be read: it does not exist" },
+        { "folder", "folder could not be read: a folder is in its place" },
+        { "pipe", "pipe could not be read: it is not a regular file" },
+        { "large", "large could not be read: it is larger than 2 MB" },
+    };
+    for (const auto& row : rows) {
+        const auto content = readWholeFile(folder / row.name, 2'000'000);
+        ASSERT_FALSE(content) << row.name;
+        EXPECT_EQ(content.error().description, row.error);
+    }
+}
+
+TEST(AtomicFile, AFullDiskLeavesTheOldFile)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    ASSERT_TRUE(writeFileAtomically(file, "old"));
+    EXPECT_TRUE(inChild([&] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit { 100'000, 100'000 };
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const auto written = writeFileAtomically(file, std::string(100'001, 'x'));
+        return !written
+            && written.error().description == "a.json could not be written: it would be too large";
+    }));
+    EXPECT_EQ(contentOf(file), "old");
+    EXPECT_EQ(folder.names(), Names { "a.json" });
+}
+
+TEST(AtomicFile, AFolderThatIsReadOnlyOrMissingIsAnError)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    ASSERT_TRUE(writeFileAtomically(file, "old"));
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
+    EXPECT_TRUE(inChild([&] {
+        constexpr uid_t nobody = 65534;
+        if (::getuid() == 0
+            && (::setresgid(nobody, nobody, nobody) != 0
+                || ::setresuid(nobody, nobody, nobody) != 0))
+            return false;
+        const auto written = writeFileAtomically(file, "new");
+        return !written
+            && written.error().description == "a.json could not be written: permission is denied";
+    }));
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+    EXPECT_EQ(contentOf(file), "old");
+    EXPECT_EQ(folder.names(), Names { "a.json" });
+
+    const auto lost = writeFileAtomically(folder / "none/a.json", "new");
+    ASSERT_FALSE(lost);
+    EXPECT_EQ(lost.error().description, "a.json could not be written: its folder is missing");
+    fs::create_directory(folder / "b.json");
+    const auto onFolder = writeFileAtomically(folder / "b.json", "new");
+    ASSERT_FALSE(onFolder);
+    EXPECT_EQ(
+        onFolder.error().description, "b.json could not be written: a folder is in its place");
+}
+
+TEST(AtomicFile, RemovesOnlyAbandonedTemporariesOfItsFile)
+{
+    const TemporaryFolder folder;
+    for (const char* name : { "a.json", ".a.json.77-0.tmp", ".b.json.77-0.tmp", ".a.json.bak" })
+        writeContent(folder / name, "x");
+    removeAbandonedTemporaries(folder / "a.json");
+    EXPECT_EQ(folder.names(), (Names { ".a.json.bak", ".b.json.77-0.tmp", "a.json" }));
+}
+
+} // namespace
+} // namespace platform

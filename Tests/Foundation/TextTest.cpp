@@ -1,0 +1,62 @@
+#include "Text.h"
+
+#include <cerrno>
+#include <gtest/gtest.h>
+
+namespace platform {
+namespace {
+
+TEST(Text, FindsWhereUtf8Ends)
+{
+    const struct {
+        std::string_view text;
+        std::optional<std::size_t> expected;
+    } rows[] = {
+        { "", std::nullopt },
+        { "plain ASCII that is longer than a machine word", std::nullopt },
+        { "Source — Violet, 色, \U0001F3A8 and on", std::nullopt },
+        { { "a\0b", 3 }, std::nullopt },
+        { "\x80", 0 },
+        { "0123456789\xFF", 10 },
+        { "ab\xC3", 2 },
+        { "ab\xC3(", 2 },
+        { "\xC0\xAF", 0 },
+        { "\xE0\x80\xAF", 0 },
+        { "x\xED\xA0\x80", 1 },
+        { "\xF4\x90\x80\x80", 0 },
+        { "\xF8\x88\x80\x80\x80", 0 },
+        { "12345678\xE2\x80", 8 },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(findInvalidUtf8(row.text), row.expected) << row.text;
+}
+
+TEST(Text, TrimsWhatIsNeitherLetterMarkNorNumber)
+{
+    const struct {
+        std::string_view text;
+        std::string_view expected;
+    } rows[] = {
+        { "", "" },
+        { " # ; \t", "" },
+        { "##6E56CF;", "6E56CF" },
+        { " a b ", "a b" },
+        { "—é—", "é" },
+        { "\u00A0Ⅷ²\u3000", "Ⅷ²" },
+        { "e\u0301!", "e\u0301" },
+        { "\U0001F3A8x\U0001F3A8", "x" },
+        { "\xFFx\xC3", "x" },
+        { "x\x80\x80\x80\x80\x80", "x" },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(trimToAlphanumerics(row.text), row.expected) << row.text;
+}
+
+TEST(Text, NamesFailuresInPlainWords)
+{
+    EXPECT_EQ(reasonText(ENOSPC), "the disk is full");
+    EXPECT_FALSE(reasonText(ETIMEDOUT).empty());
+}
+
+} // namespace
+} // namespace platform
