@@ -76,6 +76,11 @@ public:
         const std::optional<std::filesystem::path>& destination);
 
 private:
+    [[nodiscard]] platform::Result<platform::ColorList> listToFill(
+        const std::string& name, bool isNew) const;
+    [[nodiscard]] platform::Result<std::filesystem::path> writeTo(
+        const std::filesystem::path& destination, const platform::ColorList& list) const;
+
     platform::ColorListRegistry registry_;
     platform::PalettePublisher publisher_;
 };

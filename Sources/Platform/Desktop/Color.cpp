@@ -1,5 +1,8 @@
 #include "Color.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace platform {
 
 std::optional<Color> inSRGB(const Color& color)
@@ -10,6 +13,13 @@ std::optional<Color> inSRGB(const Color& color)
     if (!components)
         return std::nullopt;
     return Color { (*components)[0], (*components)[1], (*components)[2], color.alpha };
+}
+
+std::uint8_t toByte(double component)
+{
+    if (std::isnan(component))
+        return 0;
+    return static_cast<std::uint8_t>(std::round(std::clamp(component, 0.0, 1.0) * 255));
 }
 
 } // namespace platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -32,5 +33,9 @@ struct Color {
 
 /// The same colour in sRGB, components not clamped; nothing when its space cannot be converted.
 [[nodiscard]] std::optional<Color> inSRGB(const Color& color);
+
+/// A component as one of 256 steps: clamped to 0…1, halves away from zero; 0 for what is not a
+/// number.
+[[nodiscard]] std::uint8_t toByte(double component);
 
 } // namespace platform

@@ -38,7 +38,12 @@ private:
     std::vector<std::pair<std::string, Color>> colors_;
 };
 
-/// The lists of one folder. Files that are no lists are passed over and never touched.
+/// "<name>.clr". Fails for a name that cannot be a file name: empty, with a slash or a NUL, hidden
+/// (a dot first), not UTF-8, or too long.
+[[nodiscard]] Result<std::string> colorListFileName(const std::string& name);
+
+/// The lists of one folder. A list goes by the name of its file, so that every name is there once
+/// and a renamed file is a renamed list. Files that are no lists are passed over and never touched.
 class ColorListRegistry {
 public:
     explicit ColorListRegistry(std::filesystem::path folder);
@@ -52,7 +57,8 @@ public:
     [[nodiscard]] std::vector<ColorList> availableColorLists() const;
 
     /// Writes `list` atomically to `file`, or to `<name>.clr` in the registry's folder (made when
-    /// missing) when `file` is empty; returns the file.
+    /// missing) when `file` is empty; returns the file. In the registry's folder only a list is
+    /// replaced; a file that is none fails the write and stays as it is.
     Result<std::filesystem::path> write(
         const ColorList& list, const std::filesystem::path& file = {}) const;
 
