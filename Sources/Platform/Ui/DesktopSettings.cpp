@@ -1,0 +1,113 @@
+#include "DesktopSettings.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+namespace platform {
+
+namespace {
+
+const auto kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+
+const auto kAppearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const auto kInterfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto kGlobalsGroup = QStringLiteral("org.kde.kdeglobals.KDE");
+
+std::optional<QVariant> setting(
+    const SettingGroups& groups, const QString& group, const QString& key)
+{
+    const auto value = groups.value(group).value(key);
+    return value.isValid() ? std::optional(value) : std::nullopt;
+}
+
+std::optional<Appearance> appearanceIn(const SettingGroups& groups)
+{
+    const auto scheme = setting(groups, kAppearanceGroup, QStringLiteral("color-scheme"));
+    switch (scheme.value_or(0).toUInt()) {
+    case 1:
+        return Appearance::dark;
+    case 2:
+        return Appearance::light;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<bool> reducedMotionIn(const SettingGroups& groups)
+{
+    const auto reduced = setting(groups, kAppearanceGroup, QStringLiteral("reduced-motion"));
+    if (reduced && reduced->toUInt() == 1)
+        return true;
+    if (const auto enabled = setting(groups, kInterfaceGroup, QStringLiteral("enable-animations")))
+        return !enabled->toBool();
+    if (const auto factor
+        = setting(groups, kGlobalsGroup, QStringLiteral("AnimationDurationFactor"))) {
+        auto isNumber = false;
+        const auto value = factor->toDouble(&isNumber);
+        if (isNumber)
+            return value <= 0;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+DesktopPreferences preferencesIn(const SettingGroups& groups)
+{
+    return { appearanceIn(groups), reducedMotionIn(groups) };
+}
+
+void DesktopSettings::start()
+{
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+        SLOT(settingChanged(QString, QString, QDBusVariant)));
+    auto message
+        = QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
+    message << QStringList { kAppearanceGroup, kInterfaceGroup, kGlobalsGroup };
+    auto* call = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::readAnswer);
+}
+
+void DesktopSettings::readAnswer(QDBusPendingCallWatcher* call)
+{
+    call->deleteLater();
+    const auto answer = call->reply();
+    if (answer.type() != QDBusMessage::ReplyMessage
+        || answer.signature() != QLatin1String("a{sa{sv}}"))
+        return;
+    SettingGroups groups;
+    answer.arguments().constFirst().value<QDBusArgument>() >> groups;
+    for (auto group = groups_.cbegin(); group != groups_.cend(); ++group)
+        groups[group.key()].insert(group.value());
+    groups_ = groups;
+    update();
+}
+
+void DesktopSettings::settingChanged(
+    const QString& group, const QString& key, const QDBusVariant& value)
+{
+    if (group != kAppearanceGroup && group != kInterfaceGroup && group != kGlobalsGroup)
+        return;
+    groups_[group][key] = value.variant();
+    update();
+}
+
+void DesktopSettings::update()
+{
+    const auto preferences = preferencesIn(groups_);
+    if (preferences == preferences_)
+        return;
+    preferences_ = preferences;
+    Q_EMIT changed();
+}
+
+} // namespace platform

@@ -1,0 +1,124 @@
+#include "ThemeSource.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QStyle>
+
+namespace platform {
+
+namespace {
+
+Appearance appearanceOf(const QPalette& palette)
+{
+    const auto background = palette.color(QPalette::Active, QPalette::Window);
+    const auto text = palette.color(QPalette::Active, QPalette::WindowText);
+    return background.lightnessF() < text.lightnessF() ? Appearance::dark : Appearance::light;
+}
+
+QPalette paletteOf(const Theme& theme)
+{
+    const auto solid
+        = [&theme](const QColor& color) { return composited(color, theme.windowBackground); };
+    QPalette palette;
+    palette.setColor(QPalette::Window, theme.windowBackground);
+    palette.setColor(QPalette::WindowText, theme.text);
+    palette.setColor(QPalette::Base, theme.fieldBackground);
+    palette.setColor(QPalette::AlternateBase, theme.windowBackground);
+    palette.setColor(QPalette::Text, theme.text);
+    palette.setColor(QPalette::PlaceholderText, theme.tertiary);
+    palette.setColor(QPalette::Button, solid(theme.controlFill));
+    palette.setColor(QPalette::ButtonText, theme.text);
+    palette.setColor(QPalette::ToolTipBase, theme.menuBackground);
+    palette.setColor(QPalette::ToolTipText, theme.text);
+    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
+        palette.setColor(QPalette::Disabled, role, theme.tertiary);
+    return palette;
+}
+
+/// Styles that know the desktop's switch answer 0 when it is off; all others have some duration.
+bool styleReducesMotion()
+{
+    return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
+}
+
+} // namespace
+
+ThemeSource& ThemeSource::instance()
+{
+    static auto* source = new ThemeSource(qApp);
+    return *source;
+}
+
+ThemeSource::ThemeSource(QObject* parent)
+    : QObject(parent)
+{
+    parent->installEventFilter(this);
+    toolkitAppearance_ = appearanceOf(QApplication::palette());
+    appearance_ = toolkitAppearance_;
+    reducesMotion_ = styleReducesMotion();
+    QApplication::setPalette(paletteOf(theme()));
+}
+
+void ThemeSource::followDesktop()
+{
+    if (settings_ != nullptr)
+        return;
+    settings_ = new DesktopSettings(this);
+    connect(settings_, &DesktopSettings::changed, this,
+        [this] { setDesktopPreferences(settings_->preferences()); });
+    settings_->start();
+}
+
+void ThemeSource::setAppearance(std::optional<Appearance> appearance)
+{
+    fixedAppearance_ = appearance;
+    update();
+}
+
+void ThemeSource::setReducesMotion(std::optional<bool> reduces)
+{
+    fixedReducesMotion_ = reduces;
+    update();
+}
+
+void ThemeSource::setDesktopPreferences(const DesktopPreferences& preferences)
+{
+    desktop_ = preferences;
+    update();
+}
+
+bool ThemeSource::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ThemeChange && !readingPalette_)
+        readToolkitPalette();
+    return QObject::eventFilter(watched, event);
+}
+
+void ThemeSource::readToolkitPalette()
+{
+    readingPalette_ = true;
+    // Without a palette of our own the application shows the toolkit's, which follows the desktop.
+    QApplication::setPalette(QPalette());
+    toolkitAppearance_ = appearanceOf(QApplication::palette());
+    QApplication::setPalette(paletteOf(theme()));
+    readingPalette_ = false;
+    update();
+}
+
+void ThemeSource::update()
+{
+    const auto appearance
+        = fixedAppearance_.value_or(desktop_.appearance.value_or(toolkitAppearance_));
+    const auto reduces
+        = fixedReducesMotion_.value_or(desktop_.reducesMotion.value_or(styleReducesMotion()));
+    if (appearance == appearance_ && reduces == reducesMotion_)
+        return;
+    const auto repaint = appearance != appearance_;
+    appearance_ = appearance;
+    reducesMotion_ = reduces;
+    if (repaint)
+        QApplication::setPalette(paletteOf(theme()));
+    Q_EMIT changed();
+}
+
+} // namespace platform

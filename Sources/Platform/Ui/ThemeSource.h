@@ -1,0 +1,68 @@
+// Which appearance the desktop asks for now, and whether things may move.
+#pragma once
+
+#include "DesktopSettings.h"
+#include "Theme.h"
+
+#include <optional>
+#include <QObject>
+#include <QPalette>
+
+namespace platform {
+
+/// The one place that knows the current theme. It keeps the application's palette in step, so every
+/// widget is repainted by the ordinary palette change and asks `currentTheme()` while it paints.
+///
+/// Dark or light is the fixed choice if there is one, else what the desktop's settings say, else
+/// what the palette of the toolkit looks like. Main thread only.
+class ThemeSource : public QObject {
+    Q_OBJECT
+public:
+    /// Created on first use; belongs to the application object, which must exist.
+    static ThemeSource& instance();
+
+    [[nodiscard]] const Theme& theme() const { return themeOf(appearance_); }
+    [[nodiscard]] Appearance appearance() const { return appearance_; }
+
+    /// True when the desktop asks for no animation: everything then switches at once.
+    [[nodiscard]] bool reducesMotion() const { return reducesMotion_; }
+
+    /// Starts to ask the desktop and to follow its changes; never waits for an answer.
+    void followDesktop();
+
+    /// A fixed choice for pictures and tests; nothing follows the desktop again.
+    void setAppearance(std::optional<Appearance> appearance);
+    void setReducesMotion(std::optional<bool> reduces);
+
+    /// What the desktop said; `followDesktop` calls it with every change.
+    void setDesktopPreferences(const DesktopPreferences& preferences);
+
+Q_SIGNALS:
+    /// The theme or the wish for motion is another one; the palette has been set already.
+    void changed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    explicit ThemeSource(QObject* parent);
+    void readToolkitPalette();
+    void update();
+
+    std::optional<Appearance> fixedAppearance_;
+    std::optional<bool> fixedReducesMotion_;
+    DesktopPreferences desktop_;
+    Appearance toolkitAppearance_ = Appearance::light;
+    Appearance appearance_ = Appearance::light;
+    bool reducesMotion_ = false;
+    bool readingPalette_ = false;
+    DesktopSettings* settings_ = nullptr;
+};
+
+/// The theme of this moment.
+[[nodiscard]] inline const Theme& currentTheme()
+{
+    return ThemeSource::instance().theme();
+}
+
+} // namespace platform

@@ -1,0 +1,143 @@
+#include "Shapes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <QImage>
+#include <QPainter>
+
+namespace platform {
+namespace {
+
+/// How far a point lies outside (positive) or inside the corner curve of side `size`, roughly.
+double distanceFromCorner(QPointF fromCentre, double size)
+{
+    const auto x = std::abs(fromCentre.x()) / size;
+    const auto y = std::abs(fromCentre.y()) / size;
+    const auto value = std::pow(x, 2.6) + std::pow(y, 2.6) - 1;
+    const auto slope = 2.6 * std::hypot(std::pow(x, 1.6), std::pow(y, 1.6));
+    return value / slope * size;
+}
+
+struct CornerCase {
+    const char* name;
+    QRectF rect;
+    double radius;
+    double size;
+};
+
+void PrintTo(const CornerCase& test, std::ostream* out)
+{
+    *out << test.name;
+}
+
+class SmoothCorner : public ::testing::TestWithParam<CornerCase> { };
+
+TEST_P(SmoothCorner, FollowsTheSuperellipseInEveryCorner)
+{
+    const auto& [name, rect, radius, size] = GetParam();
+    const auto path = smoothRoundedRect(rect, radius);
+    const auto bounds = path.boundingRect();
+    EXPECT_NEAR(bounds.left(), rect.left(), 1e-5);
+    EXPECT_NEAR(bounds.top(), rect.top(), 1e-5);
+    EXPECT_NEAR(bounds.right(), rect.right(), 1e-5);
+    EXPECT_NEAR(bounds.bottom(), rect.bottom(), 1e-5);
+    const auto inner = rect.adjusted(size, size, -size, -size);
+    int inCorners = 0;
+    for (int step = 0; step <= 2000; ++step) {
+        const auto point = path.pointAtPercent(step / 2000.0);
+        const QPointF nearest(std::clamp(point.x(), inner.left(), inner.right()),
+            std::clamp(point.y(), inner.top(), inner.bottom()));
+        const auto offset = point - nearest;
+        if (std::abs(offset.x()) < 0.01 || std::abs(offset.y()) < 0.01)
+            continue;
+        ++inCorners;
+        EXPECT_LT(std::abs(distanceFromCorner(offset, size)), 0.001 * size)
+            << "at " << point.x() << ", " << point.y();
+    }
+    EXPECT_GT(inCorners, 100);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, SmoothCorner,
+    ::testing::Values(CornerCase { "button", { 0, 0, 90, 28 }, 8, 10 },
+        CornerCase { "swatch", { 18, 29, 104, 104 }, 18, 22.5 },
+        CornerCase { "strip_at_half_its_height", { 0, 0, 412, 16 }, 12, 8 }),
+    [](const auto& test) { return test.param.name; });
+
+TEST(SmoothRoundedRect, WithoutRadiusIsThePlainRectangle)
+{
+    QPainterPath plain;
+    plain.addRect(1, 2, 30, 40);
+    EXPECT_EQ(smoothRoundedRect({ 1, 2, 30, 40 }, 0), plain);
+}
+
+TEST(PaintPlate, KeepsItsEdgeInsideTheShape)
+{
+    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintPlate(painter, { 10, 10, 20, 20 }, 0, Qt::red, Qt::black);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(9, 20), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(10, 20), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(11, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(29, 20), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(30, 20), QColor(Qt::white));
+}
+
+TEST(PaintChecker, AlternatesAndStaysInside)
+{
+    QImage image(12, 12, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::blue);
+    QPainter painter(&image);
+    paintChecker(painter, { 1, 1, 9, 9 }, Qt::white, Qt::black, 4);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(5, 1), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(1, 5), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(9, 9), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(10, 5), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(0, 1), QColor(Qt::blue));
+}
+
+struct LineCase {
+    const char* name;
+    double scale;
+    int thickness;
+};
+
+void PrintTo(const LineCase& test, std::ostream* out)
+{
+    *out << test.name;
+}
+
+class SharpLine : public ::testing::TestWithParam<LineCase> { };
+
+TEST_P(SharpLine, IsWholePixelsWhereverItLies)
+{
+    const auto& [name, scale, thickness] = GetParam();
+    for (int y = 0; y < 9; ++y) {
+        QImage image(QSize(20, 20) * scale, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        fillSharp(painter, QRectF(0, y, 20, 1), Qt::black);
+        painter.end();
+        int dark = 0;
+        for (int row = 0; row < image.height(); ++row) {
+            const auto color = image.pixelColor(3, row);
+            EXPECT_TRUE(color == QColor(Qt::white) || color == QColor(Qt::black)) << y;
+            dark += color == QColor(Qt::black);
+        }
+        EXPECT_EQ(dark, thickness) << "at " << y;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, SharpLine,
+    ::testing::Values(LineCase { "one", 1, 1 }, LineCase { "one_and_a_quarter", 1.25, 1 },
+        LineCase { "one_and_a_half", 1.5, 1 }, LineCase { "two", 2, 2 },
+        LineCase { "three", 3, 3 }),
+    [](const auto& test) { return test.param.name; });
+
+} // namespace
+} // namespace platform
