@@ -34,7 +34,7 @@ class TintwellModel {
 public:
     TintwellModel(const RGBAColor& initial, PalettePersistence persistence,
         std::shared_ptr<ScreenColorSampling> sampler, ModelServices services);
-    ~TintwellModel();
+    ~TintwellModel() = default;
     TintwellModel(const TintwellModel&) = delete;
     TintwellModel& operator=(const TintwellModel&) = delete;
 
@@ -60,6 +60,10 @@ public:
     void deletePalette(const SavedPalette& palette);
 
 private:
+    template <typename T, typename Value> void store(T& property, Value&& value);
+    platform::Result<void> changeLibrary(
+        const std::function<void()>& change, const std::function<void()>& undo);
+
     GeneratedPalette generated_;
     std::vector<SavedPalette> savedPalettes_;
     WorkspaceTab selectedTab_ = WorkspaceTab::studio;
@@ -72,7 +76,8 @@ private:
     std::shared_ptr<ScreenColorSampling> sampler_;
     ModelServices services_;
     platform::Observers observers_;
-    std::shared_ptr<TintwellModel*> self_;
+    /// What waits for the desktop holds this weakly and does nothing once the model is gone.
+    std::shared_ptr<void> alive_ = std::make_shared<char>();
 };
 
 } // namespace tintwell

@@ -1,0 +1,176 @@
+#include "TintwellModel.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace tintwell {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto copyMarkDuration = 950ms;
+constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampingFraction = 0.85 };
+/// Every install fills this one list, whatever palette it holds.
+constexpr auto listName = "Tintwell";
+
+std::string withHex(const std::string& sentence, const RGBAColor& color)
+{
+    return sentence + " · " + color.hex();
+}
+
+} // namespace
+
+TintwellModel::TintwellModel(const RGBAColor& initial, PalettePersistence persistence,
+    std::shared_ptr<ScreenColorSampling> sampler, ModelServices services)
+    : generated_(PaletteGenerator().generate(initial))
+    , status_("Click to copy · drag to use")
+    , persistence_(std::move(persistence))
+    , sampler_(std::move(sampler))
+    , services_(std::move(services))
+{
+    auto library = persistence_.load();
+    if (library)
+        savedPalettes_ = std::move(library).value();
+    else
+        status_ = "Saved palettes could not be loaded";
+}
+
+/// Announces the change, then stores the value.
+template <typename T, typename Value> void TintwellModel::store(T& property, Value&& value)
+{
+    observers_.announce();
+    property = std::forward<Value>(value);
+}
+
+platform::Subscription TintwellModel::observe(std::function<void()> willChange)
+{
+    return observers_.observe(std::move(willChange));
+}
+
+void TintwellModel::setSelectedTab(WorkspaceTab tab)
+{
+    store(selectedTab_, tab);
+}
+
+void TintwellModel::setStatus(std::string status)
+{
+    store(status_, std::move(status));
+}
+
+void TintwellModel::apply(const RGBAColor& color)
+{
+    platform::withAnimation(sourceChangeSpring, [&] {
+        store(generated_, generator_.generate(color));
+        store(selectedTab_, WorkspaceTab::studio);
+    });
+}
+
+void TintwellModel::copy(const NamedColor& color)
+{
+    ColorPasteboard::write(color, services_.pasteboard);
+    store(lastCopiedID_, color.id);
+    setStatus(withHex("Copied " + color.name, color.color));
+    services_.scheduler.after(
+        copyMarkDuration, [this, alive = std::weak_ptr(alive_), id = color.id] {
+            if (!alive.expired() && lastCopiedID_ == id)
+                store(lastCopiedID_, std::nullopt);
+        });
+}
+
+void TintwellModel::copySource()
+{
+    copy({ "source", generated_.sourceName, generated_.source, std::nullopt });
+}
+
+void TintwellModel::beginSampling()
+{
+    if (isSampling_)
+        return;
+    store(isSampling_, true);
+    setStatus("Choose any visible color");
+    sampler_->sample([this, alive = std::weak_ptr(alive_)](std::optional<RGBAColor> color) {
+        if (alive.expired())
+            return;
+        store(isSampling_, false);
+        if (!color) {
+            setStatus("Sampling cancelled");
+            return;
+        }
+        apply(*color);
+        setStatus(withHex("Sampled " + generated_.sourceName, *color));
+    });
+}
+
+/// Makes one change of the library and saves it, with what others saved meanwhile taken up first.
+/// `undo` takes the change back when it could not be saved.
+platform::Result<void> TintwellModel::changeLibrary(
+    const std::function<void()>& change, const std::function<void()>& undo)
+{
+    auto edit = persistence_.beginEdit();
+    if (!edit)
+        return edit.error();
+    if (auto others = edit.value().changedElsewhere())
+        store(savedPalettes_, std::move(*others));
+
+    observers_.announce();
+    change();
+    auto saved = edit.value().save(savedPalettes_);
+    if (!saved) {
+        observers_.announce();
+        undo();
+    }
+    return saved;
+}
+
+void TintwellModel::saveAndInstallCurrent()
+{
+    const auto colors = generated_.exportColors();
+    const SavedPalette palette { services_.makeUuid(), generated_.sourceName, services_.now(),
+        generated_.source, colors };
+    const auto saved
+        = changeLibrary([&] { savedPalettes_.insert(savedPalettes_.begin(), palette); },
+            [&] {
+                std::erase_if(
+                    savedPalettes_, [&](const auto& entry) { return entry.id == palette.id; });
+            });
+    if (!saved) {
+        setStatus("Save failed: " + saved.error().description);
+        return;
+    }
+    const auto file = services_.installer.install(listName, colors, std::nullopt);
+    setStatus(file ? "Saved and installed " + file.value().filename().string()
+                   : "Saved, but install failed: " + file.error().description);
+}
+
+void TintwellModel::use(const SavedPalette& palette)
+{
+    const auto name = palette.name;
+    apply(palette.source);
+    setStatus("Loaded " + name);
+}
+
+void TintwellModel::install(const SavedPalette& palette)
+{
+    const auto file = services_.installer.install(listName, palette.colors, std::nullopt);
+    setStatus(file ? "Installed " + file.value().filename().string()
+                   : "Install failed: " + file.error().description);
+}
+
+void TintwellModel::deletePalette(const SavedPalette& palette)
+{
+    // The palette may be an element of the very list that changes.
+    const auto id = palette.id;
+    const auto name = palette.name;
+    std::vector<SavedPalette> kept;
+    const auto deleted = changeLibrary(
+        [&] {
+            kept = savedPalettes_;
+            std::erase_if(savedPalettes_, [&](const auto& entry) { return entry.id == id; });
+        },
+        [&] { savedPalettes_ = std::move(kept); });
+    setStatus(deleted ? "Deleted " + name : "Delete failed: " + deleted.error().description);
+}
+
+} // namespace tintwell
