@@ -1,0 +1,267 @@
+#include "PalettePublisher.h"
+
+#include "AtomicFile.h"
+#include "ChildProcess.h"
+#include "GimpPalette.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <map>
+#include <regex>
+#include <sstream>
+#include <sys/stat.h>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+ColorList listNamed(const std::string& name, const Color& color = { 1, 0, 0, 1 })
+{
+    ColorList list(name);
+    list.setColor(color, "One");
+    return list;
+}
+
+struct Palette {
+    std::string name;
+    std::vector<std::string> entries;
+
+    bool operator==(const Palette&) const = default;
+};
+
+/// Reads a text as the strictest of the programs do; nothing when one of them would refuse it.
+std::optional<Palette> readStrictly(const std::string& text)
+{
+    constexpr std::size_t shortest = 50;
+    const bool isPlain = std::all_of(text.begin(), text.end(),
+        [](char c) { return c == '\n' || c == '\t' || (c >= ' ' && c <= '~'); });
+    if (text.size() < shortest || !isPlain || text.back() != '\n')
+        return std::nullopt;
+    static const std::regex nameLine("Name: ([!-~]([ -~]*[!-~])?)");
+    static const std::regex entry("([0-9]{1,3}) ([0-9]{1,3}) ([0-9]{1,3})\t([!-~]([ -~]*[!-~])?)");
+    std::istringstream lines(text);
+    std::string line;
+    std::smatch match;
+    if (!std::getline(lines, line) || line != "GIMP Palette" || !std::getline(lines, line)
+        || !std::regex_match(line, match, nameLine))
+        return std::nullopt;
+    Palette palette { match[1], {} };
+    while (std::getline(lines, line)) {
+        if (line.starts_with('#'))
+            continue;
+        if (!std::regex_match(line, match, entry))
+            return std::nullopt;
+        for (int i = 1; i <= 3; ++i)
+            if (std::stoi(match[i]) > 255)
+                return std::nullopt;
+        palette.entries.push_back(line);
+    }
+    return palette;
+}
+
+TEST(GimpPalette, IsReadByTheStrictestProgram)
+{
+    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+    ColorList list("Tintwell — día");
+    list.setColor({ 110.0 / 255, 86.0 / 255, 207.0 / 255, 0.5 }, "Violet");
+    list.setColor({ -3, 7, notANumber, 1 }, "Out\nof\trange");
+    list.setColor({ 0.5, 0.498, 1.0 / 510, 1 }, " \r\n ");
+    EXPECT_EQ(readStrictly(gimpPaletteText(list, "A comment")),
+        (Palette { "Tintwell - dia",
+            { "110 86 207\tViolet", "0 255 0\tOut of range", "128 127 1\tUntitled" } }));
+    EXPECT_EQ(readStrictly(gimpPaletteText(ColorList("x"))), (Palette { "x", {} }));
+}
+
+TEST(GimpPalette, WritesNamesInPlainAscii)
+{
+    const std::vector<std::pair<std::string, std::string>> cases {
+        { "Deep Azure", "Deep Azure" },
+        { "light — on·primary", "light - on-primary" },
+        { "−30° “x” ‘y’ …", "-30? \"x\" 'y' ..." },
+        { "Größe Œuvre Øl Łódź Naïve", "Grosse OEuvre Ol Lodz Naive" },
+        { "e\u0301\u200b½\u00a0x²", "e1/2 x2" },
+        { "日本", "??" },
+        { "a\xff\xc3", "a??" },
+        { std::string("a\0\x1b\x7f\u0085\u2028z", 10), "a     z" },
+    };
+    for (const auto& [text, plain] : cases)
+        EXPECT_EQ(plainAscii(text), plain);
+}
+
+/// A home in which some programs are installed.
+class Home {
+public:
+    void install(const std::string& root) const { fs::create_directories(path(root)); }
+    [[nodiscard]] fs::path path(const std::string& name) const { return folder_.path() / name; }
+    [[nodiscard]] PalettePublisher publisher() const
+    {
+        return PalettePublisher({ path("config"), path("data"), { path("own-gimp") } });
+    }
+    [[nodiscard]] std::string content(const std::string& name) const
+    {
+        return contentOf(path(name));
+    }
+    /// Every file below the home.
+    [[nodiscard]] Names files() const
+    {
+        Names names;
+        for (const auto& entry : fs::recursive_directory_iterator(folder_.path()))
+            if (!entry.is_directory())
+                names.push_back(entry.path().lexically_relative(folder_.path()).string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+private:
+    TemporaryFolder folder_;
+};
+
+TEST(PalettePublisher, ReachesEachProgramThatIsThere)
+{
+    const std::vector<std::pair<std::string, std::string>> programs {
+        { "config/GIMP/2.10", "config/GIMP/2.10/palettes/T.gpl" },
+        { "config/GIMP/3.0", "config/GIMP/3.0/palettes/T.gpl" },
+        { "config/inkscape", "config/inkscape/palettes/T.gpl" },
+        { "config/libreoffice/4/user", "config/libreoffice/4/user/config/T.gpl" },
+        { "data/krita", "data/krita/palettes/T.gpl" },
+        { "data/mypaint", "data/mypaint/palettes/T.gpl" },
+        { "own-gimp", "own-gimp/palettes/T.gpl" },
+    };
+    const Home all;
+    Names expected;
+    for (const auto& [root, file] : programs) {
+        SCOPED_TRACE(root);
+        const Home alone;
+        alone.install(root);
+        const auto published = alone.publisher().publish(listNamed("T"));
+        ASSERT_TRUE(published);
+        EXPECT_EQ(published.value(), std::vector { alone.path(file) });
+        EXPECT_EQ(alone.files(), Names { file });
+        EXPECT_EQ(readStrictly(alone.content(file)), (Palette { "T", { "255 0 0\tOne" } }));
+        all.install(root);
+        expected.push_back(file);
+    }
+    const auto published = all.publisher().publish(listNamed("T"));
+    ASSERT_TRUE(published);
+    EXPECT_EQ(published.value().size(), programs.size());
+    EXPECT_EQ(all.files(), expected);
+}
+
+TEST(PalettePublisher, MakesNoFolderForWhatIsNotThere)
+{
+    const Home home;
+    for (const char* folder : { "config/GIMP/plug-ins", "config/libreoffice/4", "data" })
+        home.install(folder);
+    writeContent(home.path("config/inkscape"), "a file");
+    const auto published = home.publisher().publish(listNamed("T"));
+    ASSERT_TRUE(published);
+    EXPECT_EQ(published.value().size(), 0U);
+    EXPECT_EQ(home.files(), Names { "config/inkscape" });
+    EXPECT_FALSE(fs::exists(home.path("config/libreoffice/4/user")));
+    EXPECT_TRUE(PalettePublisher({ {}, {} }).publish(listNamed("T")));
+}
+
+TEST(PalettePublisher, ReplacesItsOwnCopies)
+{
+    const Home home;
+    home.install("data/krita");
+    const std::string file = "data/krita/palettes/T.gpl";
+    ASSERT_TRUE(home.publisher().publish(listNamed("T")));
+    ASSERT_TRUE(home.publisher().publish(listNamed("T", { 0, 0, 1, 1 })));
+    EXPECT_EQ(readStrictly(home.content(file)), (Palette { "T", { "0 0 255\tOne" } }));
+    const auto before = stampOf(home.path(file));
+    ASSERT_TRUE(home.publisher().publish(listNamed("T", { 0, 0, 1, 1 })));
+    EXPECT_EQ(stampOf(home.path(file)), before);
+    EXPECT_EQ(home.files(), Names { file });
+}
+
+TEST(PalettePublisher, LeavesTheUsersOwnPalettes)
+{
+    const std::string own = "GIMP Palette\nName: T\n1 2 3\tCopied by Tintwell\n";
+    const Home home;
+    for (const char* folder : { "config/GIMP/1.0/palettes/T.gpl", "config/GIMP/2.0/palettes",
+             "config/GIMP/3.0/palettes", "config/GIMP/4.0/palettes" })
+        home.install(folder);
+    writeContent(home.path("config/GIMP/2.0/palettes/T.gpl"), own);
+    ASSERT_EQ(::mkfifo(home.path("config/GIMP/3.0/palettes/T.gpl").c_str(), 0600), 0);
+    fs::create_symlink(home.path("nowhere"), home.path("config/GIMP/4.0/palettes/T.gpl"));
+    const auto before = home.files();
+    const auto published = home.publisher().publish(listNamed("T"));
+    ASSERT_TRUE(published);
+    EXPECT_EQ(published.value().size(), 0U);
+    EXPECT_EQ(home.content("config/GIMP/2.0/palettes/T.gpl"), own);
+    EXPECT_EQ(home.files(), before);
+}
+
+TEST(PalettePublisher, NamesTheFirstProgramThatFailedAfterTheOthers)
+{
+    EXPECT_TRUE(holdsForOrdinaryUser([] {
+        const Home home;
+        for (const char* root : { "config/GIMP/3.0", "config/inkscape/palettes", "data/krita" })
+            home.install(root);
+        ::chmod(home.path("config/GIMP/3.0").c_str(), 0555);
+        ::chmod(home.path("config/inkscape/palettes").c_str(), 0555);
+        const auto published = home.publisher().publish(listNamed("T"));
+        ::chmod(home.path("config/GIMP/3.0").c_str(), 0755);
+        ::chmod(home.path("config/inkscape/palettes").c_str(), 0755);
+        return !published
+            && published.error().description
+            == "The color list was saved, but GIMP did not get its copy, because the folder "
+               "palettes could not be made: permission is denied"
+            && home.files() == Names { "data/krita/palettes/T.gpl" };
+    }));
+    const Home home;
+    home.install("data/krita");
+    writeContent(home.path("data/krita/palettes"), "a file");
+    const auto published = home.publisher().publish(listNamed("T"));
+    ASSERT_FALSE(published);
+    EXPECT_EQ(published.error().description,
+        "The color list was saved, but Krita did not get its copy, because T.gpl could not be "
+        "written: a part of its path is not a folder");
+}
+
+TEST(PalettePublisher, RemovesACopyThatItCannotReplace)
+{
+    const Home home;
+    home.install("data/krita");
+    ASSERT_TRUE(home.publisher().publish(listNamed("T")));
+    EXPECT_TRUE(holdsWithFullDisk(16, [&] {
+        return !home.publisher().publish(listNamed("T", { 0, 0, 1, 1 })).hasValue();
+    }));
+    EXPECT_EQ(home.files(), Names {});
+}
+
+TEST(PalettePublisher, RefusesNamesThatAreNoFileNames)
+{
+    const Home home;
+    home.install("data/krita");
+    for (const char* name : { "", "..", "../T", "a/b" })
+        EXPECT_FALSE(home.publisher().publish(listNamed(name))) << name;
+    EXPECT_EQ(home.files(), Names {});
+}
+
+TEST(PalettePublisher, TakesTheUsersFoldersFromTheEnvironment)
+{
+    using Variables = std::map<std::string, std::string>;
+    const auto foldersWith = [](const Variables& variables) {
+        return PalettePublisher::userFolders([&](const char* name) -> std::optional<std::string> {
+            const auto found = variables.find(name);
+            return found == variables.end() ? std::nullopt : std::optional(found->second);
+        });
+    };
+    const auto defaults = foldersWith({ { "HOME", "/h" }, { "GIMP2_DIRECTORY", "" } });
+    EXPECT_EQ(defaults.config, "/h/.config");
+    EXPECT_EQ(defaults.data, "/h/.local/share");
+    EXPECT_TRUE(defaults.gimp.empty());
+    const auto own = foldersWith({ { "HOME", "/h" }, { "XDG_CONFIG_HOME", "/c" },
+        { "XDG_DATA_HOME", "/d" }, { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } });
+    EXPECT_EQ(own.config, "/c");
+    EXPECT_EQ(own.data, "/d");
+    EXPECT_EQ(own.gimp, (std::vector<fs::path> { "/g", "/h/.g3" }));
+}
+
+} // namespace
+} // namespace platform
