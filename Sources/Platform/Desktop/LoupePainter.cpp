@@ -1,0 +1,333 @@
+#include "LoupePainter.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+// Lengths are in points; radii are measured from the centre of the ring.
+constexpr int kCells = 11;
+constexpr double kCell = 12;
+constexpr double kLensRadius = 66;
+constexpr double kBandRadius = 75.5;
+constexpr double kLabelDistance = 88;
+constexpr double kLabelHeight = 47;
+constexpr double kLabelHeightWithoutName = 32;
+constexpr double kLabelPadding = 14;
+constexpr double kLabelRadius = 10;
+constexpr double kLabelOutline = 0.75;
+constexpr double kHexBaseline = 20.75;
+constexpr double kNameBaseline = 35.5;
+constexpr int kHexSize = 13;
+constexpr int kNameSize = 11;
+// As far as any shadow can be seen.
+constexpr double kReach = 140;
+
+struct Disc {
+    double radius;
+    QColor color; // invalid: the picked colour
+};
+
+const std::array kRing {
+    Disc { 77.5, QColor(0, 0, 0, 46) },
+    Disc { 77, Qt::white },
+    Disc { kBandRadius, QColor() },
+    Disc { 67.5, Qt::white },
+};
+
+struct Shadow {
+    double y;
+    double sigma;
+    double opacity;
+};
+
+constexpr std::array kRingShadows { Shadow { 8, 16, 0.28 }, Shadow { 1, 1.5, 0.22 } };
+constexpr Shadow kLabelShadow { 6, 9, 0.22 };
+
+struct LabelColors {
+    QColor background;
+    QColor outline;
+    QColor hex;
+    QColor name;
+};
+
+LabelColors labelColors(bool dark)
+{
+    if (dark)
+        return { QColor(0x30, 0x30, 0x34), QColor(255, 255, 255, 41), QColor(0xf5, 0xf5, 0xf7),
+            QColor(0xf5, 0xf5, 0xf7, 173) };
+    return { Qt::white, QColor(0, 0, 0, 33), QColor(0x18, 0x18, 0x1b),
+        QColor(0x18, 0x18, 0x1b, 179) };
+}
+
+/// How much of a Gaussian of deviation `sigma` lies below `x`.
+double gaussianBelow(double x, double sigma)
+{
+    return 0.5 * std::erfc(-x / (sigma * std::numbers::sqrt2));
+}
+
+QRgb blackWithOpacity(double opacity)
+{
+    return qRgba(0, 0, 0, static_cast<int>(std::lround(opacity * 255)));
+}
+
+/// The shadow of a straight-edged box, which is what its corners allow at this blur.
+void paintBoxShadow(QPainter& painter, const QRectF& box, const Shadow& shadow, double scale)
+{
+    const double sigma = shadow.sigma * scale;
+    const QRect area = box.adjusted(-3 * sigma, -3 * sigma, 3 * sigma, 3 * sigma).toAlignedRect();
+    std::vector<double> across(static_cast<std::size_t>(area.width()));
+    for (int x = 0; x < area.width(); ++x) {
+        const double at = area.x() + x + 0.5;
+        across[static_cast<std::size_t>(x)]
+            = gaussianBelow(at - box.left(), sigma) - gaussianBelow(at - box.right(), sigma);
+    }
+    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < area.height(); ++y) {
+        const double at = area.y() + y + 0.5;
+        const double down
+            = gaussianBelow(at - box.top(), sigma) - gaussianBelow(at - box.bottom(), sigma);
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < area.width(); ++x)
+            line[x] = blackWithOpacity(shadow.opacity * down * across[static_cast<std::size_t>(x)]);
+    }
+    painter.drawImage(area.topLeft(), image);
+}
+
+/// A rounded rectangle whose corners are quarters of a superellipse, so that the curve begins
+/// softly.
+QPainterPath smoothRoundedRect(const QRectF& rect, double radius)
+{
+    constexpr double kExponent = 2.6;
+    constexpr int kSteps = 12;
+    const double reach = std::min(1.25 * radius, std::min(rect.width(), rect.height()) / 2);
+    constexpr std::array<std::pair<int, int>, 4> kCorners { { { 1, -1 }, { 1, 1 }, { -1, 1 },
+        { -1, -1 } } };
+    QPolygonF outline;
+    for (std::size_t corner = 0; corner < kCorners.size(); ++corner) {
+        const auto& [right, down] = kCorners[corner];
+        const QPointF centre((right > 0 ? rect.right() - reach : rect.left() + reach),
+            (down > 0 ? rect.bottom() - reach : rect.top() + reach));
+        for (int step = 0; step <= kSteps; ++step) {
+            const int forward = corner % 2 == 0 ? step : kSteps - step;
+            const double angle = forward * std::numbers::pi / 2 / kSteps;
+            outline << centre
+                    + QPointF(right * reach * std::pow(std::sin(angle), 2 / kExponent),
+                        down * reach * std::pow(std::cos(angle), 2 / kExponent));
+        }
+    }
+    QPainterPath path;
+    path.addPolygon(outline);
+    path.closeSubpath();
+    return path;
+}
+
+/// The magnified pixels, with a line between each two.
+QImage magnified(const QImage& frozen, QPoint pixel, double scale)
+{
+    const int cell = LoupePainter::cellSize(scale);
+    QImage lens(kCells * cell, kCells * cell, QImage::Format_RGB32);
+    lens.fill(Qt::black);
+    QPainter painter(&lens);
+    for (int row = 0; row < kCells; ++row) {
+        for (int column = 0; column < kCells; ++column) {
+            const QPoint at = pixel + QPoint(column - kCells / 2, row - kCells / 2);
+            if (frozen.rect().contains(at))
+                painter.fillRect(column * cell, row * cell, cell, cell, frozen.pixelColor(at));
+        }
+    }
+    // Half a point of line; where that is less than a device pixel, a fainter whole one.
+    const double wanted = 0.5 * scale;
+    const int width = std::max(1, static_cast<int>(std::lround(wanted)));
+    QColor line(128, 128, 128);
+    line.setAlphaF(static_cast<float>(0.22 * std::min(1.0, wanted / width)));
+    for (int index = 1; index < kCells; ++index) {
+        painter.fillRect(index * cell, 0, width, lens.height(), line);
+        painter.fillRect(0, index * cell, lens.width(), width, line);
+    }
+    return lens;
+}
+
+void paintRing(
+    QPainter& painter, QPointF centre, const QImage& lens, const QColor& picked, double scale)
+{
+    painter.setPen(Qt::NoPen);
+    const auto disc
+        = [&](double radius) { painter.drawEllipse(centre, radius * scale, radius * scale); };
+    for (const auto& each : kRing) {
+        painter.setBrush(each.color.isValid() ? each.color : picked);
+        disc(each.radius);
+    }
+    QBrush pixels(lens);
+    pixels.setTransform(QTransform::fromTranslate(
+        centre.x() - lens.width() / 2.0, centre.y() - lens.height() / 2.0));
+    painter.setBrush(pixels);
+    disc(kLensRadius);
+
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0, 28), 0.5 * scale));
+    disc(kBandRadius);
+    painter.setPen(QPen(QColor(0, 0, 0, 61), 0.5 * scale));
+    disc(kLensRadius);
+}
+
+/// The frame of the centre cell; its widths are whole device pixels, so that its sides stay sharp.
+void paintCentreFrame(QPainter& painter, QRectF cell, const QColor& picked, double scale)
+{
+    const double white = std::round(2 * scale);
+    const double dark = std::max(1.0, std::round(scale));
+    const double innerRadius = 1.4 * scale;
+    const auto box = [&](double grown, const QColor& color) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRoundedRect(
+            cell.adjusted(-grown, -grown, grown, grown), innerRadius + grown, innerRadius + grown);
+    };
+    box(white + dark, QColor(0, 0, 0, 140));
+    box(white, Qt::white);
+    box(0, picked);
+}
+
+QFont sized(QFont font, int pixels, QFont::Weight weight, double scale)
+{
+    font.setPixelSize(static_cast<int>(std::lround(pixels * scale)));
+    font.setWeight(weight);
+    return font;
+}
+
+struct Label {
+    QRectF box;
+    QFont hexFont;
+    QFont nameFont;
+    QString hex;
+    QString name;
+};
+
+Label layOutLabel(const LoupeAppearance& appearance, const ColorDescription& description,
+    QPointF centre, const LoupeMonitor& monitor)
+{
+    const double scale = monitor.scale;
+    Label label;
+    label.hexFont = sized(appearance.monospacedFont, kHexSize, QFont::Medium, scale);
+    label.nameFont = sized(appearance.interfaceFont, kNameSize, QFont::Normal, scale);
+    label.hex = QString::fromStdString(description.hex);
+    label.name = QString::fromStdString(description.name);
+    const double text = std::max(QFontMetricsF(label.hexFont).horizontalAdvance(label.hex),
+        QFontMetricsF(label.nameFont).horizontalAdvance(label.name));
+    const double width = 2 * std::ceil(text / 2 + kLabelPadding * scale);
+    const double height
+        = std::round((label.name.isEmpty() ? kLabelHeightWithoutName : kLabelHeight) * scale);
+    const double margin = std::ceil(kLabelOutline * scale);
+    const QRectF room = QRectF(monitor.geometry).adjusted(margin, margin, -margin, -margin);
+
+    const double below = std::round(centre.y() + kLabelDistance * scale);
+    const double above = std::round(centre.y() - kLabelDistance * scale - height);
+    const double top = below + height <= room.bottom() || above < room.top() ? below : above;
+    const double left = std::round(centre.x() - width / 2);
+    label.box
+        = QRectF(std::max(room.left(), std::min(left, room.right() - width)), top, width, height);
+    return label;
+}
+
+void paintLabel(QPainter& painter, const Label& label, bool dark, double scale)
+{
+    const auto colors = labelColors(dark);
+    paintBoxShadow(painter, label.box.translated(0, kLabelShadow.y * scale), kLabelShadow, scale);
+    const double outline = kLabelOutline * scale;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.outline);
+    painter.drawPath(smoothRoundedRect(
+        label.box.adjusted(-outline, -outline, outline, outline), kLabelRadius * scale + outline));
+    painter.setBrush(colors.background);
+    painter.drawPath(smoothRoundedRect(label.box, kLabelRadius * scale));
+
+    const auto line
+        = [&](const QFont& font, const QString& text, double baseline, const QColor& ink) {
+              const double width = QFontMetricsF(font).horizontalAdvance(text);
+              painter.setFont(font);
+              painter.setPen(ink);
+              painter.drawText(QPointF(label.box.center().x() - width / 2,
+                                   label.box.top() + std::round(baseline * scale)),
+                  text);
+          };
+    line(label.hexFont, label.hex, kHexBaseline, colors.hex);
+    line(label.nameFont, label.name, kNameBaseline, colors.name);
+}
+
+} // namespace
+
+LoupePainter::LoupePainter(LoupeAppearance appearance)
+    : appearance_(std::move(appearance))
+{
+}
+
+int LoupePainter::cellSize(double scale)
+{
+    return static_cast<int>(std::lround(kCell * scale));
+}
+
+const QImage& LoupePainter::ringShadow(double scale)
+{
+    if (ringShadowScale_ == scale)
+        return ringShadow_;
+    const int reach = static_cast<int>(std::ceil(kReach * scale));
+    QImage image(2 * reach, 2 * reach, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            double light = 1;
+            for (const auto& shadow : kRingShadows) {
+                const double distance
+                    = std::hypot(x + 0.5 - reach, y + 0.5 - reach - shadow.y * scale);
+                light *= 1
+                    - shadow.opacity * gaussianBelow(77 * scale - distance, shadow.sigma * scale);
+            }
+            line[x] = blackWithOpacity(1 - light);
+        }
+    }
+    ringShadow_ = std::move(image);
+    ringShadowScale_ = scale;
+    return ringShadow_;
+}
+
+LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const LoupeMonitor& monitor,
+    const ColorDescription& description)
+{
+    const double scale = monitor.scale;
+    const int cell = cellSize(scale);
+    const QRect centreCell(pixel - QPoint(cell / 2, cell / 2), QSize(cell, cell));
+    const QPointF centre = QRectF(centreCell).center();
+    const Label label = layOutLabel(appearance_, description, centre, monitor);
+
+    const double reach = kReach * scale;
+    const QRectF around(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach);
+    const double labelReach = (kLabelShadow.y + 3 * kLabelShadow.sigma) * scale;
+    const QRect area
+        = around.united(label.box.adjusted(-labelReach, -labelReach, labelReach, labelReach))
+              .toAlignedRect()
+              .intersected(frozen.rect());
+    QImage image = frozen.copy(area).convertToFormat(QImage::Format_RGB32);
+    const QColor picked = frozen.pixelColor(pixel);
+
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-area.topLeft());
+    paintLabel(painter, label, appearance_.dark, scale);
+    const QImage& shadow = ringShadow(scale);
+    painter.drawImage(centre - QPointF(shadow.width() / 2.0, shadow.height() / 2.0), shadow);
+    paintRing(painter, centre, magnified(frozen, pixel, scale), picked, scale);
+    paintCentreFrame(painter, centreCell, picked, scale);
+    painter.end();
+    return { area.topLeft(), std::move(image) };
+}
+
+} // namespace platform

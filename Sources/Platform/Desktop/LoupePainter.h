@@ -1,0 +1,60 @@
+// Draws the loupe of a screen pick: magnified pixels in a ring, and a label that names the colour.
+#pragma once
+
+#include <QFont>
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+
+#include <string>
+
+namespace platform {
+
+/// The two lines of the label.
+struct ColorDescription {
+    std::string hex;
+    std::string name;
+};
+
+/// How the label looks; the rest of the loupe is the same on every desktop.
+struct LoupeAppearance {
+    bool dark = false;
+    QFont interfaceFont;
+    QFont monospacedFont;
+};
+
+/// The monitor on which the loupe stands: its device pixels and how many make one point.
+struct LoupeMonitor {
+    QRect geometry;
+    double scale = 1;
+};
+
+/// A finished picture and the device pixel of the desktop on which its corner belongs.
+struct LoupePicture {
+    QPoint topLeft;
+    QImage image;
+};
+
+/// Draws in device pixels: every magnified pixel is a whole number of them at any scale.
+class LoupePainter {
+public:
+    explicit LoupePainter(LoupeAppearance appearance);
+
+    /// The loupe over `pixel` of the frozen desktop, its shadow blended with what is there. The
+    /// centre cell lies on the pixel; the label stays inside the monitor, below the ring or, where
+    /// there is no room, above it.
+    [[nodiscard]] LoupePicture paint(const QImage& frozen, QPoint pixel,
+        const LoupeMonitor& monitor, const ColorDescription& description);
+
+    /// Device pixels from one magnified pixel to the next.
+    [[nodiscard]] static int cellSize(double scale);
+
+private:
+    const QImage& ringShadow(double scale);
+
+    LoupeAppearance appearance_;
+    QImage ringShadow_;
+    double ringShadowScale_ = 0;
+};
+
+} // namespace platform

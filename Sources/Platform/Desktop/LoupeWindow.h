@@ -1,0 +1,51 @@
+// The frozen desktop with the loupe over it: one window that covers every monitor.
+#pragma once
+
+#include "LoupePainter.h"
+#include "X11Display.h"
+
+#include <QImage>
+#include <QRect>
+
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace platform {
+
+/// Covers the screen from `freeze` until it is destroyed. The server keeps the frozen picture as
+/// the window's background, so that only the loupe itself is ever sent again.
+class LoupeWindow {
+public:
+    /// Takes the picture of the whole desktop as it is now; nothing when the server refuses it.
+    [[nodiscard]] static std::unique_ptr<LoupeWindow> freeze(const X11Display& display);
+
+    ~LoupeWindow();
+    LoupeWindow(const LoupeWindow&) = delete;
+    LoupeWindow& operator=(const LoupeWindow&) = delete;
+
+    [[nodiscard]] const QImage& frozen() const { return frozen_; }
+    [[nodiscard]] xcb_window_t window() const { return window_; }
+    /// A cursor without a single visible pixel.
+    [[nodiscard]] xcb_cursor_t blankCursor() const { return cursor_; }
+
+    void map();
+    /// Replaces the loupe that is there; what it uncovers is the frozen desktop again.
+    void show(const LoupePicture& loupe);
+
+private:
+    LoupeWindow(const X11Display& display, const QRect& geometry);
+    void createCursor();
+    void createWindow();
+
+    X11Display display_;
+    QRect geometry_;
+    QRect covered_;
+    QImage frozen_;
+    xcb_pixmap_t background_ = XCB_NONE;
+    xcb_gcontext_t context_ = XCB_NONE;
+    xcb_cursor_t cursor_ = XCB_NONE;
+    xcb_window_t window_ = XCB_NONE;
+};
+
+} // namespace platform

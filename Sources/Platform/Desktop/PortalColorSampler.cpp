@@ -1,0 +1,192 @@
+#include "PortalColorSampler.h"
+
+#include "PendingAnswer.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QRandomGenerator>
+#include <QTimer>
+#include <QVariantMap>
+
+#include <cmath>
+#include <functional>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
+constexpr QLatin1String kDesktopPath("/org/freedesktop/portal/desktop");
+constexpr QLatin1String kScreenshot("org.freedesktop.portal.Screenshot");
+constexpr QLatin1String kRequest("org.freedesktop.portal.Request");
+
+/// The colour of a portal's answer; nothing when it is not three finite numbers.
+std::optional<Color> colorIn(const QVariantMap& results)
+{
+    const QVariant value = results.value(QStringLiteral("color"));
+    if (value.userType() != qMetaTypeId<QDBusArgument>())
+        return std::nullopt;
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != QLatin1String("(ddd)"))
+        return std::nullopt;
+    Color color;
+    argument.beginStructure();
+    argument >> color.red >> color.green >> color.blue;
+    argument.endStructure();
+    if (!std::isfinite(color.red) || !std::isfinite(color.green) || !std::isfinite(color.blue))
+        return std::nullopt;
+    return color;
+}
+
+} // namespace
+
+/// One request to the portal. Answers once, then deletes itself; a dropped one stays until the
+/// portal has been told.
+class PortalRequest final : public QObject {
+    Q_OBJECT
+
+public:
+    using Ended = std::function<void(std::optional<Color>)>;
+
+    PortalRequest(std::chrono::milliseconds timeLimit, Ended ended)
+        : QObject(QCoreApplication::instance())
+        , ended_(std::move(ended))
+        , bus_(QDBusConnection::sessionBus())
+        , gone_(kService, bus_, QDBusServiceWatcher::WatchForUnregistration)
+    {
+        connect(&gone_, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::failed);
+        bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+            QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+            SLOT(failed()));
+        limit_.setSingleShot(true);
+        connect(&limit_, &QTimer::timeout, this, &PortalRequest::expired);
+        limit_.start(timeLimit);
+        call();
+    }
+
+    /// Nobody wants the answer any more: closes the request as soon as its handle is known.
+    void drop()
+    {
+        if (!std::exchange(ended_, nullptr))
+            return;
+        limit_.stop();
+        if (!calling_)
+            close();
+    }
+
+private Q_SLOTS:
+    void responded(uint code, const QVariantMap& results)
+    {
+        constexpr uint kDone = 0;
+        end(code == kDone ? colorIn(results) : std::nullopt);
+    }
+
+    void failed() { end(std::nullopt); }
+
+private:
+    void call()
+    {
+        const auto token = QStringLiteral("pick%1").arg(
+            QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0'));
+        const auto sender = bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+        // The path is known beforehand, so that not even the fastest answer can be missed.
+        listen(kDesktopPath + QStringLiteral("/request/%1/%2").arg(sender, token));
+        auto message = QDBusMessage::createMethodCall(
+            kService, kDesktopPath, kScreenshot, QStringLiteral("PickColor"));
+        message << QString() << QVariantMap { { QStringLiteral("handle_token"), token } };
+        const auto pending = bus_.asyncCall(message, limit_.interval());
+        connect(new QDBusPendingCallWatcher(pending, this), &QDBusPendingCallWatcher::finished,
+            this, &PortalRequest::called);
+    }
+
+    void called(QDBusPendingCallWatcher* watcher)
+    {
+        calling_ = false;
+        const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
+        watcher->deleteLater();
+        if (reply.isError()) {
+            end(std::nullopt);
+        } else {
+            listen(reply.value().path());
+            if (!ended_)
+                close();
+        }
+    }
+
+    /// Portals of old chose the handle themselves and told it only in their reply.
+    void listen(const QString& handle)
+    {
+        if (handle == handle_)
+            return;
+        const auto* slot = SLOT(responded(uint, QVariantMap));
+        const auto signal = QStringLiteral("Response");
+        if (!handle_.isEmpty())
+            bus_.disconnect(kService, handle_, kRequest, signal, this, slot);
+        handle_ = handle;
+        bus_.connect(kService, handle_, kRequest, signal, this, slot);
+    }
+
+    void expired()
+    {
+        const auto ended = ended_;
+        drop();
+        if (ended)
+            ended(std::nullopt);
+    }
+
+    void close()
+    {
+        bus_.send(
+            QDBusMessage::createMethodCall(kService, handle_, kRequest, QStringLiteral("Close")));
+        deleteLater();
+    }
+
+    void end(const std::optional<Color>& color)
+    {
+        limit_.stop();
+        deleteLater();
+        if (const auto ended = std::exchange(ended_, nullptr))
+            ended(color);
+    }
+
+    Ended ended_;
+    QDBusConnection bus_;
+    QDBusServiceWatcher gone_;
+    QTimer limit_;
+    QString handle_;
+    bool calling_ = true;
+};
+
+PortalColorSampler::PortalColorSampler(std::chrono::milliseconds timeLimit)
+    : timeLimit_(timeLimit)
+{
+}
+
+PortalColorSampler::~PortalColorSampler()
+{
+    if (request_)
+        request_->drop();
+}
+
+void PortalColorSampler::show(SelectionHandler handler)
+{
+    answer_ = std::make_unique<PendingAnswer>(std::move(handler));
+    if (!QDBusConnection::sessionBus().isConnected()) {
+        answer_->give(std::nullopt);
+        return;
+    }
+    // The request tells us nothing once it is dropped, so it never outlives what it calls.
+    request_ = new PortalRequest(
+        timeLimit_, [this](const std::optional<Color>& color) { answer_->give(color); });
+}
+
+} // namespace platform
+
+#include "PortalColorSampler.moc"

@@ -1,0 +1,36 @@
+// The screen pick of the desktop portal, the only one that a Wayland session allows.
+#pragma once
+
+#include "ColorSampler.h"
+
+#include <QPointer>
+
+#include <chrono>
+#include <memory>
+
+namespace platform {
+
+class PendingAnswer;
+class PortalRequest;
+
+/// Asks org.freedesktop.portal.Screenshot for one colour, without ever waiting for the bus.
+///
+/// Whatever goes wrong is nothing: no bus, no portal, a portal that cannot pick or ends in the
+/// middle, an answer of another form, or none within the time limit. A pick that is dropped is
+/// closed at the portal, too.
+class PortalColorSampler final : public ColorSampler {
+public:
+    static constexpr std::chrono::milliseconds kTimeLimit { 120000 };
+
+    explicit PortalColorSampler(std::chrono::milliseconds timeLimit = kTimeLimit);
+    ~PortalColorSampler() override;
+
+    void show(SelectionHandler handler) override;
+
+private:
+    std::chrono::milliseconds timeLimit_;
+    std::unique_ptr<PendingAnswer> answer_;
+    QPointer<PortalRequest> request_;
+};
+
+} // namespace platform

@@ -1,0 +1,59 @@
+#include "X11Departure.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr qint64 kLongestMilliseconds = 700;
+// A compositor goes on showing a window while it fades it out, without a word to anyone.
+constexpr qint64 kFadeMilliseconds = 200;
+constexpr qint64 kRepaintMilliseconds = 30;
+
+} // namespace
+
+X11Departure::X11Departure(const X11Display& display)
+    : display_(display)
+{
+    const auto windows = QGuiApplication::topLevelWindows();
+    for (QWindow* window : windows) {
+        if (!window->isVisible() || window->handle() == nullptr)
+            continue;
+        const auto frame = display_.frameOf(static_cast<xcb_window_t>(window->winId()));
+        windows_.push_back({ window, frame, display_.geometryOf(frame) });
+    }
+}
+
+void X11Departure::begin()
+{
+    const auto stays
+        = [](const Window& each) { return each.window != nullptr && each.window->isVisible(); };
+    windows_.erase(std::remove_if(windows_.begin(), windows_.end(), stays), windows_.end());
+    for (const auto& each : windows_)
+        area_ = area_.united(each.geometry);
+    area_ = area_.intersected(display_.rootGeometry());
+    since_.start();
+}
+
+bool X11Departure::isOver()
+{
+    if (since_.elapsed() > kLongestMilliseconds)
+        return true;
+    if (std::any_of(windows_.begin(), windows_.end(),
+            [&](const Window& each) { return display_.isViewable(each.frame); }))
+        return false;
+    if (!unmapped_.isValid())
+        unmapped_.start();
+    if (unmapped_.elapsed() < (display_.hasCompositor() ? kFadeMilliseconds : kRepaintMilliseconds))
+        return false;
+    const QImage now = display_.read(display_.root(), area_);
+    if (now.isNull() || now == last_)
+        return true;
+    last_ = now;
+    return false;
+}
+
+} // namespace platform

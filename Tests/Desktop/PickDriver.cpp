@@ -1,0 +1,138 @@
+// A little application whose only feature is the screen pick, driven by lines on its standard
+// input.
+//
+//   pick     starts a pick with the sampler of this session; prints "picked R G B" in sRGB or
+//   "nothing" portal   starts one with the portal, which has 1 s to answer loupe    starts one with
+//   the loupe and no fallback, which ends after 1 s without an event drop     destroys the sampler
+//   that is picking alive    prints "alive"
+//
+// With "--window X Y" it has a window that it hides while the loupe shows; prints "hidden" and
+// "shown".
+
+#include "DesktopColorSampler.h"
+#include "PortalColorSampler.h"
+#include "X11ColorSampler.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QRasterWindow>
+#include <QSocketNotifier>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace {
+
+class Window final : public QRasterWindow {
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.fillRect(QRect(QPoint(), size()), Qt::magenta);
+    }
+};
+
+class Driver {
+public:
+    explicit Driver(const QStringList& arguments)
+    {
+        const auto at = arguments.indexOf(QStringLiteral("--window"));
+        if (at >= 0) {
+            window_ = std::make_unique<Window>();
+            window_->setTitle(QStringLiteral("Panel"));
+            window_->setGeometry(arguments[at + 1].toInt(), arguments[at + 2].toInt(), 200, 150);
+            window_->show();
+        }
+        if (arguments.contains(QStringLiteral("--dark")))
+            hooks_.appearance = [] { return appearance(/*dark=*/true); };
+        else
+            hooks_.appearance = [] { return appearance(/*dark=*/false); };
+        hooks_.willShow = [this] { setWindowVisible(false); };
+        hooks_.didEnd = [this] { setWindowVisible(true); };
+    }
+
+    void run(const std::string& command)
+    {
+        const auto known = commands_.find(command);
+        if (known != commands_.end())
+            known->second();
+        else
+            QCoreApplication::exit(1);
+    }
+
+private:
+    static platform::LoupeAppearance appearance(bool dark)
+    {
+        QFont monospaced;
+        monospaced.setFamilies({ QStringLiteral("JetBrains Mono"), QStringLiteral("monospace") });
+        return { dark, QFont(QStringLiteral("Inter")), monospaced };
+    }
+
+    void setWindowVisible(bool visible)
+    {
+        if (!window_)
+            return;
+        window_->setVisible(visible);
+        if (visible)
+            window_->requestActivate();
+        std::cout << (visible ? "shown" : "hidden") << std::endl;
+    }
+
+    void pick(std::unique_ptr<platform::ColorSampler> sampler)
+    {
+        sampler_ = std::move(sampler);
+        sampler_->show([this](const std::optional<platform::Color>& color) {
+            // Like the application, which lets the sampler go before it looks at the answer.
+            sampler_.reset();
+            const auto srgb = color ? platform::inSRGB(*color) : std::nullopt;
+            if (srgb)
+                std::printf("picked %.5f %.5f %.5f\n", srgb->red, srgb->green, srgb->blue);
+            else
+                std::printf("nothing\n");
+            std::fflush(stdout);
+        });
+    }
+
+    std::unique_ptr<Window> window_;
+    platform::SamplerHooks hooks_;
+    std::unique_ptr<platform::ColorSampler> sampler_;
+    std::map<std::string, std::function<void()>> commands_ {
+        { "pick", [this] { pick(platform::makeColorSamplerFactory(hooks_)()); } },
+        { "portal",
+            [this] {
+                pick(std::make_unique<platform::PortalColorSampler>(std::chrono::seconds(1)));
+            } },
+        { "loupe",
+            [this] {
+                const platform::X11ColorSampler::Limits limits { std::chrono::milliseconds(500),
+                    std::chrono::milliseconds(1000) };
+                pick(std::make_unique<platform::X11ColorSampler>(hooks_, nullptr, limits));
+            } },
+        { "drop", [this] { sampler_.reset(); } },
+        { "alive", [] { std::cout << "alive" << std::endl; } },
+    };
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    Driver driver(QCoreApplication::arguments());
+    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &application, [&] {
+        do {
+            std::string line;
+            if (!std::getline(std::cin, line))
+                return QCoreApplication::quit();
+            driver.run(line);
+        } while (std::cin.rdbuf()->in_avail() > 0);
+    });
+    return QGuiApplication::exec();
+}
