@@ -1,0 +1,14 @@
+// The scheduler of a toolkit's event loop.
+#pragma once
+
+#include "Scheduler.h"
+
+namespace platform {
+
+/// Waits with one-shot timers of millisecond precision; none runs when nothing is pending.
+class QtScheduler final : public Scheduler {
+public:
+    void after(std::chrono::milliseconds delay, std::function<void()> task) override;
+};
+
+} // namespace platform
