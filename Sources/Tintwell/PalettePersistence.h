@@ -1,10 +1,12 @@
 // The saved-palette store: the user's library in one JSON file, replaced whole and never lost.
 #pragma once
 
+#include "Directories.h"
 #include "PaletteModels.h"
 #include "Result.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -16,23 +18,25 @@ namespace tintwell {
 /// stores and processes may share a file.
 class PalettePersistence {
 public:
-    explicit PalettePersistence(std::filesystem::path url);
+    /// `now` dates a file that has to be moved aside; without one it is the system's clock.
+    explicit PalettePersistence(
+        std::filesystem::path url, std::function<platform::Timestamp()> now = {});
 
     [[nodiscard]] const std::filesystem::path& url() const { return url_; }
 
-    /// The user's data folder ($XDG_DATA_HOME when absolute, else ~/.local/share; with neither
-    /// known, the home folder and "Library/Application Support"), then
-    /// "Tintwell/saved-palettes.json". Touches nothing on disk.
-    [[nodiscard]] static std::filesystem::path defaultURL();
+    /// The user's data folder (when there is none, the home folder and "Library/Application
+    /// Support"), then "Tintwell/saved-palettes.json". Touches nothing on disk.
+    [[nodiscard]] static std::filesystem::path defaultURL(
+        const platform::Directories& directories = platform::Directories::fromEnvironment());
 
     /// The library in file order; an empty list when there is no file. One error and no list when
     /// any part of it cannot be read.
     [[nodiscard]] platform::Result<std::vector<SavedPalette>> load();
 
     /// Replaces the whole file by `palettes`, atomically, creating missing folders. A file that
-    /// cannot be read is first moved aside. On an error the old file is as it was and no temporary
-    /// file is left.
-    platform::Result<void> save(const std::vector<SavedPalette>& palettes);
+    /// cannot be read is first moved aside to "saved-palettes.json.unreadable-20261122T100000Z". On
+    /// an error the old file is as it was and no temporary file is left.
+    [[nodiscard]] platform::Result<void> save(const std::vector<SavedPalette>& palettes);
 
     /// One change of the library under the file's lock, which is held until this goes.
     class Edit {
@@ -42,12 +46,13 @@ public:
         ~Edit();
 
         /// The list in the file when somebody else wrote it since this store last read or wrote it;
-        /// nothing when the store is up to date or the file cannot be read (`save` will then move
-        /// it aside).
-        [[nodiscard]] std::optional<std::vector<SavedPalette>> changedElsewhere() const;
+        /// nothing when the store is up to date, when there is no file any more (what the store
+        /// knows is then all there is), or when the file cannot be read (`save` will then move it
+        /// aside).
+        [[nodiscard]] const std::optional<std::vector<SavedPalette>>& changedElsewhere() const;
 
         /// As `PalettePersistence::save`, under the lock that is already held.
-        platform::Result<void> save(const std::vector<SavedPalette>& palettes);
+        [[nodiscard]] platform::Result<void> save(const std::vector<SavedPalette>& palettes);
 
     private:
         friend class PalettePersistence;
@@ -56,7 +61,9 @@ public:
         std::unique_ptr<State> state_;
     };
 
-    /// Waits for the lock and opens an edit. Fails when the folder or the lock file cannot be made.
+    /// Waits for the lock and opens an edit; keep it only for as long as the change takes. Fails
+    /// when the folder or the lock file cannot be made, or when somebody holds the lock for ten
+    /// seconds.
     [[nodiscard]] platform::Result<Edit> beginEdit();
 
 private:

@@ -31,27 +31,6 @@ TEST(Text, FindsWhereUtf8Ends)
         EXPECT_EQ(findInvalidUtf8(row.text), row.expected) << row.text;
 }
 
-TEST(Text, TrimsWhatIsNeitherLetterMarkNorNumber)
-{
-    const struct {
-        std::string_view text;
-        std::string_view expected;
-    } rows[] = {
-        { "", "" },
-        { " # ; \t", "" },
-        { "##6E56CF;", "6E56CF" },
-        { " a b ", "a b" },
-        { "—é—", "é" },
-        { "\u00A0Ⅷ²\u3000", "Ⅷ²" },
-        { "e\u0301!", "e\u0301" },
-        { "\U0001F3A8x\U0001F3A8", "x" },
-        { "\xFFx\xC3", "x" },
-        { "x\x80\x80\x80\x80\x80", "x" },
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(trimToAlphanumerics(row.text), row.expected) << row.text;
-}
-
 TEST(Text, NamesFailuresInPlainWords)
 {
     EXPECT_EQ(reasonText(ENOSPC), "the disk is full");

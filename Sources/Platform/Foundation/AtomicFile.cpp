@@ -35,6 +35,20 @@ Error fileError(const path& file, std::string_view what, int errorNumber)
         + reasonText(errorNumber) };
 }
 
+Error notRegularError(const path& file, std::string_view what, mode_t mode)
+{
+    if (S_ISDIR(mode))
+        return fileError(file, what, EISDIR);
+    return { file.filename().string() + " could not be " + std::string(what)
+        + ": it is not a regular file" };
+}
+
+Error tooLargeError(const path& file, std::size_t maxBytes)
+{
+    return { file.filename().string() + " could not be read: it is larger than "
+        + std::to_string(maxBytes / 1'000'000) + " MB" };
+}
+
 std::string temporaryPrefix(const path& target)
 {
     return "." + target.filename().string() + ".";
@@ -128,11 +142,23 @@ Result<FileDescriptor> openRegularFile(const path& file, struct stat& status)
         [&] { return ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
     if (!opened.isOpen() || ::fstat(opened.number(), &status) != 0)
         return fileError(file, "read", errno);
-    if (S_ISDIR(status.st_mode))
-        return fileError(file, "read", EISDIR);
     if (!S_ISREG(status.st_mode))
-        return Error { file.filename().string() + " could not be read: it is not a regular file" };
+        return notRegularError(file, "read", status.st_mode);
     return opened;
+}
+
+/// 0 or the reason; EEXIST when there is something at `to`.
+int renameWithoutReplacing(const path& from, const path& to)
+{
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL)
+        return errno;
+    // This file system cannot do both at once.
+    struct stat status { };
+    if (::lstat(to.c_str(), &status) == 0)
+        return EEXIST;
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -165,8 +191,10 @@ Result<std::string> readWholeFile(const path& file, std::size_t maxBytes, FileSt
     const auto opened = openRegularFile(file, status);
     if (!opened)
         return opened.error();
+    if (static_cast<std::uintmax_t>(status.st_size) > maxBytes)
+        return tooLargeError(file, maxBytes);
     // One byte more than expected, so that the read that finds the end needs no second buffer.
-    std::string bytes(std::min(static_cast<std::size_t>(status.st_size), maxBytes) + 1, '\0');
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
     std::size_t length = 0;
     for (;;) {
         const auto count = retryInterrupted([&] {
@@ -178,8 +206,7 @@ Result<std::string> readWholeFile(const path& file, std::size_t maxBytes, FileSt
             break;
         length += static_cast<std::size_t>(count);
         if (length > maxBytes)
-            return Error { file.filename().string() + " could not be read: it is larger than "
-                + std::to_string(maxBytes / 1'000'000) + " MB" };
+            return tooLargeError(file, maxBytes);
         if (length == bytes.size())
             bytes.resize(std::min(bytes.size() * 2, maxBytes + 1));
     }
@@ -196,8 +223,8 @@ Result<void> writeFileAtomically(const path& file, std::string_view bytes, FileS
     const bool replaces = ::stat(target.c_str(), &old) == 0;
     if (!replaces && errno != ENOENT)
         return fileError(file, "written", errno);
-    if (replaces && S_ISDIR(old.st_mode))
-        return fileError(file, "written", EISDIR);
+    if (replaces && !S_ISREG(old.st_mode))
+        return notRegularError(file, "written", old.st_mode);
     TemporaryFile temporary(target);
     if (!temporary.isOpen() || (replaces && !temporary.adopt(old)) || !temporary.write(bytes)
         || !temporary.takePlace(stamp))
@@ -212,18 +239,38 @@ void removeAbandonedTemporaries(const path& file)
 {
     const path target = followSymlinks(file);
     const std::string prefix = temporaryPrefix(target);
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(target.parent_path(), ignored)) {
-        const std::string name = entry.path().filename().string();
+    const path folder = target.has_parent_path() ? target.parent_path() : ".";
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const path& found = entry->path();
+        const std::string name = found.filename().string();
         if (name.starts_with(prefix) && name.ends_with(temporarySuffix))
-            std::filesystem::remove(entry.path(), ignored);
+            ::unlink(found.c_str());
+    }
+}
+
+Result<path> moveAside(const path& file, std::string_view suffix)
+{
+    const path target = followSymlinks(file);
+    for (int number = 1;; ++number) {
+        path aside = target;
+        aside += suffix;
+        if (number > 1)
+            aside += "-" + std::to_string(number);
+        const int failure = renameWithoutReplacing(target, aside);
+        if (failure == 0)
+            return aside;
+        if (failure != EEXIST)
+            return fileError(file, "moved aside", failure);
     }
 }
 
 Result<void> createFolders(const path& folder)
 {
     std::error_code error;
-    std::filesystem::create_directories(folder, error);
+    if (!folder.empty())
+        std::filesystem::create_directories(folder, error);
     if (error)
         return Error { "The folder " + folder.string()
             + " could not be made: " + reasonText(error.value()) };

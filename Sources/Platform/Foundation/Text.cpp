@@ -25,39 +25,13 @@ std::size_t skipAsciiWords(std::string_view text, std::size_t offset)
     return offset;
 }
 
-struct CodePoint {
-    utf8proc_int32_t value = -1;
-    std::size_t length = 1;
-};
-
-/// The character that starts `text`; -1 and one byte when it is not UTF-8.
-CodePoint firstCodePoint(std::string_view text)
+/// How many bytes the character takes that starts `text`; nothing when it is not UTF-8.
+std::optional<std::size_t> firstCharacterLength(std::string_view text)
 {
-    CodePoint point;
+    utf8proc_int32_t codePoint = -1;
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-        static_cast<utf8proc_ssize_t>(text.size()), &point.value);
-    point.length = length > 0 ? static_cast<std::size_t>(length) : 1;
-    return point;
-}
-
-/// The character that ends `text`.
-CodePoint lastCodePoint(std::string_view text)
-{
-    constexpr std::size_t longest = 4;
-    for (std::size_t length = 1; length <= longest && length <= text.size(); ++length) {
-        const auto point = firstCodePoint(text.substr(text.size() - length));
-        if (point.value >= 0 && point.length == length)
-            return point;
-    }
-    return {};
-}
-
-bool isAlphanumeric(utf8proc_int32_t codePoint)
-{
-    if (codePoint < 0)
-        return false;
-    const auto category = utf8proc_category(codePoint);
-    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
+        static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+    return length > 0 ? std::optional(static_cast<std::size_t>(length)) : std::nullopt;
 }
 
 } // namespace
@@ -70,29 +44,12 @@ std::optional<std::size_t> findInvalidUtf8(std::string_view text)
             ++offset;
             continue;
         }
-        const auto point = firstCodePoint(text.substr(offset));
-        if (point.value < 0)
+        const auto length = firstCharacterLength(text.substr(offset));
+        if (!length)
             return offset;
-        offset = skipAsciiWords(text, offset + point.length);
+        offset = skipAsciiWords(text, offset + *length);
     }
     return std::nullopt;
-}
-
-std::string_view trimToAlphanumerics(std::string_view text)
-{
-    while (!text.empty()) {
-        const auto point = firstCodePoint(text);
-        if (isAlphanumeric(point.value))
-            break;
-        text.remove_prefix(point.length);
-    }
-    while (!text.empty()) {
-        const auto point = lastCodePoint(text);
-        if (isAlphanumeric(point.value))
-            break;
-        text.remove_suffix(point.length);
-    }
-    return text;
 }
 
 std::string reasonText(int errorNumber)

@@ -1,0 +1,406 @@
+#include "PalettePersistence.h"
+
+#include "AtomicFile.h"
+#include "FileLock.h"
+#include "TemporaryFolder.h"
+
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tintwell {
+namespace {
+
+namespace fs = std::filesystem;
+using Library = std::vector<SavedPalette>;
+using Names = std::vector<std::string>;
+using platform::contentOf;
+using platform::TemporaryFolder;
+using platform::writeContent;
+
+SavedPalette named(const std::string& name)
+{
+    return { .id = platform::Uuid::random(),
+        .name = name,
+        .createdAt = *platform::parseIso8601("2026-11-22T10:00:00Z"),
+        .source = RGBAColor(0.1, 0.2, 0.3, 1),
+        .colors = { { "source", name, RGBAColor(1.0 / 3, 0, 0.1, 1), "x/y" } } };
+}
+
+Library libraryNamed(const std::string& name, std::size_t count)
+{
+    Library library;
+    for (std::size_t i = 0; i < count; ++i)
+        library.push_back(named(name));
+    return library;
+}
+
+Names namesIn(const Library& library)
+{
+    Names names;
+    for (const auto& palette : library)
+        names.push_back(palette.name);
+    return names;
+}
+
+platform::Timestamp fixedTime()
+{
+    return *platform::parseIso8601("2026-11-22T10:00:00Z");
+}
+
+PalettePersistence storeAt(const fs::path& file)
+{
+    return PalettePersistence(file, fixedTime);
+}
+
+Library loaded(const fs::path& file)
+{
+    auto library = storeAt(file).load();
+    EXPECT_TRUE(library) << library.error().description;
+    return library ? library.value() : Library {};
+}
+
+/// What every writer of a shared library does: its one change, applied to what is in the file.
+bool insertPalette(PalettePersistence& store, Library& library, SavedPalette palette)
+{
+    auto edit = store.beginEdit();
+    if (!edit)
+        return false;
+    if (const auto& changed = edit.value().changedElsewhere())
+        library = *changed;
+    library.insert(library.begin(), std::move(palette));
+    return edit.value().save(library).hasValue();
+}
+
+/// Starts a process that runs `body` and ends with 0 if it returns true.
+pid_t startChild(const std::function<bool()>& body)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(body() ? 0 : 1);
+    return child;
+}
+
+bool endedWell(pid_t child)
+{
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(PalettePersistence, LivesInTheDataFolder)
+{
+    EXPECT_EQ(PalettePersistence::defaultURL({ .home = "/home/ada",
+                  .dataHome = "/home/ada/.local/share",
+                  .configHome = {},
+                  .runtimeDir = {} }),
+        "/home/ada/.local/share/Tintwell/saved-palettes.json");
+    EXPECT_EQ(PalettePersistence::defaultURL(
+                  { .home = "/home/ada", .dataHome = {}, .configHome = {}, .runtimeDir = {} }),
+        "/home/ada/Library/Application Support/Tintwell/saved-palettes.json");
+}
+
+TEST(PalettePersistence, StartsEmptyAndKeepsWhatIsSaved)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "data/Tintwell/saved-palettes.json";
+    EXPECT_EQ(loaded(file), Library {});
+    EXPECT_EQ(folder.names(), Names {});
+
+    const auto library = libraryNamed("Violet", 3);
+    ASSERT_TRUE(storeAt(file).save(library));
+    EXPECT_EQ(loaded(file), library);
+    ASSERT_TRUE(storeAt(file).save({}));
+    EXPECT_EQ(contentOf(file), "[]\n");
+    EXPECT_EQ(loaded(file), Library {});
+}
+
+TEST(PalettePersistence, NamesTheFileInEveryError)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    writeContent(file, "[{}]");
+    const auto broken = storeAt(file).load();
+    ASSERT_FALSE(broken);
+    EXPECT_EQ(broken.error().description,
+        R"(saved-palettes.json: entry 1: the member "colors" is missing)");
+
+    auto library = libraryNamed("Violet", 1);
+    library[0].source = RGBAColor::stored(std::nan(""), 0, 0, 1);
+    const auto saved = storeAt(file).save(library);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().description,
+        R"(saved-palettes.json: entry 1, "source", "red": is not a finite number)");
+    EXPECT_EQ(contentOf(file), "[{}]");
+}
+
+TEST(PalettePersistence, MovesAFileItCannotReadAside)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    const auto lock = file.filename().string() + ".lock";
+    const Names asides { "saved-palettes.json.unreadable-20261122T100000Z",
+        "saved-palettes.json.unreadable-20261122T100000Z-2" };
+    for (const char* content : { "first, not JSON", "second, not JSON" }) {
+        writeContent(file, content);
+        auto store = storeAt(file);
+        EXPECT_FALSE(store.load());
+        ASSERT_TRUE(store.save(libraryNamed("new", 1)));
+        ASSERT_TRUE(store.save(libraryNamed("newer", 1)));
+        EXPECT_EQ(namesIn(loaded(file)), Names { "newer" });
+    }
+    EXPECT_EQ(contentOf(folder / asides[0].c_str()), "first, not JSON");
+    EXPECT_EQ(contentOf(folder / asides[1].c_str()), "second, not JSON");
+    EXPECT_EQ(folder.names(), (Names { file.filename(), lock, asides[0], asides[1] }));
+}
+
+TEST(PalettePersistence, TakesUpAFileThatWasRepairedMeanwhile)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    writeContent(file, "not JSON");
+    auto store = storeAt(file);
+    EXPECT_FALSE(store.load());
+    fs::remove(file);
+    ASSERT_TRUE(storeAt(file).save(libraryNamed("repaired", 1)));
+    Library library;
+    ASSERT_TRUE(insertPalette(store, library, named("new")));
+    EXPECT_EQ(namesIn(loaded(file)), (Names { "new", "repaired" }));
+    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+}
+
+TEST(PalettePersistence, AFolderInItsPlaceIsAnErrorAndStays)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    fs::create_directory(file);
+    const auto library = storeAt(file).load();
+    ASSERT_FALSE(library);
+    EXPECT_EQ(library.error().description,
+        "saved-palettes.json could not be read: a folder is in its place");
+    const auto saved = storeAt(file).save({});
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().description,
+        "saved-palettes.json could not be written: a folder is in its place");
+    EXPECT_TRUE(fs::is_directory(file));
+    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+
+    writeContent(folder / "plain", "x");
+    EXPECT_EQ(loaded(folder / "plain/saved-palettes.json"), Library {});
+    const auto inFile = storeAt(folder / "plain/saved-palettes.json").save({});
+    ASSERT_FALSE(inFile);
+    EXPECT_EQ(inFile.error().description,
+        "The folder " + (folder / "plain").string()
+            + " could not be made: a part of its path is not a folder");
+}
+
+TEST(PalettePersistence, TellsWhatOthersWroteOnlyOnce)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    auto first = storeAt(file);
+    auto second = storeAt(file);
+    Library firstList = first.load().value();
+    Library secondList = second.load().value();
+    ASSERT_TRUE(insertPalette(first, firstList, named("a")));
+    ASSERT_TRUE(insertPalette(second, secondList, named("b")));
+    ASSERT_TRUE(insertPalette(first, firstList, named("c")));
+    EXPECT_EQ(namesIn(loaded(file)), (Names { "c", "b", "a" }));
+    EXPECT_EQ(first.beginEdit().value().changedElsewhere(), std::nullopt);
+    EXPECT_EQ(second.beginEdit().value().changedElsewhere(), firstList);
+    // Looking alone does not count as having read it.
+    EXPECT_EQ(second.beginEdit().value().changedElsewhere(), firstList);
+
+    // What the store knows is all there is once the file is gone.
+    fs::remove(file);
+    EXPECT_EQ(first.beginEdit().value().changedElsewhere(), std::nullopt);
+}
+
+TEST(PalettePersistence, AnEditKeepsOthersOut)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    auto store = storeAt(file);
+    {
+        const auto edit = store.beginEdit();
+        ASSERT_TRUE(edit);
+        EXPECT_FALSE(platform::FileLock::acquire(file, std::chrono::milliseconds { 5 }));
+    }
+    EXPECT_TRUE(platform::FileLock::acquire(file, std::chrono::milliseconds { 0 }));
+}
+
+TEST(PalettePersistence, KeepsALinkToALibraryElsewhere)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "synced");
+    const auto link = folder / "saved-palettes.json";
+    fs::create_symlink("synced/palettes.json", link);
+    ASSERT_TRUE(storeAt(link).save(libraryNamed("a", 1)));
+    writeContent(folder / "synced/palettes.json", "broken");
+    ASSERT_TRUE(storeAt(link).save(libraryNamed("b", 1)));
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(namesIn(loaded(folder / "synced/palettes.json")), Names { "b" });
+    EXPECT_EQ(contentOf(folder / "synced/palettes.json.unreadable-20261122T100000Z"), "broken");
+}
+
+/// How long one save takes here, mostly the disk's own time.
+std::chrono::microseconds timeOfOneSave(const fs::path& file, const Library& library)
+{
+    using std::chrono::steady_clock;
+    const auto start = steady_clock::now();
+    EXPECT_TRUE(storeAt(file).save(library));
+    return std::chrono::ceil<std::chrono::microseconds>(steady_clock::now() - start);
+}
+
+TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    const auto longest = 2 * timeOfOneSave(file, libraryNamed("0", 40)).count();
+    std::mt19937 random(3);
+    int number = 0;
+    int saved = 0;
+    int interrupted = 0;
+    for (int round = 0; round < 500; ++round) {
+        const pid_t child = startChild([&] {
+            auto store = storeAt(file);
+            for (int next = number + 1;; ++next)
+                if (!store.save(libraryNamed(std::to_string(next), 40)))
+                    return false;
+        });
+        std::this_thread::sleep_for(std::chrono::microseconds { random() % longest });
+        ::kill(child, SIGKILL);
+        EXPECT_FALSE(endedWell(child));
+
+        const auto library = loaded(file);
+        ASSERT_EQ(library.size(), 40U);
+        const int current = std::stoi(library[0].name);
+        ASSERT_EQ(namesIn(library), Names(40, library[0].name));
+        ASSERT_GE(current, number);
+        saved += current > number ? 1 : 0;
+        interrupted += folder.names().size() > 2 ? 1 : 0;
+        number = current;
+    }
+    // Many were killed after a whole save, and many while the new file stood beside the old one.
+    EXPECT_GT(saved, 10);
+    EXPECT_GT(interrupted, 10);
+    ASSERT_TRUE(storeAt(file).save({}));
+    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+}
+
+TEST(PalettePersistence, TwoProcessesLoseNothing)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    const auto writer = [&](const std::string& name) {
+        return startChild([&file, name] {
+            auto store = storeAt(file);
+            auto library = store.load().value();
+            for (int i = 0; i < 200; ++i)
+                if (!insertPalette(store, library, named(name + std::to_string(i))))
+                    return false;
+            return true;
+        });
+    };
+    const pid_t first = writer("a");
+    const pid_t second = writer("b");
+    EXPECT_TRUE(endedWell(first));
+    EXPECT_TRUE(endedWell(second));
+    const auto names = namesIn(loaded(file));
+    EXPECT_EQ(names.size(), 400U);
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 400U);
+}
+
+/// Tries to save in a process that `limit` has put into a tight spot, then looks whether the old
+/// library is all there is.
+void expectOldLibraryAfter(const fs::path& folder, const std::function<bool()>& limit,
+    const std::string& error, std::size_t newSize)
+{
+    const auto file = folder / "saved-palettes.json";
+    const auto child = startChild([&] {
+        if (!limit())
+            return false;
+        const auto saved = storeAt(file).save(libraryNamed("new", newSize));
+        if (!saved && saved.error().description != error)
+            std::fprintf(stderr, "%s\n", saved.error().description.c_str());
+        return !saved && saved.error().description == error;
+    });
+    EXPECT_TRUE(endedWell(child));
+}
+
+TEST(PalettePersistence, AFullDiskLeavesTheOldLibrary)
+{
+    for (const char* old : { "library", "unreadable" }) {
+        const TemporaryFolder folder;
+        const auto file = folder / "saved-palettes.json";
+        if (old == std::string("library"))
+            ASSERT_TRUE(storeAt(file).save(libraryNamed("old", 1)));
+        else
+            writeContent(file, old);
+        const auto content = contentOf(file);
+        expectOldLibraryAfter(
+            folder.path(),
+            [] {
+                ::signal(SIGXFSZ, SIG_IGN);
+                const rlimit limit { 50'000, 50'000 };
+                return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
+            },
+            "saved-palettes.json could not be written: it would be too large", 1000);
+        EXPECT_EQ(contentOf(file), content);
+        const auto names = folder.names();
+        EXPECT_EQ(std::set<std::string>(names.begin(), names.end()),
+            (std::set<std::string> { "saved-palettes.json", "saved-palettes.json.lock" }));
+    }
+}
+
+TEST(PalettePersistence, AFullFileSystemLeavesTheOldLibrary)
+{
+    const TemporaryFolder folder;
+    if (::mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=256k") != 0)
+        GTEST_SKIP() << "this process may not mount a small file system";
+    const auto file = folder / "saved-palettes.json";
+    EXPECT_TRUE(storeAt(file).save(libraryNamed("old", 1)));
+    expectOldLibraryAfter(
+        folder.path(), [] { return true; },
+        "saved-palettes.json could not be written: the disk is full", 1000);
+    EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
+    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+    ::umount(folder.path().c_str());
+}
+
+TEST(PalettePersistence, AReadOnlyFolderLeavesTheOldLibrary)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "saved-palettes.json";
+    ASSERT_TRUE(storeAt(file).save(libraryNamed("old", 1)));
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
+    const auto becomeOrdinaryUser = [] {
+        constexpr uid_t nobody = 65534;
+        return ::getuid() != 0
+            || (::setresgid(nobody, nobody, nobody) == 0
+                && ::setresuid(nobody, nobody, nobody) == 0);
+    };
+    expectOldLibraryAfter(folder.path(), becomeOrdinaryUser,
+        "saved-palettes.json could not be written: permission is denied", 1);
+    EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
+
+    fs::remove(folder / "saved-palettes.json.lock");
+    expectOldLibraryAfter(folder.path(), becomeOrdinaryUser,
+        "saved-palettes.json.lock could not be made: permission is denied", 1);
+    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+}
+
+} // namespace
+} // namespace tintwell
