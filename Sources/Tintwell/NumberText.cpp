@@ -27,7 +27,8 @@ std::string contrastText(double ratio)
     const auto end = std::to_chars(
         digits.data(), digits.data() + digits.size(), std::abs(ratio), std::chars_format::fixed, 1);
     std::string text(digits.data(), end.ptr);
-    return text += ":1 contrast";
+    text += ":1 contrast";
+    return text;
 }
 
 std::string numbered(std::string_view prefix, std::int64_t number)
@@ -38,7 +39,8 @@ std::string numbered(std::string_view prefix, std::int64_t number)
         digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
     std::string text;
     text.reserve(prefix.size() + decimal.size());
-    return text.append(prefix).append(decimal);
+    text.append(prefix).append(decimal);
+    return text;
 }
 
 } // namespace tintwell
