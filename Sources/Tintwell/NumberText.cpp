@@ -20,13 +20,19 @@ std::string signedDegrees(double degrees)
     return numbered(degrees < 0 ? "\u2212" : "+", roundedHalfAway(std::abs(degrees))) + "\u00B0";
 }
 
+std::string fixedPoint(double value, int decimals)
+{
+    // The largest double has 309 digits before the point.
+    std::array<char, 352> digits {};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+        std::chars_format::fixed, std::clamp(decimals, 0, 32));
+    return { digits.data(), end.ptr };
+}
+
 std::string contrastText(double ratio)
 {
-    std::array<char, 32> digits {};
     // The sign of what is not a number says nothing; ratios of real colours have none.
-    const auto end = std::to_chars(
-        digits.data(), digits.data() + digits.size(), std::abs(ratio), std::chars_format::fixed, 1);
-    std::string text(digits.data(), end.ptr);
+    auto text = fixedPoint(std::abs(ratio), 1);
     text += ":1 contrast";
     return text;
 }
