@@ -79,8 +79,7 @@ std::string ColorNamer::name(const OKLCH& color) const
     if (color.chroma < neutralChromaLimit)
         return std::string(nameIn(neutralsByLightness, color.lightness, otherNeutral));
     std::string name(modifierOf(color));
-    name += nameIn(familiesByHue, color.hue, otherFamily);
-    return name;
+    return name += nameIn(familiesByHue, color.hue, otherFamily);
 }
 
 } // namespace tintwell

@@ -110,16 +110,20 @@ RGBAColor OKLCH::toSRGB(double alpha) const
     if (const auto linear = ray.at(value.chroma); isInsideGamut(linear))
         return encoded(linear, alpha);
 
-    // `low` stays a chroma that fits; 0 is the grey of this lightness, whether it fits or not.
+    auto fitted = ray.at(0);
     double low = 0;
     double high = value.chroma;
     for (int step = 0; step < 24; ++step) {
         const double middle = (high + low) * 0.5;
-        const bool fits = isInsideGamut(ray.at(middle));
-        low = fits ? middle : low;
-        high = fits ? high : middle;
+        const auto candidate = ray.at(middle);
+        if (isInsideGamut(candidate)) {
+            fitted = candidate;
+            low = middle;
+        } else {
+            high = middle;
+        }
     }
-    return encoded(ray.at(low), alpha);
+    return encoded(fitted, alpha);
 }
 
 } // namespace tintwell

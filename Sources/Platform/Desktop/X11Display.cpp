@@ -97,12 +97,12 @@ std::vector<std::byte> X11Display::rootProperty(const std::string& name) const
     return { bytes, bytes + xcb_get_property_value_length(reply.get()) };
 }
 
-bool X11Display::hasSelectionOwner(const std::string& selection) const
+xcb_window_t X11Display::selectionOwner(const std::string& selection) const
 {
     const auto cookie = xcb_get_selection_owner(connection_, atom(selection));
     const Reply<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(connection_, cookie, nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
 bool X11Display::hasCompositor() const
@@ -120,6 +120,14 @@ QPoint X11Display::pointer() const
     const Reply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, root()), nullptr));
     return reply ? QPoint(reply->root_x, reply->root_y) : QPoint();
+}
+
+bool X11Display::isButtonDown() const
+{
+    constexpr unsigned kButtons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    const Reply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, root()), nullptr));
+    return reply && (reply->mask & kButtons) != 0;
 }
 
 xcb_window_t X11Display::frameOf(xcb_window_t window) const

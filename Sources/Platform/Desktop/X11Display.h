@@ -29,12 +29,19 @@ public:
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
     /// The bytes of a property of the root window; empty when it is not there.
     [[nodiscard]] std::vector<std::byte> rootProperty(const std::string& name) const;
-    [[nodiscard]] bool hasSelectionOwner(const std::string& selection) const;
+    /// The window that owns a selection; none when nobody does.
+    [[nodiscard]] xcb_window_t selectionOwner(const std::string& selection) const;
+    [[nodiscard]] bool hasSelectionOwner(const std::string& selection) const
+    {
+        return selectionOwner(selection) != XCB_WINDOW_NONE;
+    }
     [[nodiscard]] bool hasCompositor() const;
 
     [[nodiscard]] QRect rootGeometry() const;
     /// The pixel under the pointer, exactly; the toolkit only knows it in whole logical pixels.
     [[nodiscard]] QPoint pointer() const;
+    /// Whether a pointer button is down, whichever program it was pressed in.
+    [[nodiscard]] bool isButtonDown() const;
 
     /// The child of the root window in which `window` lies: the window manager's frame, or itself.
     [[nodiscard]] xcb_window_t frameOf(xcb_window_t window) const;

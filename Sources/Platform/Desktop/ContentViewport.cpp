@@ -1,0 +1,62 @@
+// Shows a widget of fixed size in whatever room there is.
+#include "ContentViewport.h"
+
+#include <QScrollArea>
+
+#include <utility>
+
+namespace platform {
+
+ContentViewport::ContentViewport(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+void ContentViewport::setContent(QWidget* content)
+{
+    content_ = content;
+    content->setParent(this);
+    content->move(0, 0);
+    content->show();
+    fit();
+}
+
+QWidget* ContentViewport::takeContent()
+{
+    auto* content = std::exchange(content_, nullptr);
+    if (content == nullptr)
+        return nullptr;
+    content->hide();
+    content->setParent(nullptr);
+    delete std::exchange(scroller_, nullptr);
+    return content;
+}
+
+QSize ContentViewport::sizeHint() const
+{
+    return content_ != nullptr ? content_->size() : QSize();
+}
+
+void ContentViewport::resizeEvent(QResizeEvent* /*event*/)
+{
+    fit();
+}
+
+void ContentViewport::fit()
+{
+    if (content_ == nullptr)
+        return;
+    const bool fits = width() >= content_->width() && height() >= content_->height();
+    if (!fits && scroller_ == nullptr) {
+        scroller_ = new QScrollArea(this);
+        scroller_->setFrameShape(QFrame::NoFrame);
+        scroller_->setWidget(content_);
+        scroller_->show();
+    } else if (fits && scroller_ != nullptr) {
+        setContent(takeContent());
+    }
+    if (scroller_ != nullptr)
+        scroller_->setGeometry(rect());
+}
+
+} // namespace platform

@@ -1,0 +1,72 @@
+// An ordinary window of fixed size around one widget.
+#include "ContentWindow.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+namespace platform {
+
+namespace {
+
+/// What a title bar and borders take at most.
+constexpr QSize kDecoration { 8, 40 };
+
+} // namespace
+
+ContentWindow::ContentWindow(const QString& title, std::function<void()> closed)
+    : QWidget(nullptr,
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+            | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
+    , closed_(std::move(closed))
+    , viewport_(this)
+{
+    setWindowTitle(title);
+}
+
+void ContentWindow::setContent(QWidget* content)
+{
+    viewport_.setContent(content);
+    fitToScreen();
+}
+
+void ContentWindow::fitToScreen()
+{
+    const auto room = QGuiApplication::primaryScreen()->availableGeometry();
+    const auto size = viewport_.sizeHint().boundedTo(room.size() - kDecoration);
+    viewport_.resize(size);
+    setFixedSize(size);
+    if (!isVisible())
+        move(room.center() - rect().center());
+}
+
+void ContentWindow::present()
+{
+    if (isMinimized())
+        showNormal();
+    show();
+    // Before anything reaches the widgets inside.
+    windowHandle()->installEventFilter(this);
+    raise();
+    activateWindow();
+}
+
+void ContentWindow::closeEvent(QCloseEvent* event)
+{
+    // Accepted, or the application could not quit while the window is open.
+    event->accept();
+    hide();
+    closed_();
+}
+
+bool ContentWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto type = event->type();
+    if (type == QEvent::MouseButtonPress || type == QEvent::Wheel || type == QEvent::KeyPress
+        || type == QEvent::TouchBegin)
+        wasUsed_ = true;
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace platform

@@ -1,0 +1,63 @@
+// A tray item inside the window of an X11 tray.
+#include "EmbeddedItem.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QImage>
+#include <QScreen>
+#include <QTimer>
+
+#include <chrono>
+
+namespace platform {
+
+namespace {
+
+/// The tray has placed and painted the item well before.
+constexpr std::chrono::milliseconds kDockingTime { 300 };
+
+} // namespace
+
+EmbeddedItem::EmbeddedItem(
+    const StatusItem::Content& content, const StatusIcon& icon, Handlers handlers)
+    : icon_(icon)
+    , bar_(StatusIcon::likelyBar())
+{
+    QObject::connect(&item_, &QSystemTrayIcon::activated, &item_,
+        [handlers = std::move(handlers)](QSystemTrayIcon::ActivationReason reason) {
+            // The second of two quick clicks.
+            if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                handlers.activated();
+            else if (reason == QSystemTrayIcon::Context)
+                handlers.menuWanted();
+        });
+    item_.setToolTip(QString::fromStdString(content.title));
+    setIcon(bar_);
+    item_.show();
+    QTimer::singleShot(kDockingTime, &item_, [this] { matchBar(); });
+}
+
+void EmbeddedItem::setIcon(StatusIcon::Bar bar)
+{
+    bar_ = bar;
+    QIcon icon;
+    for (const auto& pixmap : icon_.pixmaps(bar))
+        icon.addPixmap(pixmap);
+    item_.setIcon(icon);
+}
+
+void EmbeddedItem::matchBar()
+{
+    const auto corner = item_.geometry().topLeft();
+    auto* screen = QGuiApplication::screenAt(corner);
+    if (item_.geometry().isEmpty() || screen == nullptr)
+        return;
+    const auto place = corner - screen->geometry().topLeft();
+    const auto pixel = screen->grabWindow(0, place.x(), place.y(), 1, 1).toImage();
+    if (pixel.isNull())
+        return;
+    if (const auto bar = StatusIcon::barOfColor(pixel.pixelColor(0, 0)); bar != bar_)
+        setIcon(bar);
+}
+
+} // namespace platform

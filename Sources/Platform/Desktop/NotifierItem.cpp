@@ -1,0 +1,135 @@
+// A tray item over the bus.
+#include "NotifierItem.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QImage>
+#include <QtEndian>
+
+namespace platform {
+
+namespace {
+
+constexpr auto kItemPath = "/StatusNotifierItem";
+constexpr auto kMenuPath = "/MenuBar";
+
+NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
+{
+    const auto image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    NotifierPixmap result { image.width(), image.height(),
+        QByteArray(image.width() * image.height() * 4, Qt::Uninitialized) };
+    auto* out = result.argb.data();
+    for (int y = 0; y < image.height(); ++y, out += image.width() * 4)
+        qToBigEndian<quint32>(image.constScanLine(y), image.width(), out);
+    return result;
+}
+
+} // namespace
+
+QDBusArgument& operator<<(QDBusArgument& argument, const NotifierPixmap& pixmap)
+{
+    argument.beginStructure();
+    argument << pixmap.width << pixmap.height << pixmap.argb;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& pixmap)
+{
+    argument.beginStructure();
+    argument >> pixmap.width >> pixmap.height >> pixmap.argb;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip)
+{
+    argument.beginStructure();
+    argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.text;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& toolTip)
+{
+    argument.beginStructure();
+    argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.text;
+    argument.endStructure();
+    return argument;
+}
+
+NotifierItem::NotifierItem(const StatusItem::Content& content, QString iconName, Handlers handlers)
+    : id_(QString::fromStdString(content.id))
+    , title_(QString::fromStdString(content.title))
+    , iconName_(std::move(iconName))
+    , handlers_(std::move(handlers))
+    , menu_(content.menu)
+    , service_(
+          QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid()))
+{
+    qDBusRegisterMetaType<NotifierPixmap>();
+    qDBusRegisterMetaType<QList<NotifierPixmap>>();
+    qDBusRegisterMetaType<NotifierToolTip>();
+    auto bus = QDBusConnection::sessionBus();
+    bus.registerObject(QString::fromLatin1(kMenuPath), &menu_,
+        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+    bus.registerObject(QString::fromLatin1(kItemPath), this, QDBusConnection::ExportAllContents);
+    bus.registerService(service_);
+}
+
+NotifierItem::~NotifierItem()
+{
+    auto bus = QDBusConnection::sessionBus();
+    bus.unregisterService(service_);
+    bus.unregisterObject(QString::fromLatin1(kItemPath));
+    bus.unregisterObject(QString::fromLatin1(kMenuPath));
+}
+
+QDBusObjectPath NotifierItem::menu() const
+{
+    return QDBusObjectPath(QString::fromLatin1(kMenuPath));
+}
+
+void NotifierItem::setIcon(const QList<QPixmap>& sizes)
+{
+    icon_.clear();
+    for (const auto& pixmap : sizes)
+        icon_.append(toNotifierPixmap(pixmap));
+    Q_EMIT NewIcon();
+}
+
+void NotifierItem::announce()
+{
+    const auto watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+    auto call = QDBusMessage::createMethodCall(watcher, QStringLiteral("/StatusNotifierWatcher"),
+        watcher, QStringLiteral("RegisterStatusNotifierItem"));
+    call << service_;
+    QDBusConnection::sessionBus().send(call);
+}
+
+void NotifierItem::Activate(int /*x*/, int /*y*/)
+{
+    handlers_.activated();
+}
+
+void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/)
+{
+    handlers_.activated();
+}
+
+void NotifierItem::ContextMenu(int /*x*/, int /*y*/)
+{
+    handlers_.menuWanted();
+}
+
+void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) { }
+
+void NotifierItem::ProvideXdgActivationToken(const QString& token)
+{
+    // Qt's Wayland plugin takes it from there when a window asks for the focus next.
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+} // namespace platform

@@ -1,0 +1,119 @@
+// The shadow, outline and round corners of the panel.
+#include "PanelFrame.h"
+
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+constexpr double kRadius = 12;
+constexpr double kOutlineWidth = 0.75;
+constexpr double kShadowDrop = 16;
+/// Half the blur of 40.
+constexpr double kShadowSigma = 20;
+constexpr double kShadowAlpha = 0.32;
+/// Where the shadow has faded away.
+constexpr int kShadowReach = 52;
+/// A blur this wide loses nothing at a quarter of the size.
+constexpr int kShadowShrink = 4;
+
+/// The share of a Gaussian's weight below `x`.
+double coverage(double x)
+{
+    return 0.5 * std::erfc(-x / (kShadowSigma * std::sqrt(2.0)));
+}
+
+} // namespace
+
+QMargins PanelFrame::shadowRoom(QPoint direction) const
+{
+    if (!composited_)
+        return {};
+    const auto drop = static_cast<int>(kShadowDrop);
+    QMargins room(kShadowReach, kShadowReach - drop, kShadowReach, kShadowReach + drop);
+    if (direction.y() > 0)
+        room.setTop(gap());
+    if (direction.y() < 0)
+        room.setBottom(gap());
+    if (direction.x() > 0)
+        room.setLeft(gap());
+    if (direction.x() < 0)
+        room.setRight(gap());
+    return room;
+}
+
+QSize PanelFrame::cornerSize() const
+{
+    const int side = static_cast<int>(std::ceil(1.25 * kRadius));
+    return composited_ ? QSize(side, side) : QSize();
+}
+
+void PanelFrame::paintAround(QPainter& painter, const QRect& panel) const
+{
+    if (!composited_) {
+        const auto& theme = currentTheme();
+        painter.fillRect(panel, platform::composited(theme.separator, theme.windowBackground));
+        return;
+    }
+    paintShadow(painter, panel);
+    paintOutline(painter, panel);
+}
+
+void PanelFrame::paintCorner(QPainter& painter, const QRect& corner, const QRect& panel) const
+{
+    QPainterPath outside;
+    outside.addRect(corner);
+    outside -= smoothRoundedRect(panel, kRadius);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(outside, Qt::black);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    paintShadow(painter, panel);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setClipPath(outside);
+    paintOutline(painter, panel);
+}
+
+void PanelFrame::paintShadow(QPainter& painter, const QRect& panel) const
+{
+    const QRect reach = panel.adjusted(-kShadowReach, -kShadowReach, kShadowReach, kShadowReach);
+    const QSize size = reach.size() / kShadowShrink;
+    if (shadow_.size() != size) {
+        shadow_ = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        // A blurred rectangle is the product of two blurred edges a direction; at this width the
+        // round corners no longer show.
+        const auto across = [](int index, int length) {
+            const double at = (index + 0.5) * kShadowShrink - kShadowReach;
+            return coverage(at) - coverage(at - length);
+        };
+        for (int y = 0; y < size.height(); ++y) {
+            auto* line = reinterpret_cast<QRgb*>(shadow_.scanLine(y));
+            const double down = across(y, panel.height());
+            for (int x = 0; x < size.width(); ++x) {
+                const double alpha = 255 * kShadowAlpha * down * across(x, panel.width());
+                line[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(alpha)));
+            }
+        }
+    }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(reach.translated(0, static_cast<int>(kShadowDrop))), shadow_);
+}
+
+void PanelFrame::paintOutline(QPainter& painter, const QRect& panel) const
+{
+    const double half = kOutlineWidth / 2;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(currentTheme().menuOutline, kOutlineWidth));
+    painter.drawPath(
+        smoothRoundedRect(QRectF(panel).adjusted(-half, -half, half, half), kRadius + half));
+}
+
+} // namespace platform

@@ -1,0 +1,212 @@
+// The panel that opens beside the status item.
+#include "PanelWindow.h"
+
+#include "PanelFrame.h"
+#include "X11Window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <array>
+#include <chrono>
+
+namespace platform {
+
+namespace {
+
+/// A press on the item takes the focus away and closes the panel; its click comes with the release.
+constexpr std::chrono::seconds kLongestPress { 2 };
+constexpr int kPressDrift = 8;
+
+} // namespace
+
+/// Lies over a corner of the content and makes it round.
+class PanelWindow::Corner final : public QWidget {
+public:
+    explicit Corner(PanelWindow& panel)
+        : QWidget(&panel)
+        , panel_(panel)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.translate(-pos());
+        panel_.frame_.paintCorner(painter, geometry(), panel_.panelRect());
+    }
+
+private:
+    PanelWindow& panel_;
+};
+
+PanelWindow::PanelWindow(Policy policy)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    , policy_(std::move(policy))
+    , viewport_(this)
+{
+    setWindowTitle(QCoreApplication::applicationName());
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
+    opening_.setStartValue(0.0);
+    opening_.setEndValue(1.0);
+    opening_.setDuration(PanelFrame::kOpeningMilliseconds);
+    opening_.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&opening_, &QVariantAnimation::valueChanged, this,
+        [this](const QVariant& progress) { showOpening(progress.toDouble()); });
+}
+
+PanelWindow::~PanelWindow() = default;
+
+QWidget* PanelWindow::takeContent()
+{
+    dismiss();
+    return viewport_.takeContent();
+}
+
+void PanelWindow::toggle(const QRect& anchor)
+{
+    const auto press = std::exchange(closingPress_, std::nullopt);
+    const bool closedByThisClick = press
+        && std::chrono::steady_clock::now() - press->time < kLongestPress
+        && (press->pointer - QCursor::pos()).manhattanLength() <= kPressDrift;
+    if (isVisible())
+        dismiss();
+    else if (!closedByThisClick)
+        openBeside(anchor);
+}
+
+void PanelWindow::openBeside(const QRect& anchor)
+{
+    auto* screen = QGuiApplication::screenAt(anchor.center());
+    if (screen == nullptr)
+        screen = QGuiApplication::primaryScreen();
+    const auto display = X11Display::current();
+    setComposited(display && display->hasCompositor());
+    const QMargins line(frame_.line(), frame_.line(), frame_.line(), frame_.line());
+    const auto size = viewport_.sizeHint().grownBy(line);
+    placement_
+        = placePanel(anchor, size, frame_.gap(), screen->geometry(), screen->availableGeometry());
+    room_ = frame_.shadowRoom(placement_.direction);
+    setGeometry(placement_.frame.marginsAdded(room_));
+    layOut();
+    if (display)
+        prepareNativeWindow(*display);
+    if (frame_.isComposited() && policy_.isAnimated()) {
+        showOpening(0);
+        opening_.start();
+    } else {
+        showOpening(1);
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void PanelWindow::dismiss()
+{
+    opening_.stop();
+    hide();
+}
+
+void PanelWindow::showOpening(double progress)
+{
+    const auto travel = QPointF(placement_.direction) * PanelFrame::kTravel * (progress - 1);
+    if (frame_.isComposited())
+        setWindowOpacity(progress);
+    move(placement_.frame.marginsAdded(room_).topLeft() + travel.toPoint());
+}
+
+/// A window cannot learn to be translucent; a new native one takes its place.
+void PanelWindow::setComposited(bool composited)
+{
+    if (composited == frame_.isComposited())
+        return;
+    frame_ = PanelFrame(composited);
+    setAttribute(Qt::WA_TranslucentBackground, composited);
+    if (internalWinId() != 0)
+        destroy();
+}
+
+QRect PanelWindow::panelRect() const
+{
+    return rect().marginsRemoved(room_);
+}
+
+void PanelWindow::layOut()
+{
+    const int line = frame_.line();
+    viewport_.setGeometry(panelRect().adjusted(line, line, -line, -line));
+    layOutCorners();
+}
+
+void PanelWindow::layOutCorners()
+{
+    const auto size = frame_.cornerSize();
+    for (auto*& corner : corners_) {
+        if (corner == nullptr)
+            corner = new Corner(*this);
+        corner->setVisible(!size.isEmpty());
+    }
+    const auto panel = panelRect();
+    const int right = panel.right() + 1 - size.width();
+    const int bottom = panel.bottom() + 1 - size.height();
+    const std::array places { panel.topLeft(), QPoint(right, panel.top()),
+        QPoint(panel.left(), bottom), QPoint(right, bottom) };
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        corners_[index]->setGeometry(QRect(places[index], size));
+        corners_[index]->raise();
+    }
+}
+
+void PanelWindow::prepareNativeWindow(const X11Display& display)
+{
+    const auto window = static_cast<xcb_window_t>(winId());
+    const auto ratio = devicePixelRatioF();
+    leaveOutOfTaskbar(display, window);
+    setFrameMargins(display, window, room_ * ratio);
+    const QRectF panel = panelRect();
+    setInputRect(
+        display, window, QRectF(panel.topLeft() * ratio, panel.size() * ratio).toAlignedRect());
+}
+
+void PanelWindow::followFocus(const QWindow* focus)
+{
+    if (!isVisible() || focus == windowHandle() || QApplication::activePopupWidget() != nullptr
+        || QApplication::activeModalWidget() != nullptr || policy_.staysOpen()
+        || (focus != nullptr && policy_.isCompanion(focus)))
+        return;
+    dismiss();
+    if (const auto display = X11Display::current(); display && display->isButtonDown())
+        closingPress_ = ClosingPress { QCursor::pos(), std::chrono::steady_clock::now() };
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        dismiss();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event)
+{
+    // Accepted, or the application could not quit while the panel is open.
+    event->accept();
+    dismiss();
+}
+
+void PanelWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    frame_.paintAround(painter, panelRect());
+}
+
+} // namespace platform

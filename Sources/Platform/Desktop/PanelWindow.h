@@ -1,0 +1,82 @@
+// The panel that opens beside the status item.
+#pragma once
+
+#include "ContentViewport.h"
+#include "PanelFrame.h"
+#include "PanelPlacement.h"
+
+#include <QMargins>
+#include <QRect>
+#include <QVariantAnimation>
+#include <QWidget>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace platform {
+
+class X11Display;
+
+/// A frameless window for X11, where a program places its windows itself. It closes when the user
+/// turns to something else, but not to a menu or companion window of its own.
+class PanelWindow : public QWidget {
+public:
+    struct Policy {
+        /// True while the panel stays although another window has the focus, such as during a pick.
+        std::function<bool()> staysOpen;
+        /// True for a window of the application that belongs to the panel.
+        std::function<bool(const QWindow*)> isCompanion;
+        /// False opens the panel at once.
+        std::function<bool()> isAnimated;
+    };
+
+    explicit PanelWindow(Policy policy);
+    ~PanelWindow() override;
+
+    /// Takes the widget, which has a fixed size, as the whole content.
+    void setContent(QWidget* content) { viewport_.setContent(content); }
+    /// Gives the content back, hidden and without a parent; null if there is none.
+    [[nodiscard]] QWidget* takeContent();
+
+    /// Opens beside `anchor`, or closes. The click that has just taken the focus away, and so
+    /// closed the panel, does not open it again.
+    void toggle(const QRect& anchor);
+    void openBeside(const QRect& anchor);
+    void dismiss();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    class Corner;
+    /// A press outside that closed the panel.
+    struct ClosingPress {
+        QPoint pointer;
+        std::chrono::steady_clock::time_point time;
+    };
+
+    void followFocus(const QWindow* focus);
+    void setComposited(bool composited);
+    /// The panel inside its window, which is larger by the shadow.
+    [[nodiscard]] QRect panelRect() const;
+    void layOut();
+    void layOutCorners();
+    void prepareNativeWindow(const X11Display& display);
+    /// `progress` runs from 0 to 1.
+    void showOpening(double progress);
+
+    Policy policy_;
+    ContentViewport viewport_;
+    std::array<Corner*, 4> corners_ {};
+    PanelFrame frame_ { /*composited=*/false };
+    PanelPlacement placement_;
+    QMargins room_;
+    QVariantAnimation opening_;
+    std::optional<ClosingPress> closingPress_;
+};
+
+} // namespace platform

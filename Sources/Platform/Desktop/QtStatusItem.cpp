@@ -1,0 +1,149 @@
+// The status item: follows the tray from one kind to the other.
+#include "QtStatusItem.h"
+
+#include "EmbeddedItem.h"
+#include "NotifierItem.h"
+#include "StatusIcon.h"
+#include "TrayWatch.h"
+#include "X11Display.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QTimer>
+
+#include <chrono>
+
+namespace platform {
+
+namespace {
+
+/// How long a start waits for a tray before it counts as a desktop without one. A tray that comes
+/// later is still used.
+constexpr std::chrono::milliseconds kGraceTime { 2000 };
+
+class QtStatusItem final : public StatusItem {
+public:
+    QtStatusItem(Content content, Events events, StatusIconPainter paintIcon)
+        : content_(std::move(content))
+        , events_(std::move(events))
+        , icon_(std::move(paintIcon))
+    {
+        QObject::connect(&watch_, &TrayWatch::changed, &watch_, [this] { follow(); });
+        QObject::connect(&watch_, &TrayWatch::watcherStarted, &watch_, [this] {
+            if (notifier_)
+                notifier_->announce();
+        });
+        QTimer::singleShot(kGraceTime, &watch_, [this] {
+            if (presence_ == Presence::waiting)
+                setPresence(Presence::absent);
+        });
+        QTimer::singleShot(0, &watch_, [this] { follow(); });
+    }
+
+    [[nodiscard]] Presence presence() const override { return presence_; }
+
+    [[nodiscard]] std::optional<ScreenRect> place() const override
+    {
+        const auto rect = embedded_ ? embedded_->place() : QRect();
+        if (rect.isEmpty())
+            return std::nullopt;
+        return ScreenRect { rect.x(), rect.y(), rect.width(), rect.height() };
+    }
+
+private:
+    void follow()
+    {
+        using Tray = TrayWatch::Tray;
+        const auto tray = watch_.tray();
+        if (tray == Tray::unknown || tray == tray_)
+            return;
+        tray_ = tray;
+        notifier_.reset();
+        embedded_.reset();
+        switch (tray) {
+        case Tray::notifier:
+            showNotifier();
+            break;
+        case Tray::embedding:
+            showEmbedded();
+            break;
+        case Tray::none:
+        case Tray::unknown:
+            break;
+        }
+        if (tray != Tray::none)
+            setPresence(Presence::shown);
+        else if (presence_ == Presence::shown)
+            setPresence(Presence::waiting);
+    }
+
+    void showNotifier()
+    {
+        notifier_ = std::make_unique<NotifierItem>(content_, StatusIcon::themeName(content_.id),
+            NotifierItem::Handlers { [this] { activate(); }, [this] { popUpMenu(); } });
+        notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
+        notifier_->announce();
+    }
+
+    void showEmbedded()
+    {
+        embedded_ = std::make_unique<EmbeddedItem>(content_, icon_,
+            EmbeddedItem::Handlers { [this] { activate(); }, [this] { popUpMenu(); } });
+    }
+
+    void activate()
+    {
+        const auto item = place();
+        events_.activated(item ? item : pointerAnchor());
+    }
+
+    /// The pointer is on the item that it clicks; only X11 tells where that is.
+    [[nodiscard]] static std::optional<ScreenRect> pointerAnchor()
+    {
+        if (!X11Display::current())
+            return std::nullopt;
+        const auto pointer = QCursor::pos();
+        return ScreenRect { pointer.x(), pointer.y(), 1, 1 };
+    }
+
+    /// For trays that leave the menu to the item.
+    void popUpMenu()
+    {
+        if (!menu_) {
+            menu_ = std::make_unique<QMenu>();
+            for (const auto& entry : content_.menu)
+                menu_->addAction(QString::fromStdString(entry.title), entry.action);
+        }
+        menu_->popup(QCursor::pos());
+    }
+
+    void setPresence(Presence presence)
+    {
+        if (presence_ == presence)
+            return;
+        presence_ = presence;
+        events_.presenceChanged(presence);
+    }
+
+    Content content_;
+    Events events_;
+    StatusIcon icon_;
+    TrayWatch watch_;
+    TrayWatch::Tray tray_ = TrayWatch::Tray::unknown;
+    Presence presence_ = Presence::waiting;
+    std::unique_ptr<NotifierItem> notifier_;
+    std::unique_ptr<EmbeddedItem> embedded_;
+    std::unique_ptr<QMenu> menu_;
+};
+
+} // namespace
+
+std::unique_ptr<StatusItem> makeStatusItem(
+    StatusItem::Content content, StatusItem::Events events, StatusIconPainter paintIcon)
+{
+    return std::make_unique<QtStatusItem>(
+        std::move(content), std::move(events), std::move(paintIcon));
+}
+
+} // namespace platform

@@ -1,0 +1,64 @@
+// SIGTERM, SIGINT and SIGHUP as an orderly end: the handler only wakes the event loop.
+#include "TerminationSignals.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+constexpr std::array kSignals { SIGTERM, SIGINT, SIGHUP };
+int wakeUp = -1; // NOLINT: a signal handler reaches nothing else
+
+void handle(int /*signal*/)
+{
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(wakeUp, &one, sizeof one);
+}
+
+} // namespace
+
+class TerminationSignals::Watch {
+public:
+    explicit Watch(std::function<void()> end)
+        : descriptor_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+        , notifier_(descriptor_, QSocketNotifier::Read)
+    {
+        wakeUp = descriptor_;
+        QObject::connect(
+            &notifier_, &QSocketNotifier::activated, &notifier_, [this, end = std::move(end)] {
+                notifier_.setEnabled(false);
+                end();
+            });
+        for (const int signal : kSignals)
+            std::signal(signal, handle);
+    }
+
+    ~Watch()
+    {
+        for (const int signal : kSignals)
+            std::signal(signal, SIG_DFL);
+        close(descriptor_);
+    }
+
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+private:
+    int descriptor_;
+    QSocketNotifier notifier_;
+};
+
+TerminationSignals::TerminationSignals(std::function<void()> end)
+    : watch_(std::make_unique<Watch>(std::move(end)))
+{
+}
+
+TerminationSignals::~TerminationSignals() = default;
+
+} // namespace platform

@@ -1,0 +1,211 @@
+// The desktop application: a status item whose panel shows the root view.
+#include "TintwellApp.h"
+
+#include "PanelWindow.h"
+#include "QtStatusItem.h"
+#include "Symbols.h"
+#include "TerminationSignals.h"
+#include "ThemeSource.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace tintwell {
+
+namespace {
+
+using Presence = platform::StatusItem::Presence;
+using Outcome = platform::SingleInstance::Outcome;
+
+constexpr auto kApplicationID = TINTWELL_APP_ID;
+constexpr auto kPreviewAction = "preview";
+
+QPixmap paintStatusIcon(int size, const QColor& ink)
+{
+    // A box of 22 leaves 2 free on each side.
+    const double margin = size * 2 / 22.0;
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    platform::paintSymbol(painter, platform::Symbol::eyedropperHalf,
+        QRectF(pixmap.rect()).adjusted(margin, margin, -margin, -margin), ink);
+    return pixmap;
+}
+
+/// Trays are at the far end of the bar: the edge of the screen that is not available.
+QRect likelyItemPlace()
+{
+    const auto* screen = QGuiApplication::primaryScreen();
+    const auto whole = screen->geometry();
+    const auto free = screen->availableGeometry();
+    const bool barIsBelow = whole.bottom() - free.bottom() > free.top() - whole.top();
+    return { whole.right() - 1, barIsBelow ? whole.bottom() : whole.top(), 1, 1 };
+}
+
+} // namespace
+
+TintwellApp::TintwellApp(std::vector<std::string> arguments)
+    : arguments_(std::move(arguments))
+    , instance_(
+          kApplicationID, [this](const platform::ActivationRequest& request) { handle(request); })
+    , appDelegate_(services_, [this] { windowClosed(); })
+{
+}
+
+TintwellApp::~TintwellApp()
+{
+    // The views go before their model.
+    item_.reset();
+    panel_.reset();
+    window_.reset();
+}
+
+int TintwellApp::run()
+{
+    const bool preview = TintwellAppDelegate::asksForPreview(arguments_);
+    const auto outcome = instance_.claim(
+        platform::ActivationRequest::fromEnvironment(preview ? kPreviewAction : ""));
+    switch (outcome) {
+    case Outcome::handedOver:
+        return 0;
+    case Outcome::unanswered:
+        std::fputs("Tintwell is already running but does not answer.\n", stderr);
+        return 1;
+    case Outcome::first:
+        break;
+    }
+    platform::ThemeSource::instance().followDesktop();
+    const platform::TerminationSignals signals([] { QApplication::quit(); });
+    launch();
+    return QApplication::exec();
+}
+
+void TintwellApp::launch()
+{
+    item_ = platform::makeStatusItem(
+        { kApplicationID, "Tintwell",
+            { { "Open Tintwell", [this] { showPanel(); } }, { "Sample", [this] { sample(); } },
+                { "Quit Tintwell", [] { QApplication::quit(); } } } },
+        { [this](const std::optional<platform::ScreenRect>& place) { itemActivated(place); },
+            [this](Presence presence) { trayChanged(presence); } },
+        paintStatusIcon);
+    appDelegate_.applicationDidFinishLaunching(arguments_);
+}
+
+void TintwellApp::handle(const platform::ActivationRequest& request)
+{
+    // Qt's Wayland plugin takes the right to the focus from there.
+    if (!request.token.empty())
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
+    if (request.action == kPreviewAction)
+        appDelegate_.showPreviewWindow();
+    else
+        showPanel();
+}
+
+bool TintwellApp::hasTray() const
+{
+    return item_->presence() == Presence::shown;
+}
+
+bool TintwellApp::isDocked() const
+{
+    return hasTray() && QGuiApplication::platformName() == QStringLiteral("xcb");
+}
+
+void TintwellApp::itemActivated(const std::optional<platform::ScreenRect>& place)
+{
+    if (place)
+        lastPlace_ = QRect(place->x, place->y, place->width, place->height);
+    if (window_ && window_->isActiveWindow())
+        window_->hide();
+    else if (window_ && window_->isVisible())
+        window_->present();
+    else if (isDocked())
+        panel().toggle(anchor());
+    else
+        showPanelAsWindow();
+}
+
+QRect TintwellApp::anchor() const
+{
+    if (const auto place = item_->place())
+        return { place->x, place->y, place->width, place->height };
+    return lastPlace_.value_or(likelyItemPlace());
+}
+
+void TintwellApp::trayChanged(Presence presence)
+{
+    const bool isFallback = window_ && window_->isVisible();
+    if (presence == Presence::absent && !isFallback
+        && (appDelegate_.previewWindow() == nullptr || !appDelegate_.previewWindow()->isVisible()))
+        showPanelAsWindow();
+    // The window stood in for the item; nobody has touched it and the item is there after all.
+    if (presence == Presence::shown && isFallback && !window_->wasUsed())
+        window_->hide();
+}
+
+void TintwellApp::sample()
+{
+    showPanel();
+}
+
+void TintwellApp::showPanel()
+{
+    if (window_ && window_->isVisible())
+        window_->present();
+    else if (isDocked())
+        panel().openBeside(anchor());
+    else
+        showPanelAsWindow();
+}
+
+void TintwellApp::showPanelAsWindow()
+{
+    window().present();
+}
+
+platform::PanelWindow& TintwellApp::panel()
+{
+    if (!content_)
+        content_ = makePanelContent(services_);
+    if (!panel_)
+        panel_ = std::make_unique<platform::PanelWindow>(platform::PanelWindow::Policy {
+            [] { return QGuiApplication::mouseButtons() != Qt::NoButton; },
+            [this](const QWindow* focus) {
+                const auto* preview = appDelegate_.previewWindow();
+                return preview == nullptr || preview->windowHandle() != focus;
+            },
+            [] { return !platform::ThemeSource::instance().reducesMotion(); } });
+    if (content_->view->window() != panel_.get())
+        panel_->setContent(window_ ? window_->takeContent() : content_->view);
+    return *panel_;
+}
+
+platform::ContentWindow& TintwellApp::window()
+{
+    if (!content_)
+        content_ = makePanelContent(services_);
+    if (!window_)
+        window_ = std::make_unique<platform::ContentWindow>(
+            QStringLiteral("Tintwell"), [this] { windowClosed(); });
+    if (content_->view->window() != window_.get())
+        window_->setContent(panel_ ? panel_->takeContent() : content_->view);
+    return *window_;
+}
+
+/// Without an item nobody could reach a process that shows no window.
+void TintwellApp::windowClosed()
+{
+    const auto isOpen
+        = [](const QWidget* widget) { return widget != nullptr && widget->isVisible(); };
+    if (!hasTray() && !isOpen(window_.get()) && !isOpen(appDelegate_.previewWindow()))
+        QApplication::quit();
+}
+
+} // namespace tintwell

@@ -1,0 +1,53 @@
+// The end of launching, and the preview window.
+#include "TintwellAppDelegate.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+namespace tintwell {
+
+/// The window is declared last: its view goes before the model that it shows.
+struct TintwellAppDelegate::WindowController {
+    PanelContent content;
+    platform::ContentWindow window;
+};
+
+bool TintwellAppDelegate::asksForPreview(const std::vector<std::string>& arguments)
+{
+    return std::find(arguments.begin(), arguments.end(), kPreviewSwitch) != arguments.end();
+}
+
+TintwellAppDelegate::TintwellAppDelegate(
+    DesktopServices& services, std::function<void()> windowClosed)
+    : services_(services)
+    , windowClosed_(std::move(windowClosed))
+{
+}
+
+TintwellAppDelegate::~TintwellAppDelegate() = default;
+
+void TintwellAppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& arguments)
+{
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    if (asksForPreview(arguments))
+        showPreviewWindow();
+}
+
+void TintwellAppDelegate::showPreviewWindow()
+{
+    if (!previewWindowController_) {
+        previewWindowController_
+            = std::unique_ptr<WindowController>(new WindowController { makePanelContent(services_),
+                platform::ContentWindow(QStringLiteral("Tintwell Preview"), windowClosed_) });
+        previewWindowController_->window.setContent(previewWindowController_->content.view);
+    }
+    previewWindowController_->window.present();
+}
+
+const QWidget* TintwellAppDelegate::previewWindow() const
+{
+    return previewWindowController_ ? &previewWindowController_->window : nullptr;
+}
+
+} // namespace tintwell

@@ -1,0 +1,57 @@
+// Starts the desktop application.
+#include "TintwellApp.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr auto kHelp = R"(Usage: tintwell [--preview-window]
+
+Tintwell derives a complete colour system from one colour. It waits in the system tray; a second start
+shows the panel of the running one.
+
+Options:
+  --preview-window  also open the panel's content as an ordinary window
+  --help            show this text
+  --version         show the version
+
+Without a display: tintwell-cli
+)";
+
+bool contains(const std::vector<std::string>& arguments, const char* wanted)
+{
+    return std::find(arguments.begin(), arguments.end(), wanted) != arguments.end();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    // Before Qt takes out what it knows.
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (contains(arguments, "--help")) {
+        std::fputs(kHelp, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (contains(arguments, "--version")) {
+        std::puts("tintwell " TINTWELL_VERSION);
+        return EXIT_SUCCESS;
+    }
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        std::fputs(
+            "Tintwell needs a desktop to appear on; tintwell-cli works without one.\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tintwell"));
+    QApplication::setApplicationVersion(QStringLiteral(TINTWELL_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral(TINTWELL_APP_ID));
+    return tintwell::TintwellApp(arguments).run();
+}
