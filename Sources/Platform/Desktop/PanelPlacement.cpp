@@ -19,7 +19,7 @@ PanelPlacement placePanel(
     const QRect& anchor, QSize size, int gap, const QRect& screen, const QRect& available)
 {
     const QRect room = available.marginsRemoved({ gap, gap, gap, gap });
-    const QPoint item = anchor.topLeft() + QPoint(anchor.width(), anchor.height()) / 2;
+    const QPoint item(anchor.x() + anchor.width() / 2, anchor.y() + anchor.height() / 2);
     PanelPlacement placement;
     placement.frame.setSize(size.boundedTo(room.size()));
     auto& frame = placement.frame;
