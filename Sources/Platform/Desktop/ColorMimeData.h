@@ -1,0 +1,27 @@
+// A colour in the forms in which the toolkit hands it to other programs, by copy and by drag alike.
+#pragma once
+
+#include "Pasteboard.h"
+
+#include <QColor>
+
+#include <memory>
+
+class QMimeData;
+
+namespace platform {
+
+/// The colour in sRGB, each channel one of 256 steps, so that the toolkit sends both bytes of every
+/// 16-bit channel alike: receivers read the high one or the low one. Invalid when the colour has no
+/// sRGB form.
+[[nodiscard]] QColor toQColor(const Color& color);
+
+/// Whether this session's back-end sends colours as other programs expect them. The toolkit's own
+/// Wayland one sends a text under the type of a colour, which receivers refuse or take for numbers.
+[[nodiscard]] bool sessionCarriesColors();
+
+/// The colour (`application/x-color`) beside its text, or the text alone.
+[[nodiscard]] std::unique_ptr<QMimeData> colorMimeData(
+    const ColorContent& content, bool withColor = sessionCarriesColors());
+
+} // namespace platform

@@ -1,0 +1,295 @@
+#include "NativeColorSwatch.h"
+
+#include "ColorDrag.h"
+#include "ColorMimeData.h"
+#include "MacColorIntegration.h"
+#include "ThemeSource.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <QAccessible>
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPointer>
+#include <sstream>
+
+namespace tintwell {
+namespace {
+
+/// Hears every drag begin, from the events that any drag brings to the application.
+class DragWatch final : public QObject {
+public:
+    DragWatch() { qApp->installEventFilter(this); }
+    int count = 0;
+    std::function<void()> onDrag = [] {};
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override
+    {
+        const bool began = platform::isColorDragRunning() && !isRunning_;
+        isRunning_ = platform::isColorDragRunning();
+        if (began) {
+            ++count;
+            onDrag();
+        }
+        return false;
+    }
+
+private:
+    bool isRunning_ = false;
+};
+
+class Swatch : public testing::Test {
+protected:
+    Swatch()
+    {
+        window_.resize(200, 200);
+        view_ = new DraggableColorView(
+            { 1, 0.5, 0.25, 1 }, "Violet", 10, [this] { ++clicks_; }, &window_);
+        view_->setGeometry(50, 40, 100, 50);
+        window_.show();
+    }
+
+    /// Sends an event at a place in the view; tells whether the view took it.
+    bool send(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons, QPointF at)
+    {
+        const QPointF inWindow = at + view_->pos();
+        QMouseEvent event(type, at.toPoint(), inWindow, window_.mapToGlobal(inWindow).toPoint(),
+            button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(view_, &event);
+        return event.isAccepted();
+    }
+    bool press(Qt::MouseButton button = Qt::LeftButton, QPointF at = start)
+    {
+        return send(QEvent::MouseButtonPress, button, button, at);
+    }
+    bool release(Qt::MouseButton button = Qt::LeftButton)
+    {
+        return send(QEvent::MouseButtonRelease, button, Qt::NoButton, start);
+    }
+    bool move(double x, double y)
+    {
+        return send(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, start + QPointF(x, y));
+    }
+
+    static constexpr QPointF start { 20.3, 10.6 };
+    int clicks_ = 0;
+    DragWatch drags_;
+    QWidget window_;
+    QPointer<DraggableColorView> view_;
+};
+
+/// Plays "p" press, "r" release, "mX,Y" a move to that distance from the press, "P" and "R" the
+/// same of the right button, "d" a double click's second press, "h" hide and show again.
+TEST_F(Swatch, TellsClicksFromDrags)
+{
+    struct Case {
+        const char* gesture;
+        int clicks;
+        int drags;
+    };
+    for (const Case& c : {
+             Case { "p r", 1, 0 },
+             Case { "p m3,0 r", 1, 0 },
+             Case { "p m0,-3 r", 1, 0 },
+             Case { "p m3.01,0 r", 0, 1 },
+             Case { "p m2.1,2.1 r", 1, 0 },
+             Case { "p m-2.2,2.2 r", 0, 1 },
+             Case { "p m2,0 m0,2 m3,0 r", 1, 0 },
+             Case { "p m4,0 m40,0 m80,0 r", 0, 1 },
+             Case { "p m4,0", 0, 1 },
+             Case { "p m4,0 p r", 1, 1 },
+             Case { "p m4,0 p m4,0 r", 0, 2 },
+             Case { "p r d r", 2, 0 },
+             Case { "r", 0, 0 },
+             Case { "m50,0", 0, 0 },
+             Case { "p r m50,0 r", 1, 0 },
+             Case { "P R", 0, 0 },
+             Case { "P m9,9 R", 0, 0 },
+             Case { "p P R r", 1, 0 },
+             Case { "p m2,0 P m3,0 R r", 1, 0 },
+             Case { "p h r", 0, 0 },
+         }) {
+        SCOPED_TRACE(c.gesture);
+        clicks_ = drags_.count = 0;
+        std::istringstream steps(c.gesture);
+        for (std::string step; steps >> step;) {
+            const auto comma = step.find(',');
+            switch (step.front()) {
+            case 'p':
+                EXPECT_TRUE(press());
+                break;
+            case 'r':
+                EXPECT_TRUE(release());
+                break;
+            case 'd':
+                EXPECT_TRUE(
+                    send(QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, start));
+                break;
+            case 'P':
+                EXPECT_FALSE(press(Qt::RightButton, start + QPointF(9, 9)));
+                break;
+            case 'R':
+                EXPECT_FALSE(release(Qt::RightButton));
+                break;
+            case 'h':
+                view_->hide();
+                view_->show();
+                break;
+            default:
+                EXPECT_TRUE(move(QString::fromStdString(step.substr(1, comma - 1)).toDouble(),
+                    QString::fromStdString(step.substr(comma + 1)).toDouble()));
+            }
+        }
+        EXPECT_EQ(clicks_, c.clicks);
+        EXPECT_EQ(drags_.count, c.drags);
+        release();
+    }
+}
+
+TEST_F(Swatch, OutlivesNothingThatTakesItAway)
+{
+    drags_.onDrag = [&] { delete view_; };
+    press();
+    move(9, 0);
+    EXPECT_TRUE(view_.isNull());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_FALSE(platform::isColorDragRunning());
+    EXPECT_EQ(clicks_, 0);
+}
+
+TEST_F(Swatch, ItsCallbackMayReplaceItselfOrTakeTheViewAway)
+{
+    view_->setOnClick([this] { view_->setOnClick([this] { delete view_; }); });
+    press();
+    release();
+    ASSERT_FALSE(view_.isNull());
+    EXPECT_TRUE(view_->accessibilityPerformPress());
+    EXPECT_TRUE(view_.isNull());
+}
+
+TEST_F(Swatch, ReturnAndSpacePressIt)
+{
+    const std::vector<std::tuple<Qt::Key, bool, int>> cases {
+        { Qt::Key_Return, false, 1 },
+        { Qt::Key_Enter, false, 1 },
+        { Qt::Key_Space, false, 1 },
+        { Qt::Key_Space, true, 0 },
+        { Qt::Key_A, false, 0 },
+    };
+    for (const auto& [key, repeats, clicks] : cases) {
+        clicks_ = 0;
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeats);
+        QCoreApplication::sendEvent(view_, &event);
+        EXPECT_EQ(clicks_, clicks) << key;
+        EXPECT_EQ(event.isAccepted(), key != Qt::Key_A);
+    }
+    EXPECT_EQ(view_->focusPolicy(), Qt::TabFocus);
+}
+
+TEST_F(Swatch, IsAButtonToAssistiveTechnology)
+{
+    auto* const button = QAccessible::queryAccessibleInterface(view_);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->role(), QAccessible::Button);
+    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Violet"));
+    EXPECT_EQ(button->text(QAccessible::Value), QStringLiteral("#FF8040"));
+    for (const auto kind : { QAccessible::Description, QAccessible::Help })
+        EXPECT_EQ(button->text(kind),
+            QStringLiteral("Click to copy this color, or drag it into a compatible color "
+                           "control."));
+    ASSERT_NE(button->textInterface(), nullptr);
+    EXPECT_EQ(button->textInterface()->text(1, 3), QStringLiteral("FF"));
+    auto* const actions = button->actionInterface();
+    ASSERT_NE(actions, nullptr);
+    EXPECT_EQ(actions->actionNames().front(), QAccessibleActionInterface::pressAction());
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks_, 1);
+}
+
+TEST_F(Swatch, TakesNewValuesFromItsRecord)
+{
+    int clicks = 0;
+    const NativeColorSwatch swatch { { 0, 0, 1, 0.5 }, "Deep Azure", 8, [&] { ++clicks; } };
+    const auto made = swatch.makeNSView();
+    swatch.updateNSView(*view_);
+    for (auto* const view : { made.get(), view_.data() }) {
+        EXPECT_EQ(view->color(), (platform::Color { 0, 0, 1, 0.5 }));
+        EXPECT_EQ(view->label(), "Deep Azure");
+        EXPECT_EQ(view->cornerRadius(), 8);
+        EXPECT_EQ(view->toolTip(), QString::fromUtf8("Deep Azure — click to copy, drag to use"));
+        EXPECT_EQ(view->accessibleName(), QStringLiteral("Deep Azure"));
+        EXPECT_EQ(view->cursor().shape(), Qt::OpenHandCursor);
+        view->accessibilityPerformPress();
+    }
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(clicks_, 0);
+}
+
+QImage pictureOf(QWidget& view)
+{
+    QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    view.render(&image, {}, {}, QWidget::RenderFlags());
+    return image;
+}
+
+TEST_F(Swatch, PaintsItsColorInASmoothEdgedShape)
+{
+    const auto image = pictureOf(*view_);
+    EXPECT_EQ(image.pixelColor(50, 25), QColor(255, 128, 64));
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(50, 0).alpha(), 255);
+    EXPECT_LT(image.pixelColor(50, 0).red(), 255);
+    EXPECT_EQ(image.pixelColor(50, 1), QColor(255, 128, 64));
+}
+
+TEST_F(Swatch, ShowsACheckerThroughWhatIsNotOpaque)
+{
+    const auto& theme = platform::currentTheme();
+    view_->setColor({ 0, 0, 1, 0.5 });
+    const auto image = pictureOf(*view_);
+    const auto half
+        = [](const QColor& under) { return platform::composited(QColor(0, 0, 255, 128), under); };
+    const auto dark = platform::composited(theme.separator, theme.fieldBackground);
+    const auto isNear = [](const QColor& a, const QColor& b) {
+        return std::abs(a.red() - b.red()) <= 1 && std::abs(a.blue() - b.blue()) <= 1
+            && a.alpha() == b.alpha();
+    };
+    EXPECT_TRUE(isNear(image.pixelColor(22, 22), half(theme.fieldBackground)));
+    EXPECT_TRUE(isNear(image.pixelColor(27, 22), half(dark)));
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+}
+
+TEST_F(Swatch, PaintsColorsFromAnywhere)
+{
+    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<std::pair<platform::Color, QColor>> cases {
+        { { -4, 1e300, 0.5, 1 }, QColor(0, 255, 128) },
+        { { notANumber, 0, std::numeric_limits<double>::infinity(), 7 }, QColor(0, 0, 255) },
+    };
+    for (const auto& [color, shown] : cases) {
+        view_->setColor(color);
+        EXPECT_EQ(pictureOf(*view_).pixelColor(50, 25), shown);
+    }
+}
+
+TEST(ColorMimeData, CarriesTheColorBesideItsText)
+{
+    const auto content = ColorPasteboard::content({ 1, 0.5, 0.25, 0.5 });
+    const auto both = platform::colorMimeData(content, /*withColor=*/true);
+    EXPECT_EQ(both->formats(),
+        (QStringList { QStringLiteral("application/x-color"), QStringLiteral("text/plain") }));
+    // By single bytes: the receiver may read either byte of a channel.
+    EXPECT_EQ(qvariant_cast<QColor>(both->colorData()), QColor(255, 128, 64, 128));
+    EXPECT_EQ(both->text(), QStringLiteral("#FF8040"));
+    const auto text = platform::colorMimeData(content, /*withColor=*/false);
+    EXPECT_EQ(text->formats(), QStringList { QStringLiteral("text/plain") });
+    EXPECT_EQ(text->text(), QStringLiteral("#FF8040"));
+}
+
+} // namespace
+} // namespace tintwell
