@@ -1,0 +1,50 @@
+#include "FadingName.h"
+
+#include <algorithm>
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+constexpr double kOldGoneAt = 0.55;
+constexpr double kNewComesAt = 0.20;
+constexpr double kSmallScale = 0.985;
+
+} // namespace
+
+void FadingName::fadeTo(const QString& text, const std::optional<Spring>& spring)
+{
+    if (text == this->text())
+        return;
+    motion_.finish();
+    oldText_ = this->text();
+    setText(text);
+    if (!spring.has_value() || !isVisible())
+        return;
+    const auto duration = springDuration(*spring);
+    motion_.run(duration, [this, duration, spring = *spring](double seconds) {
+        elapsedShare_ = seconds / duration;
+        progress_ = elapsedShare_ < 1 ? springProgress(seconds, spring) : 1;
+        update();
+    });
+}
+
+void FadingName::paintEvent(QPaintEvent* event)
+{
+    if (!motion_.isRunning()) {
+        Label::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    const auto oldOpacity = std::clamp(1 - elapsedShare_ / kOldGoneAt, 0.0, 1.0);
+    paintLine(painter, fitted(oldText_), 0, faded(color(), oldOpacity));
+    const auto newOpacity = std::clamp((elapsedShare_ - kNewComesAt) / (1 - kNewComesAt), 0.0, 1.0);
+    const auto scale = kSmallScale + (1 - kSmallScale) * progress_;
+    painter.translate(0, baseline());
+    painter.scale(scale, scale);
+    painter.translate(0, -baseline());
+    paintLine(painter, fitted(text()), 0, faded(color(), newOpacity));
+}
+
+} // namespace platform

@@ -1,0 +1,145 @@
+#include "Label.h"
+
+#include "Accessibility.h"
+#include "ThemeSource.h"
+
+#include <cmath>
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <QToolTip>
+
+namespace platform {
+
+Label::Label(const TextStyle& style, ColorRole role, const QString& text, QWidget* parent)
+    : QWidget(parent)
+    , style_(style)
+    , font_(fontOf(style))
+    , baseline_(baselineOf(style))
+    , role_(role)
+{
+    installAccessibility();
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setText(text);
+}
+
+void Label::setText(const QString& text)
+{
+    if (text == text_)
+        return;
+    text_ = text;
+    textWidth_ = QFontMetricsF(font_).horizontalAdvance(text_);
+    setAccessibleName(text_);
+    wrap();
+    updateGeometry();
+    update();
+}
+
+void Label::setRole(ColorRole role)
+{
+    role_ = role;
+    update();
+}
+
+void Label::setColor(const std::optional<QColor>& color)
+{
+    if (color == fixedColor_)
+        return;
+    fixedColor_ = color;
+    update();
+}
+
+void Label::setAlignment(Qt::Alignment horizontal)
+{
+    alignment_ = horizontal;
+    update();
+}
+
+void Label::setWrapWidth(int points)
+{
+    wrapWidth_ = points;
+    wrap();
+    updateGeometry();
+}
+
+QSize Label::sizeHint() const
+{
+    const auto lineHeight = lineHeightOf(style_);
+    if (wrapWidth_ > 0)
+        return { wrapWidth_, lineHeight * static_cast<int>(lines_.size()) };
+    return { static_cast<int>(std::ceil(textWidth_)), lineHeight };
+}
+
+QSize Label::minimumSizeHint() const
+{
+    return { wrapWidth_, sizeHint().height() };
+}
+
+void Label::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const auto color = this->color();
+    if (wrapWidth_ == 0) {
+        paintLine(painter, fitted(text_), 0, color);
+        return;
+    }
+    const auto lineHeight = lineHeightOf(style_);
+    for (int i = 0; i < lines_.size(); ++i)
+        paintLine(painter, lines_[i], i * lineHeight, color);
+}
+
+bool Label::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fitted(text_) != text_) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text_, this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+QColor Label::color() const
+{
+    return fixedColor_.value_or(colorOf(currentTheme(), role_));
+}
+
+QString Label::fitted(const QString& text) const
+{
+    if (wrapWidth_ > 0)
+        return text;
+    const QFontMetricsF metrics(font_);
+    // The hint was rounded up, so anything wider has been squeezed.
+    return metrics.horizontalAdvance(text) <= width()
+        ? text
+        : metrics.elidedText(text, Qt::ElideRight, width());
+}
+
+void Label::paintLine(QPainter& painter, const QString& line, double top, const QColor& color) const
+{
+    painter.setFont(font_);
+    painter.setPen(color);
+    const auto alignment = QStyle::visualAlignment(layoutDirection(), alignment_);
+    auto left = 0.0;
+    if (!alignment.testFlag(Qt::AlignLeft)) {
+        const auto rest = width() - QFontMetricsF(font_).horizontalAdvance(line);
+        left = alignment.testFlag(Qt::AlignRight) ? rest : rest / 2;
+    }
+    painter.drawText(QPointF(left, top + baseline_), line);
+}
+
+void Label::wrap()
+{
+    lines_.clear();
+    if (wrapWidth_ <= 0)
+        return;
+    QTextLayout layout(text_, font_);
+    layout.beginLayout();
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(wrapWidth_);
+        lines_ += text_.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+}
+
+} // namespace platform

@@ -1,0 +1,99 @@
+// Movements over time. Nothing ticks while nothing moves.
+#pragma once
+
+#include "Spring.h"
+
+#include <functional>
+#include <optional>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <vector>
+
+namespace platform {
+
+class Motion;
+
+/// Steps all running movements once a frame of the screen. Tests stop its time and move it by hand.
+class MotionClock : public QObject {
+    Q_OBJECT
+public:
+    static MotionClock& instance();
+
+    /// Seconds on a monotonic clock.
+    [[nodiscard]] double now() const;
+    /// Whether a timer is running, which it is only while something moves.
+    [[nodiscard]] bool isTicking() const { return timer_.isActive(); }
+
+    /// From now on time moves only by `advance`.
+    void holdTime();
+    void releaseTime();
+    /// Moves held time and steps what runs.
+    void advance(double seconds);
+
+private:
+    friend class Motion;
+    explicit MotionClock(QObject* parent);
+    void add(Motion* motion);
+    void remove(Motion* motion);
+    void tick();
+    void updateTimer();
+
+    QTimer timer_;
+    QElapsedTimer elapsed_;
+    std::optional<double> heldTime_;
+    std::vector<Motion*> running_;
+};
+
+/// One movement, a member of the widget that moves; it stops when it is destroyed.
+class Motion {
+public:
+    using Step = std::function<void(double seconds)>;
+
+    Motion() = default;
+    ~Motion() { stop(); }
+    Motion(const Motion&) = delete;
+    Motion& operator=(const Motion&) = delete;
+
+    /// Calls `step` with 0 now, then every frame with the seconds since, at last with exactly
+    /// `duration`, followed by `finished`. A movement that is under way is dropped where it is.
+    /// When the desktop asks for no animation, both are called at once for the end.
+    void run(double duration, Step step, std::function<void()> finished = {});
+
+    /// Ends where it is, without a further call.
+    void stop();
+    /// Jumps to the end.
+    void finish();
+    [[nodiscard]] bool isRunning() const { return running_; }
+
+private:
+    friend class MotionClock;
+    void stepTo(double now);
+
+    bool running_ = false;
+    double start_ = 0;
+    double duration_ = 0;
+    Step step_;
+    std::function<void()> finished_;
+};
+
+/// A number that moves evenly between 0 and 1, such as how far the plate of a hovered button shows.
+class Fade {
+public:
+    explicit Fade(std::function<void()> changed)
+        : changed_(std::move(changed))
+    {
+    }
+
+    [[nodiscard]] double value() const { return value_; }
+    /// Moves towards `target`; the whole way from 0 to 1 would take `seconds`. 0 switches at once.
+    void moveTo(double target, double seconds);
+
+private:
+    double value_ = 0;
+    double target_ = 0;
+    std::function<void()> changed_;
+    Motion motion_;
+};
+
+} // namespace platform

@@ -1,0 +1,146 @@
+#include "PageStack.h"
+
+#include "ThemeSource.h"
+
+#include <algorithm>
+#include <QPainter>
+
+namespace platform {
+
+QPixmap pictureOf(QWidget& widget)
+{
+    const auto scale = widget.devicePixelRatioF();
+    QPixmap picture(widget.size() * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    if (!picture.isNull())
+        widget.render(&picture, {}, {}, QWidget::DrawChildren);
+    return picture;
+}
+
+/// Lies over the pages while they move and paints them, so that the real ones need not move.
+class PageStack::Curtain : public QWidget {
+public:
+    explicit Curtain(PageStack& stack)
+        : QWidget(&stack)
+        , stack_(stack)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setGeometry(stack.rect());
+        show();
+        raise();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), currentTheme().windowBackground);
+        stack_.paintMovement(painter);
+    }
+
+private:
+    const PageStack& stack_;
+};
+
+PageStack::PageStack(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+PageStack::~PageStack()
+{
+    motion_.stop();
+}
+
+void PageStack::addPage(QWidget* page, PageEdge edge)
+{
+    pages_.push_back({ page, edge });
+    page->setParent(this);
+    page->setGeometry(rect());
+    if (current_ == nullptr)
+        current_ = page;
+    page->setVisible(page == current_);
+}
+
+void PageStack::showPage(QWidget* page, const std::optional<Spring>& spring)
+{
+    if (page == current_)
+        return;
+    motion_.finish();
+    const auto moves
+        = spring.has_value() && isVisible() && !ThemeSource::instance().reducesMotion();
+    leaving_ = current_;
+    if (moves && leaving_ != nullptr)
+        leavingPicture_ = pictureOf(*leaving_);
+    current_ = page;
+    page->setGeometry(rect());
+    page->show();
+    if (leaving_ != nullptr)
+        leaving_->hide();
+    if (!moves)
+        return;
+    curtain_ = new Curtain(*this);
+    motion_.run(
+        springDuration(*spring),
+        [this, spring = *spring](double seconds) {
+            progress_ = seconds < springDuration(spring) ? springProgress(seconds, spring) : 1;
+            curtain_->update();
+        },
+        [this] {
+            leavingPicture_ = {};
+            delete curtain_;
+            curtain_ = nullptr;
+        });
+}
+
+QSize PageStack::sizeHint() const
+{
+    QSize size;
+    for (const auto& page : pages_)
+        size = size.expandedTo(page.widget->sizeHint());
+    return size;
+}
+
+QSize PageStack::minimumSizeHint() const
+{
+    return { 0, 0 };
+}
+
+void PageStack::resizeEvent(QResizeEvent* /*event*/)
+{
+    motion_.finish();
+    if (current_ != nullptr)
+        current_->setGeometry(rect());
+}
+
+double PageStack::offsetOf(const QWidget* page) const
+{
+    const auto entry = std::find_if(
+        pages_.begin(), pages_.end(), [page](const Page& each) { return each.widget == page; });
+    const auto edge = entry != pages_.end() ? entry->edge : PageEdge::none;
+    const auto side = layoutDirection() == Qt::LeftToRight ? 1.0 : -1.0;
+    switch (edge) {
+    case PageEdge::none:
+        return 0;
+    case PageEdge::leading:
+        return -side * width();
+    case PageEdge::trailing:
+        return side * width();
+    }
+    return 0;
+}
+
+void PageStack::paintMovement(QPainter& painter) const
+{
+    const auto opacity = std::clamp(progress_, 0.0, 1.0);
+    painter.setClipRect(rect());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(1 - opacity);
+    painter.drawPixmap(QPointF(offsetOf(leaving_) * progress_, 0), leavingPicture_);
+    painter.setOpacity(opacity);
+    painter.drawPixmap(QPointF(offsetOf(current_) * (1 - progress_), 0), pictureOf(*current_));
+}
+
+} // namespace platform

@@ -1,0 +1,121 @@
+#include "RecyclingList.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace platform {
+
+RecyclingList::RecyclingList(int rowHeight, MakeRow makeRow, FillRow fillRow, QWidget* parent)
+    : QWidget(parent)
+    , rowHeight_(rowHeight)
+    , makeRow_(std::move(makeRow))
+    , fillRow_(std::move(fillRow))
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize RecyclingList::sizeHint() const
+{
+    const auto height = static_cast<double>(count_) * rowHeight_;
+    return { 0, static_cast<int>(std::min(height, double { QWIDGETSIZE_MAX })) };
+}
+
+void RecyclingList::reload(std::size_t count)
+{
+    count_ = count;
+    setFixedHeight(sizeHint().height());
+    dropRows(0, count_);
+    for (const auto& [index, row] : rows_)
+        fillRow_(*row, index);
+    layOut();
+}
+
+std::pair<std::size_t, std::size_t> RecyclingList::wantedRows() const
+{
+    const auto* sight = parentWidget();
+    if (!sight || count_ == 0)
+        return { 0, 0 };
+    const int top = std::max(0, -y());
+    const auto first = static_cast<std::size_t>(top / rowHeight_);
+    const auto last = static_cast<std::size_t>((top + sight->height()) / rowHeight_);
+    return { first > 0 ? first - 1 : 0, std::min(count_, last + 2) };
+}
+
+/// Rows outside the range become spare ones, but for the focused row where it still exists.
+void RecyclingList::dropRows(std::size_t first, std::size_t end)
+{
+    const auto* focused = window()->focusWidget();
+    for (auto entry = rows_.begin(); entry != rows_.end();) {
+        const auto [index, row] = *entry;
+        const bool keepsFocus = index < count_ && focused && row->isAncestorOf(focused);
+        if ((index >= first && index < end) || keepsFocus) {
+            ++entry;
+            continue;
+        }
+        row->hide();
+        spare_.push_back(row);
+        entry = rows_.erase(entry);
+    }
+}
+
+QWidget* RecyclingList::takeRow()
+{
+    if (spare_.empty())
+        return makeRow_(this);
+    auto* row = spare_.back();
+    spare_.pop_back();
+    return row;
+}
+
+void RecyclingList::layOut()
+{
+    const auto [first, end] = wantedRows();
+    dropRows(first, end);
+    bool isNew = false;
+    for (auto index = first; index < end; ++index) {
+        if (rows_.contains(index))
+            continue;
+        auto* row = takeRow();
+        fillRow_(*row, index);
+        rows_.emplace(index, row);
+        isNew = true;
+    }
+    for (const auto& [index, row] : rows_) {
+        row->setGeometry(0, static_cast<int>(index) * rowHeight_, width(), rowHeight_);
+        row->show();
+    }
+    if (isNew)
+        orderTabs();
+}
+
+/// Reused rows stand in the toolkit's tab order where they were first made; this puts their
+/// controls into the order of the rows again.
+void RecyclingList::orderTabs()
+{
+    QWidget* previous = nullptr;
+    for (const auto& [index, row] : rows_)
+        for (auto* control : row->findChildren<QWidget*>()) {
+            if (!(control->focusPolicy() & Qt::TabFocus))
+                continue;
+            if (previous)
+                setTabOrder(previous, control);
+            previous = control;
+        }
+}
+
+void RecyclingList::moveEvent(QMoveEvent*)
+{
+    layOut();
+}
+
+void RecyclingList::resizeEvent(QResizeEvent*)
+{
+    layOut();
+}
+
+void RecyclingList::showEvent(QShowEvent*)
+{
+    layOut();
+}
+
+} // namespace platform

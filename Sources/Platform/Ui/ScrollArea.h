@@ -1,0 +1,30 @@
+// A scroll area without visible bars.
+#pragma once
+
+#include <QPropertyAnimation>
+#include <QScrollArea>
+
+namespace platform {
+
+/// Scrolls its content vertically: by touch, by the pixels of a touchpad, by the notches of a wheel
+/// with a short glide, by keyboard, and to whatever takes the keyboard focus. The content is as
+/// wide as the area.
+class ScrollArea : public QScrollArea {
+    Q_OBJECT
+public:
+    explicit ScrollArea(QWidget* content, QWidget* parent = nullptr);
+
+    void scrollToTop();
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void glideTo(int value);
+
+    QPropertyAnimation glide_;
+};
+
+} // namespace platform

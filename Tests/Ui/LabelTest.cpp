@@ -1,0 +1,193 @@
+#include "Label.h"
+#include "FadingName.h"
+#include "RollingText.h"
+#include "Separator.h"
+#include "Stack.h"
+#include "ThemeSource.h"
+
+#include <gtest/gtest.h>
+#include <QAccessible>
+#include <QApplication>
+
+namespace platform {
+namespace {
+
+constexpr Spring kSpring { .response = 0.32, .dampingFraction = 0.85, .blendDuration = 0 };
+const TextStyle kBody { .size = 11 };
+const TextStyle kCode { .size = 13, .design = FontDesign::monospaced };
+
+/// How many pixels of a picture differ from its first one.
+int inkIn(const QImage& image)
+{
+    int ink = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ink += image.pixel(x, y) != image.pixel(0, 0);
+    }
+    return ink;
+}
+
+TEST(LineHeight, IsFixedForEverySizeOfTheDesign)
+{
+    constexpr std::pair<double, int> kExpected[] = { { 24, 29 }, { 15, 18 }, { 14, 17 }, { 13, 16 },
+        { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 }, { 20, 24 } };
+    for (const auto& [size, height] : kExpected) {
+        EXPECT_EQ(lineHeightOf(size), height);
+        const TextStyle style { .size = size };
+        EXPECT_GT(baselineOf(style), height * 0.6);
+        EXPECT_LT(baselineOf(style), height);
+    }
+    EXPECT_EQ(lineHeightOf(TextStyle { .size = 11, .lineHeight = 15 }), 15);
+}
+
+TEST(Label, CutsWhatDoesNotFitAndKeepsTheWholeTextForReaders)
+{
+    Label label(kBody, ColorRole::text, QStringLiteral("A rather long name of a colour"));
+    const auto full = label.sizeHint();
+    EXPECT_EQ(full.height(), 14);
+    EXPECT_EQ(label.minimumSizeHint().width(), 0);
+    label.resize(full);
+    const auto whole = inkIn(label.grab().toImage());
+    label.resize(full.width() / 2, 14);
+    const auto cut = inkIn(label.grab().toImage());
+    EXPECT_GT(cut, whole / 4);
+    EXPECT_LT(cut, whole * 3 / 4);
+    auto* accessible = QAccessible::queryAccessibleInterface(&label);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::StaticText);
+    EXPECT_EQ(accessible->text(QAccessible::Name), label.text());
+}
+
+TEST(Label, WrapsAtItsWidthInLinesOfItsHeight)
+{
+    Label label({ .size = 11, .lineHeight = 15 }, ColorRole::secondary);
+    label.setWrapWidth(100);
+    label.setText(QStringLiteral("one two three four five six seven eight nine ten"));
+    const auto lines = label.sizeHint().height() / 15;
+    EXPECT_GE(lines, 2);
+    EXPECT_EQ(label.sizeHint(), QSize(100, lines * 15));
+    label.setText(QStringLiteral("one"));
+    EXPECT_EQ(label.sizeHint(), QSize(100, 15));
+}
+
+TEST(Label, FollowsTheThemeUnlessItsColorIsFixed)
+{
+    Label label({ .size = 24 }, ColorRole::text, QStringLiteral("■"));
+    label.resize(label.sizeHint());
+    const auto darkest = [&label] {
+        const auto image = label.grab().toImage();
+        int level = 255;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                level = std::min(level, qGray(image.pixel(x, y)));
+        }
+        return level;
+    };
+    EXPECT_LT(darkest(), 60);
+    ThemeSource::instance().setAppearance(Appearance::dark);
+    QApplication::processEvents();
+    label.setColor(QColor(Qt::black));
+    EXPECT_LT(darkest(), 10);
+    label.setColor({});
+    EXPECT_GT(darkest(), 20);
+    ThemeSource::instance().setAppearance(Appearance::light);
+    QApplication::processEvents();
+}
+
+class RollingTextTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        clock_.holdTime();
+        text_.setText(QStringLiteral("#6E56CF"));
+        text_.resize(text_.sizeHint());
+        text_.show();
+    }
+    void TearDown() override { clock_.releaseTime(); }
+
+    MotionClock& clock_ = MotionClock::instance();
+    RollingText text_ { kCode };
+};
+
+TEST_F(RollingTextTest, MovesOnlyChangedCellsEachALittleLaterThanTheOneToItsLeft)
+{
+    text_.rollTo(QStringLiteral("#F2C14E"), kSpring);
+    clock_.advance(0.1);
+    EXPECT_EQ(text_.cellProgress(0), 1);
+    for (int i = 1; i < 7; ++i) {
+        EXPECT_NEAR(text_.cellProgress(i), springProgress(0.1 - 0.018 * i, kSpring), 1e-12);
+    }
+    EXPECT_LT(text_.cellProgress(6), text_.cellProgress(1));
+    clock_.advance(0.45);
+    EXPECT_TRUE(text_.isMoving());
+    clock_.advance(0.02);
+    EXPECT_FALSE(text_.isMoving());
+    EXPECT_EQ(text_.text(), QStringLiteral("#F2C14E"));
+}
+
+TEST_F(RollingTextTest, LooksLikePlainTextBeforeAndAfter)
+{
+    const auto before = text_.grab().toImage();
+    text_.rollTo(QStringLiteral("#6E56C0"), kSpring);
+    const auto atStart = text_.grab().toImage();
+    EXPECT_EQ(atStart.copy(0, 0, 20, 16), before.copy(0, 0, 20, 16));
+    clock_.advance(0.2);
+    EXPECT_NE(text_.grab().toImage(), before);
+    clock_.advance(1);
+    RollingText plain(kCode, ColorRole::text, QStringLiteral("#6E56C0"));
+    plain.resize(text_.size());
+    EXPECT_EQ(text_.grab().toImage(), plain.grab().toImage());
+}
+
+TEST_F(RollingTextTest, SwitchesAtOnceWithoutASpring)
+{
+    text_.rollTo(QStringLiteral("#000000"), {});
+    EXPECT_FALSE(text_.isMoving());
+    EXPECT_EQ(text_.cellProgress(3), 1);
+}
+
+TEST(FadingName, ShowsTheOldTextFirstAndTheNewOneAtTheEnd)
+{
+    auto& clock = MotionClock::instance();
+    clock.holdTime();
+    FadingName name({ .size = 24, .weight = QFont::DemiBold, .letterSpacing = -0.3 });
+    name.setText(QStringLiteral("Violet"));
+    name.resize(200, 29);
+    name.show();
+    const auto old = name.grab().toImage();
+    name.fadeTo(QStringLiteral("Pale Gold"), kSpring);
+    EXPECT_EQ(name.grab().toImage(), old);
+    clock.advance(0.2);
+    EXPECT_NE(name.grab().toImage(), old);
+    clock.advance(0.3);
+    Label plain(name.textStyle(), ColorRole::text, QStringLiteral("Pale Gold"));
+    plain.resize(200, 29);
+    EXPECT_EQ(name.grab().toImage(), plain.grab().toImage());
+    EXPECT_EQ(name.accessibleName(), QStringLiteral("Pale Gold"));
+    clock.releaseTime();
+}
+
+TEST(Stack, PlacesItemsWithSpacingPaddingAndRoom)
+{
+    auto* name = new Label({ .size = 14 }, ColorRole::text, QStringLiteral("Name"));
+    auto* date = new Label({ .size = 10 }, ColorRole::text, QStringLiteral("Date"));
+    auto* line = new Separator(18, 0);
+    auto* end = new QWidget;
+    end->setFixedSize(26, 24);
+    QWidget page;
+    auto* row = hstack(8, { vstack(2, { name, date }), spacer(), end });
+    page.setLayout(vstack(0, { padded(row, 18, 10), line }, Qt::AlignLeading));
+    page.resize(300, page.sizeHint().height());
+    page.show();
+    QApplication::processEvents();
+    EXPECT_EQ(name->geometry().topLeft(), QPoint(18, 10));
+    EXPECT_EQ(date->y(), 10 + 17 + 2);
+    EXPECT_EQ(date->width(), date->sizeHint().width());
+    EXPECT_EQ(end->geometry(), QRect(300 - 18 - 26, 14, 26, 24));
+    EXPECT_EQ(line->geometry().left(), 0);
+    EXPECT_EQ(line->width(), 300);
+    EXPECT_EQ(line->height(), 1);
+}
+
+} // namespace
+} // namespace platform

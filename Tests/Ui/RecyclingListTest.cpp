@@ -1,0 +1,156 @@
+#include "RecyclingList.h"
+#include "ScrollArea.h"
+#include "ThemeSource.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+#include <set>
+
+namespace platform {
+
+namespace {
+
+constexpr int rowHeight = 96;
+constexpr std::size_t manyRows = 10'000;
+
+/// A window of ten thousand rows of two buttons each; a row knows the index that it was filled
+/// with.
+class RecyclingListTest : public testing::Test {
+protected:
+    RecyclingListTest()
+        : list_(new RecyclingList(rowHeight, makeRow,
+            [this](QWidget& row, std::size_t index) {
+                row.setProperty("index", QVariant::fromValue<qulonglong>(index));
+                ++fills_;
+            }))
+        , area_(list_)
+    {
+        area_.resize(448, 415);
+        list_->reload(manyRows);
+        area_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&area_));
+    }
+
+    static QWidget* makeRow(QWidget* parent)
+    {
+        auto* row = new QWidget(parent);
+        auto* layout = new QHBoxLayout(row);
+        for (const auto* name : { "use", "delete" }) {
+            auto* button = new QPushButton(row);
+            button->setObjectName(QLatin1String(name));
+            button->setFocusPolicy(Qt::StrongFocus);
+            layout->addWidget(button);
+        }
+        return row;
+    }
+
+    [[nodiscard]] static std::size_t indexOf(const QWidget* row)
+    {
+        return row->property("index").toULongLong();
+    }
+
+    /// Index and top of every row that is shown.
+    [[nodiscard]] std::map<std::size_t, int> shownRows() const
+    {
+        std::map<std::size_t, int> rows;
+        for (auto* child : list_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (child->isVisible())
+                rows[indexOf(child)] = child->y();
+        return rows;
+    }
+
+    [[nodiscard]] QWidget* button(std::size_t index, const char* name) const
+    {
+        for (auto* child : list_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (child->isVisible() && indexOf(child) == index)
+                return child->findChild<QWidget*>(QLatin1String(name));
+        return nullptr;
+    }
+
+    void scrollTo(int value) { area_.verticalScrollBar()->setValue(value); }
+
+    int fills_ = 0;
+    RecyclingList* list_;
+    ScrollArea area_;
+};
+
+} // namespace
+
+TEST_F(RecyclingListTest, BuildsOnlyWhatIsInSight)
+{
+    for (const int top : { 0, 50, 48'000, 959'585, 12 }) {
+        scrollTo(top);
+        const auto rows = shownRows();
+        ASSERT_FALSE(rows.empty()) << top;
+        for (const auto& [index, y] : rows)
+            EXPECT_EQ(y, static_cast<int>(index) * rowHeight) << top;
+        EXPECT_LE(rows.begin()->second, top);
+        EXPECT_GE(rows.rbegin()->second + rowHeight, top + 415);
+    }
+    EXPECT_LE(list_->builtRows(), 9U);
+    EXPECT_LT(fills_, 60);
+}
+
+TEST_F(RecyclingListTest, ShrinkingLeavesNoRowBehind)
+{
+    scrollTo(48'000);
+    list_->reload(2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shownRows(), (std::map<std::size_t, int> { { 0, 0 }, { 1, rowHeight } }));
+    list_->reload(0);
+    EXPECT_TRUE(shownRows().empty());
+}
+
+TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSight)
+{
+    auto* focused = button(1, "delete");
+    ASSERT_NE(focused, nullptr);
+    focused->setFocus();
+    scrollTo(200'000);
+    EXPECT_TRUE(shownRows().contains(1));
+    EXPECT_EQ(indexOf(focused->parentWidget()), 1U);
+}
+
+TEST_F(RecyclingListTest, TabGoesThroughTheRowsInOrder)
+{
+    scrollTo(500'000);
+    scrollTo(0);
+    button(0, "use")->setFocus();
+    for (std::size_t step = 1; step < 40; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto* focus = QApplication::focusWidget();
+        ASSERT_NE(focus, nullptr);
+        EXPECT_EQ(indexOf(focus->parentWidget()), step / 2) << step;
+        EXPECT_EQ(focus->objectName(), QLatin1String(step % 2 == 0 ? "use" : "delete"));
+        EXPECT_FALSE(focus->visibleRegion().isEmpty()) << step;
+    }
+}
+
+TEST_F(RecyclingListTest, ScrollsByPixelsAtOnceAndByNotchesWithAGlide)
+{
+    auto* bar = area_.verticalScrollBar();
+    const auto wheel = [&](QPoint pixels, QPoint angle) {
+        QWheelEvent event({ 10, 10 }, area_.mapToGlobal(QPointF(10, 10)), pixels, angle,
+            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(area_.viewport(), &event);
+    };
+    wheel({ 0, -37 }, { 0, -120 });
+    EXPECT_EQ(bar->value(), 37);
+    wheel({}, { 0, -120 });
+    EXPECT_LT(bar->value(), 60);
+    wheel({}, { 0, -120 });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == 37 + 128; }));
+
+    ThemeSource::instance().setReducesMotion(true);
+    wheel({}, { 0, 120 });
+    EXPECT_EQ(bar->value(), 37 + 64);
+    ThemeSource::instance().setReducesMotion(false);
+}
+
+} // namespace platform
