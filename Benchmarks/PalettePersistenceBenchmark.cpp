@@ -10,7 +10,6 @@
 #include <fstream>
 #include <malloc.h>
 #include <nlohmann/json.hpp>
-#include <rapidjson/reader.h>
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -160,24 +159,6 @@ void loadWithNlohmann(benchmark::State& state)
     countBytes(state);
 }
 BENCHMARK(loadWithNlohmann)->Unit(benchmark::kMillisecond);
-
-/// Only the passing over of the text, without records, numbers kept as text.
-void scanWithRapidJson(benchmark::State& state)
-{
-    using namespace rapidjson;
-    constexpr unsigned flags
-        = kParseIterativeFlag | kParseValidateEncodingFlag | kParseNumbersAsStringsFlag;
-    for (auto _ : state) {
-        BaseReaderHandler<> ignore;
-        MemoryStream stream(libraryText().data(), libraryText().size());
-        EncodedInputStream<UTF8<>, MemoryStream> input(stream);
-        Reader reader;
-        if (!reader.Parse<flags>(input, ignore))
-            state.SkipWithError("the library was not read");
-    }
-    countBytes(state);
-}
-BENCHMARK(scanWithRapidJson)->Unit(benchmark::kMillisecond);
 
 void encodeLibrary(benchmark::State& state)
 {

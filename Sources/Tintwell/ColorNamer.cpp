@@ -79,7 +79,8 @@ std::string ColorNamer::name(const OKLCH& color) const
     if (color.chroma < neutralChromaLimit)
         return std::string(nameIn(neutralsByLightness, color.lightness, otherNeutral));
     std::string name(modifierOf(color));
-    return name += nameIn(familiesByHue, color.hue, otherFamily);
+    name += nameIn(familiesByHue, color.hue, otherFamily);
+    return name;
 }
 
 } // namespace tintwell

@@ -1,5 +1,6 @@
 #include "MacColorIntegration.h"
 
+#include <set>
 #include <utility>
 
 namespace tintwell {
@@ -32,6 +33,13 @@ std::optional<RGBAColor> fromPlatformColor(const platform::Color& color)
     return RGBAColor(converted->red, converted->green, converted->blue, converted->alpha);
 }
 
+void fillColorList(platform::ColorList& list, const std::vector<NamedColor>& colors)
+{
+    std::set<std::string> usedNames;
+    for (const auto& color : colors)
+        list.setColor(toPlatformColor(color.color), uniqueKey(color.name, usedNames));
+}
+
 platform::Error TintwellError::colorListNotEditable(const std::string& name)
 {
     return { "The existing " + name + " color list cannot be edited." };
@@ -58,9 +66,7 @@ platform::Result<std::filesystem::path> MacColorListInstaller::install(const std
     auto list = listToFill(name, destination.has_value());
     if (!list)
         return list.error();
-    std::set<std::string> usedNames;
-    for (const auto& color : colors)
-        list.value().setColor(toPlatformColor(color.color), uniqueKey(color.name, usedNames));
+    fillColorList(list.value(), colors);
 
     if (destination)
         return writeTo(*destination, list.value());

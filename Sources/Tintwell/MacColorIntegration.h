@@ -13,7 +13,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -23,6 +22,10 @@ namespace tintwell {
 
 /// The sRGB colour, components clamped to 0…1; nothing when the platform colour has no sRGB form.
 [[nodiscard]] std::optional<RGBAColor> fromPlatformColor(const platform::Color& color);
+
+/// Adds `colors` to an empty list under their names; names that repeat get " 2", " 3" and so on, an
+/// empty one becomes "Color".
+void fillColorList(platform::ColorList& list, const std::vector<NamedColor>& colors);
 
 /// Lets the user pick a colour from the screen.
 class ScreenColorSampling {

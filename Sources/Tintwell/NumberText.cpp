@@ -20,14 +20,21 @@ std::string signedDegrees(double degrees)
     return numbered(degrees < 0 ? "\u2212" : "+", roundedHalfAway(std::abs(degrees))) + "\u00B0";
 }
 
+std::string fixedPoint(double value, int decimals)
+{
+    // The largest double has 309 digits before the point.
+    std::array<char, 352> digits {};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+        std::chars_format::fixed, std::clamp(decimals, 0, 32));
+    return { digits.data(), end.ptr };
+}
+
 std::string contrastText(double ratio)
 {
-    std::array<char, 32> digits {};
     // The sign of what is not a number says nothing; ratios of real colours have none.
-    const auto end = std::to_chars(
-        digits.data(), digits.data() + digits.size(), std::abs(ratio), std::chars_format::fixed, 1);
-    std::string text(digits.data(), end.ptr);
-    return text += ":1 contrast";
+    auto text = fixedPoint(std::abs(ratio), 1);
+    text += ":1 contrast";
+    return text;
 }
 
 std::string numbered(std::string_view prefix, std::int64_t number)
@@ -38,7 +45,8 @@ std::string numbered(std::string_view prefix, std::int64_t number)
         digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
     std::string text;
     text.reserve(prefix.size() + decimal.size());
-    return text.append(prefix).append(decimal);
+    text.append(prefix).append(decimal);
+    return text;
 }
 
 } // namespace tintwell

@@ -14,6 +14,9 @@ namespace tintwell {
 /// A hue offset: "−30°" (with a minus sign, not a hyphen), "+180°", "+0°".
 [[nodiscard]] std::string signedDegrees(double degrees);
 
+/// Plain decimal digits with exactly that many (0…32) behind a point.
+[[nodiscard]] std::string fixedPoint(double value, int decimals);
+
 /// A WCAG ratio with one decimal: "7.0:1 contrast".
 [[nodiscard]] std::string contrastText(double ratio);
 

@@ -110,20 +110,16 @@ RGBAColor OKLCH::toSRGB(double alpha) const
     if (const auto linear = ray.at(value.chroma); isInsideGamut(linear))
         return encoded(linear, alpha);
 
-    auto fitted = ray.at(0);
+    // `low` stays a chroma that fits; 0 is the grey of this lightness, whether it fits or not.
     double low = 0;
     double high = value.chroma;
     for (int step = 0; step < 24; ++step) {
         const double middle = (high + low) * 0.5;
-        const auto candidate = ray.at(middle);
-        if (isInsideGamut(candidate)) {
-            fitted = candidate;
-            low = middle;
-        } else {
-            high = middle;
-        }
+        const bool fits = isInsideGamut(ray.at(middle));
+        low = fits ? middle : low;
+        high = fits ? high : middle;
     }
-    return encoded(fitted, alpha);
+    return encoded(ray.at(low), alpha);
 }
 
 } // namespace tintwell

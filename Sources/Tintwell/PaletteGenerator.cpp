@@ -88,8 +88,8 @@ std::string nextMemberId(const PaletteSection& section)
 {
     std::string id;
     id.reserve(section.id.size() + 2);
-    id.append(section.id).append(1, '.');
-    return id.append(1, static_cast<char>('0' + section.colors.size()));
+    id.append(section.id).append(1, '.').append(1, static_cast<char>('0' + section.colors.size()));
+    return id;
 }
 
 PaletteSection harmonySection(const OKLCH& base, const Harmony& harmony)

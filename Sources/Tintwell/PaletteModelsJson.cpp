@@ -18,6 +18,8 @@ template <typename Record, typename Value> struct Member {
     std::string_view name;
     Value Record::*field;
 };
+template <typename Record, typename Value>
+Member(std::string_view, Value Record::*) -> Member<Record, Value>;
 
 template <typename Value> constexpr bool isOptional = false;
 template <typename Value> constexpr bool isOptional<std::optional<Value>> = true;

@@ -49,7 +49,7 @@ Result<Library> readLibrary(const path& url, FileStamp& stamp)
 Result<std::string> encodeLibrary(
     const path& url, const Library& palettes, const std::optional<FileStamp>& previous)
 {
-    constexpr std::size_t roomForAnotherPalette = 64 * 1024;
+    constexpr std::size_t roomForAnotherPalette = 64'000;
     std::string json;
     // Growing by doubling would hold the text up to three times.
     json.reserve(roomForAnotherPalette

@@ -11,9 +11,10 @@
 
 #include "DesktopColorSampler.h"
 #include "PortalColorSampler.h"
+#include "ThemeSource.h"
 #include "X11ColorSampler.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPainter>
 #include <QRasterWindow>
 #include <QSocketNotifier>
@@ -48,10 +49,18 @@ public:
             window_->setGeometry(arguments[at + 1].toInt(), arguments[at + 2].toInt(), 200, 150);
             window_->show();
         }
-        if (arguments.contains(QStringLiteral("--dark")))
-            hooks_.appearance = [] { return appearance(/*dark=*/true); };
-        else
-            hooks_.appearance = [] { return appearance(/*dark=*/false); };
+        const bool dark = arguments.contains(QStringLiteral("--dark"));
+        platform::ThemeSource::instance().setAppearance(
+            dark ? platform::Appearance::dark : platform::Appearance::light);
+        hooks_.describe = [](const platform::Color& color) {
+            const auto srgb = platform::inSRGB(color).value_or(platform::Color {});
+            return platform::ColorDescription { QColor::fromRgbF(float(srgb.red), float(srgb.green),
+                                                    float(srgb.blue))
+                                                    .name()
+                                                    .toUpper()
+                                                    .toStdString(),
+                "Violet" };
+        };
         hooks_.willShow = [this] { setWindowVisible(false); };
         hooks_.didEnd = [this] { setWindowVisible(true); };
     }
@@ -66,13 +75,6 @@ public:
     }
 
 private:
-    static platform::LoupeAppearance appearance(bool dark)
-    {
-        QFont monospaced;
-        monospaced.setFamilies({ QStringLiteral("JetBrains Mono"), QStringLiteral("monospace") });
-        return { dark, QFont(QStringLiteral("Inter")), monospaced };
-    }
-
     void setWindowVisible(bool visible)
     {
         if (!window_)
@@ -122,7 +124,7 @@ private:
 
 int main(int argc, char* argv[])
 {
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     Driver driver(QCoreApplication::arguments());
     QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);

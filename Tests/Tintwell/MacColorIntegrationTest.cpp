@@ -211,8 +211,9 @@ TEST(ColorPasteboard, WritesTheColorAndItsHexText)
         void write(const platform::ColorContent& content) override { contents.push_back(content); }
     } pasteboard;
     ColorPasteboard::write({ "id", "name", { 1, 0.5, 0.25, 0.5 }, "detail" }, pasteboard);
-    const platform::ColorContent expected { { 1, 0.5, 0.25, 0.5 }, "#FF8040" };
-    EXPECT_EQ(pasteboard.contents, std::vector { expected });
+    ASSERT_EQ(pasteboard.contents.size(), 1U);
+    EXPECT_EQ(pasteboard.contents[0].color, (platform::Color { 1, 0.5, 0.25, 0.5 }));
+    EXPECT_EQ(pasteboard.contents[0].text, "#FF8040");
 }
 
 } // namespace

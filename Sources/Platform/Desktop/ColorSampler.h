@@ -20,7 +20,7 @@ public:
     virtual ~ColorSampler() = default;
 
     /// Returns at once; calls `handler` exactly once, later, on the main thread. One call a
-    /// sampler.
+    /// sampler, which may be destroyed from inside its handler.
     virtual void show(SelectionHandler handler) = 0;
 };
 

@@ -1,5 +1,8 @@
 #include "LoupePainter.h"
 
+#include "Fonts.h"
+#include "Shapes.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -27,8 +30,8 @@ constexpr double kLabelRadius = 10;
 constexpr double kLabelOutline = 0.75;
 constexpr double kHexBaseline = 20.75;
 constexpr double kNameBaseline = 35.5;
-constexpr int kHexSize = 13;
-constexpr int kNameSize = 11;
+constexpr double kHexSize = 13;
+constexpr double kNameSize = 11;
 // As far as any shadow can be seen.
 constexpr double kReach = 140;
 
@@ -52,22 +55,6 @@ struct Shadow {
 
 constexpr std::array kRingShadows { Shadow { 8, 16, 0.28 }, Shadow { 1, 1.5, 0.22 } };
 constexpr Shadow kLabelShadow { 6, 9, 0.22 };
-
-struct LabelColors {
-    QColor background;
-    QColor outline;
-    QColor hex;
-    QColor name;
-};
-
-LabelColors labelColors(bool dark)
-{
-    if (dark)
-        return { QColor(0x30, 0x30, 0x34), QColor(255, 255, 255, 41), QColor(0xf5, 0xf5, 0xf7),
-            QColor(0xf5, 0xf5, 0xf7, 173) };
-    return { Qt::white, QColor(0, 0, 0, 33), QColor(0x18, 0x18, 0x1b),
-        QColor(0x18, 0x18, 0x1b, 179) };
-}
 
 /// How much of a Gaussian of deviation `sigma` lies below `x`.
 double gaussianBelow(double x, double sigma)
@@ -101,34 +88,6 @@ void paintBoxShadow(QPainter& painter, const QRectF& box, const Shadow& shadow, 
             line[x] = blackWithOpacity(shadow.opacity * down * across[static_cast<std::size_t>(x)]);
     }
     painter.drawImage(area.topLeft(), image);
-}
-
-/// A rounded rectangle whose corners are quarters of a superellipse, so that the curve begins
-/// softly.
-QPainterPath smoothRoundedRect(const QRectF& rect, double radius)
-{
-    constexpr double kExponent = 2.6;
-    constexpr int kSteps = 12;
-    const double reach = std::min(1.25 * radius, std::min(rect.width(), rect.height()) / 2);
-    constexpr std::array<std::pair<int, int>, 4> kCorners { { { 1, -1 }, { 1, 1 }, { -1, 1 },
-        { -1, -1 } } };
-    QPolygonF outline;
-    for (std::size_t corner = 0; corner < kCorners.size(); ++corner) {
-        const auto& [right, down] = kCorners[corner];
-        const QPointF centre((right > 0 ? rect.right() - reach : rect.left() + reach),
-            (down > 0 ? rect.bottom() - reach : rect.top() + reach));
-        for (int step = 0; step <= kSteps; ++step) {
-            const int forward = corner % 2 == 0 ? step : kSteps - step;
-            const double angle = forward * std::numbers::pi / 2 / kSteps;
-            outline << centre
-                    + QPointF(right * reach * std::pow(std::sin(angle), 2 / kExponent),
-                        down * reach * std::pow(std::cos(angle), 2 / kExponent));
-        }
-    }
-    QPainterPath path;
-    path.addPolygon(outline);
-    path.closeSubpath();
-    return path;
 }
 
 /// The magnified pixels, with a line between each two.
@@ -197,13 +156,6 @@ void paintCentreFrame(QPainter& painter, QRectF cell, const QColor& picked, doub
     box(0, picked);
 }
 
-QFont sized(QFont font, int pixels, QFont::Weight weight, double scale)
-{
-    font.setPixelSize(static_cast<int>(std::lround(pixels * scale)));
-    font.setWeight(weight);
-    return font;
-}
-
 struct Label {
     QRectF box;
     QFont hexFont;
@@ -212,13 +164,13 @@ struct Label {
     QString name;
 };
 
-Label layOutLabel(const LoupeAppearance& appearance, const ColorDescription& description,
-    QPointF centre, const LoupeMonitor& monitor)
+Label layOutLabel(const ColorDescription& description, QPointF centre, const LoupeMonitor& monitor)
 {
     const double scale = monitor.scale;
     Label label;
-    label.hexFont = sized(appearance.monospacedFont, kHexSize, QFont::Medium, scale);
-    label.nameFont = sized(appearance.interfaceFont, kNameSize, QFont::Normal, scale);
+    label.hexFont = fontOf(
+        { .size = kHexSize * scale, .weight = QFont::Medium, .design = FontDesign::monospaced });
+    label.nameFont = fontOf({ .size = kNameSize * scale });
     label.hex = QString::fromStdString(description.hex);
     label.name = QString::fromStdString(description.name);
     const double text = std::max(QFontMetricsF(label.hexFont).horizontalAdvance(label.hex),
@@ -238,16 +190,15 @@ Label layOutLabel(const LoupeAppearance& appearance, const ColorDescription& des
     return label;
 }
 
-void paintLabel(QPainter& painter, const Label& label, bool dark, double scale)
+void paintLabel(QPainter& painter, const Label& label, const Theme& theme, double scale)
 {
-    const auto colors = labelColors(dark);
     paintBoxShadow(painter, label.box.translated(0, kLabelShadow.y * scale), kLabelShadow, scale);
     const double outline = kLabelOutline * scale;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colors.outline);
+    painter.setBrush(theme.menuOutline);
     painter.drawPath(smoothRoundedRect(
         label.box.adjusted(-outline, -outline, outline, outline), kLabelRadius * scale + outline));
-    painter.setBrush(colors.background);
+    painter.setBrush(theme.menuBackground);
     painter.drawPath(smoothRoundedRect(label.box, kLabelRadius * scale));
 
     const auto line
@@ -259,14 +210,14 @@ void paintLabel(QPainter& painter, const Label& label, bool dark, double scale)
                                    label.box.top() + std::round(baseline * scale)),
                   text);
           };
-    line(label.hexFont, label.hex, kHexBaseline, colors.hex);
-    line(label.nameFont, label.name, kNameBaseline, colors.name);
+    line(label.hexFont, label.hex, kHexBaseline, theme.text);
+    line(label.nameFont, label.name, kNameBaseline, theme.secondary);
 }
 
 } // namespace
 
-LoupePainter::LoupePainter(LoupeAppearance appearance)
-    : appearance_(std::move(appearance))
+LoupePainter::LoupePainter(const Theme& theme)
+    : theme_(theme)
 {
 }
 
@@ -306,7 +257,7 @@ LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const Loupe
     const int cell = cellSize(scale);
     const QRect centreCell(pixel - QPoint(cell / 2, cell / 2), QSize(cell, cell));
     const QPointF centre = QRectF(centreCell).center();
-    const Label label = layOutLabel(appearance_, description, centre, monitor);
+    const Label label = layOutLabel(description, centre, monitor);
 
     const double reach = kReach * scale;
     const QRectF around(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach);
@@ -321,7 +272,7 @@ LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const Loupe
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-area.topLeft());
-    paintLabel(painter, label, appearance_.dark, scale);
+    paintLabel(painter, label, theme_, scale);
     const QImage& shadow = ringShadow(scale);
     painter.drawImage(centre - QPointF(shadow.width() / 2.0, shadow.height() / 2.0), shadow);
     paintRing(painter, centre, magnified(frozen, pixel, scale), picked, scale);

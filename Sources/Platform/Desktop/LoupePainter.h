@@ -1,7 +1,8 @@
 // Draws the loupe of a screen pick: magnified pixels in a ring, and a label that names the colour.
 #pragma once
 
-#include <QFont>
+#include "Theme.h"
+
 #include <QImage>
 #include <QPoint>
 #include <QRect>
@@ -14,13 +15,6 @@ namespace platform {
 struct ColorDescription {
     std::string hex;
     std::string name;
-};
-
-/// How the label looks; the rest of the loupe is the same on every desktop.
-struct LoupeAppearance {
-    bool dark = false;
-    QFont interfaceFont;
-    QFont monospacedFont;
 };
 
 /// The monitor on which the loupe stands: its device pixels and how many make one point.
@@ -38,7 +32,8 @@ struct LoupePicture {
 /// Draws in device pixels: every magnified pixel is a whole number of them at any scale.
 class LoupePainter {
 public:
-    explicit LoupePainter(LoupeAppearance appearance);
+    /// Only the label follows the theme.
+    explicit LoupePainter(const Theme& theme);
 
     /// The loupe over `pixel` of the frozen desktop, its shadow blended with what is there. The
     /// centre cell lies on the pixel; the label stays inside the monitor, below the ring or, where
@@ -52,7 +47,7 @@ public:
 private:
     const QImage& ringShadow(double scale);
 
-    LoupeAppearance appearance_;
+    const Theme& theme_;
     QImage ringShadow_;
     double ringShadowScale_ = 0;
 };

@@ -18,8 +18,6 @@ struct SamplerHooks {
     /// The label's lines for a picked colour, which may be in a monitor's own space. Without it the
     /// label holds the sRGB hex text alone.
     std::function<ColorDescription(const Color&)> describe {};
-    /// Asked once a pick. Without it: the application's palette and font, a common monospaced one.
-    std::function<LoupeAppearance()> appearance {};
 };
 
 } // namespace platform

@@ -3,6 +3,7 @@
 #include "IccColorSpace.h"
 #include "LoupeWindow.h"
 #include "PendingAnswer.h"
+#include "ThemeSource.h"
 #include "X11Departure.h"
 #include "X11Display.h"
 #include "X11Input.h"
@@ -10,7 +11,6 @@
 #include <QAbstractNativeEventFilter>
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QPalette>
 #include <QScreen>
 #include <QTimer>
 
@@ -28,17 +28,6 @@ namespace {
 constexpr std::chrono::milliseconds kRetry { 20 };
 constexpr std::chrono::milliseconds kLook { 10 };
 constexpr int kFarStep = 10;
-
-LoupeAppearance commonAppearance()
-{
-    QFont monospaced;
-    monospaced.setFamilies({ QStringLiteral("JetBrains Mono"), QStringLiteral("Adwaita Mono"),
-        QStringLiteral("Noto Sans Mono"), QStringLiteral("DejaVu Sans Mono"),
-        QStringLiteral("monospace") });
-    monospaced.setStyleHint(QFont::Monospace);
-    const QColor window = QGuiApplication::palette().color(QPalette::Window);
-    return { window.lightnessF() < 0.5F, QGuiApplication::font(), monospaced };
-}
 
 ColorDescription hexOnly(const Color& color)
 {
@@ -160,8 +149,7 @@ private:
             owner_.unavailable();
             return;
         }
-        const auto& appearance = owner_.hooks_.appearance;
-        painter_ = std::make_unique<LoupePainter>(appearance ? appearance() : commonAppearance());
+        painter_ = std::make_unique<LoupePainter>(currentTheme());
         monitors_ = monitorsWithin(window_->frozen().rect());
         pixel_ = clamped(display_.pointer(), window_->frozen().rect());
         watchScreens();

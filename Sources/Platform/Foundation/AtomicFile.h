@@ -24,28 +24,28 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
-/// The stamp of the file at `path`, symbolic links followed; nothing when there is no such file.
-[[nodiscard]] std::optional<FileStamp> stampOf(const std::filesystem::path& path);
+/// The stamp of the file at `file`, symbolic links followed; nothing when there is no such file.
+[[nodiscard]] std::optional<FileStamp> stampOf(const std::filesystem::path& file);
 
-/// Where `path` leads after every symbolic link at its end was followed; the last target need not
-/// exist. Links in a circle give `path` itself.
-[[nodiscard]] std::filesystem::path followSymlinks(const std::filesystem::path& path);
+/// Where `file` leads after every symbolic link at its end was followed; the last target need not
+/// exist. Links in a circle give `file` itself.
+[[nodiscard]] std::filesystem::path followSymlinks(const std::filesystem::path& file);
 
 /// The bytes of a regular file of at most `maxBytes`. `stamp` receives the state that was read.
 [[nodiscard]] Result<std::string> readWholeFile(
-    const std::filesystem::path& path, std::size_t maxBytes, FileStamp* stamp = nullptr);
+    const std::filesystem::path& file, std::size_t maxBytes, FileStamp* stamp = nullptr);
 
-/// Replaces the content of `path` by `bytes`: other programs and a machine that loses power see the
-/// old content or the new one, whole. The folder must exist. A symbolic link at `path` stays and
+/// Replaces the content of `file` by `bytes`: other programs and a machine that loses power see the
+/// old content or the new one, whole. The folder must exist. A symbolic link at `file` stays and
 /// its target is replaced; the mode of an existing file stays, a new one follows the umask. On an
 /// error the old file is as it was and nothing is left beside it. What is no regular
 /// file is never replaced. `stamp` receives the new state.
 [[nodiscard]] Result<void> writeFileAtomically(
-    const std::filesystem::path& path, std::string_view bytes, FileStamp* stamp = nullptr);
+    const std::filesystem::path& file, std::string_view bytes, FileStamp* stamp = nullptr);
 
-/// Removes what processes that died in `writeFileAtomically` left beside `path`. Only for a caller
+/// Removes what processes that died in `writeFileAtomically` left beside `file`. Only for a caller
 /// who knows that nobody is writing it now.
-void removeAbandonedTemporaries(const std::filesystem::path& path);
+void removeAbandonedTemporaries(const std::filesystem::path& file);
 
 /// Renames `file` to its name followed by `suffix`, or by `suffix` and "-2", "-3" …, but never over
 /// another file. Gives the new path. A symbolic link stays and its target is renamed.

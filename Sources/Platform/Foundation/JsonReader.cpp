@@ -173,33 +173,48 @@ bool JsonReader::readNull()
     return peek() == 'n' && scanWord("null");
 }
 
-bool JsonReader::skipValue()
-{
-    constexpr std::size_t maxDepth = 512;
+/// The arrays and objects around the place that skipping has reached.
+struct JsonReader::OpenBrackets {
+    static constexpr std::size_t maxDepth = 512;
     std::bitset<maxDepth> isObject;
     std::size_t depth = 0;
-    bool opened = false;
+    bool innermostIsEmpty = false;
+};
+
+bool JsonReader::skipValue()
+{
+    OpenBrackets open;
     do {
-        skipSpace();
-        opened = peek() == '{' || peek() == '[';
-        if (!opened && !skipScalar())
+        if (!skipScalarOrBracket(open) || !skipToNextItem(open))
             return false;
-        if (opened) {
-            if (depth == maxDepth)
-                return fail("is nested too deeply");
-            isObject[depth++] = *at_++ == '{';
-        }
-        // Closes what ends here, up to the next element or member.
-        for (; depth > 0; --depth, opened = false) {
-            const bool inObject = isObject[depth - 1];
-            const auto next = step(inObject ? '}' : ']', opened);
-            Name name;
-            if (next == Step::failure || (next == Step::item && inObject && !readName(name)))
-                return false;
-            if (next == Step::item)
-                break;
-        }
-    } while (depth > 0);
+    } while (open.depth > 0);
+    return true;
+}
+
+bool JsonReader::skipScalarOrBracket(OpenBrackets& open)
+{
+    skipSpace();
+    open.innermostIsEmpty = peek() == '{' || peek() == '[';
+    if (!open.innermostIsEmpty)
+        return skipScalar();
+    if (open.depth == OpenBrackets::maxDepth)
+        return fail("is nested too deeply");
+    open.isObject[open.depth++] = *at_++ == '{';
+    return true;
+}
+
+/// Closes what ends here, up to the next element or the value of the next member.
+bool JsonReader::skipToNextItem(OpenBrackets& open)
+{
+    for (; open.depth > 0; --open.depth, open.innermostIsEmpty = false) {
+        const bool inObject = open.isObject[open.depth - 1];
+        const auto next = step(inObject ? '}' : ']', open.innermostIsEmpty);
+        Name name;
+        if (next == Step::item)
+            return !inObject || readName(name);
+        if (next == Step::failure)
+            return false;
+    }
     return true;
 }
 
@@ -263,7 +278,7 @@ bool JsonReader::readName(Name& name)
         return false;
     skipSpace();
     if (peek() != ':')
-        return failHere("\":\" after the name of a member");
+        return failHere(R"(":" after the name of a member)");
     ++at_;
     return true;
 }
@@ -307,7 +322,7 @@ bool JsonReader::unescape(std::string_view raw, std::string* text)
             raw.remove_prefix(1);
         }
         if (!codePoint)
-            return failHere("a valid \"\\\" escape");
+            return failHere(R"(a valid "\" escape)");
         if (text != nullptr)
             appendUtf8(*text, *codePoint);
     }

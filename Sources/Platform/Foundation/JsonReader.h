@@ -92,6 +92,9 @@ private:
     bool unescape(std::string_view raw, std::string* text);
     bool scanNumber(std::string_view& digits);
     bool scanWord(std::string_view word);
+    struct OpenBrackets;
+    bool skipScalarOrBracket(OpenBrackets& open);
+    bool skipToNextItem(OpenBrackets& open);
     bool skipScalar();
     void skipDigits();
     void skipSpace();

@@ -1,0 +1,17 @@
+// A palette as custom properties of a style sheet.
+#pragma once
+
+#include "PaletteModels.h"
+
+#include <string>
+
+namespace tintwell {
+
+/// The `exportColors` of a palette as CSS custom properties.
+///
+/// An id such as "tone.500" becomes `--tintwell-tone-500`. Theme roles lose their prefix and follow
+/// the reader's preference or a `data-theme` attribute: `--tintwell-background` is light by
+/// default.
+[[nodiscard]] std::string cssProperties(const GeneratedPalette& palette);
+
+} // namespace tintwell

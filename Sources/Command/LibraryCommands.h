@@ -1,0 +1,42 @@
+// The saved palettes on the command line: save, list, find and delete.
+#pragma once
+
+#include "PalettePersistence.h"
+#include "Report.h"
+#include "Terminal.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tintwell {
+
+/// Where an id stands among the saved palettes: the one whose id begins with `prefix`, in either
+/// case. The error says whether none or several do.
+[[nodiscard]] platform::Result<SavedPalette> findSaved(
+    const std::vector<SavedPalette>& palettes, std::string_view prefix);
+
+/// Puts the palette of `source` at the front of the library.
+[[nodiscard]] Report saveColor(PalettePersistence& library, const RGBAColor& source,
+    platform::Uuid id, platform::Timestamp now);
+
+/// Takes the palette whose id begins with `prefix` out of the library.
+[[nodiscard]] Report deleteSaved(PalettePersistence& library, std::string_view prefix);
+
+/// The saved palette whose id begins with `prefix`.
+[[nodiscard]] platform::Result<SavedPalette> loadSaved(
+    PalettePersistence& library, std::string_view prefix);
+
+enum class ListFormat { layout, json };
+
+[[nodiscard]] Report listSaved(
+    PalettePersistence& library, ListFormat format, const Terminal& terminal);
+
+/// One line a palette: id, date, name, source and a strip of the first colours.
+///
+/// Terminals get the shortest first part of each id that stands for it alone, 8 characters or more;
+/// plain text gets whole ids and the strip as hex texts.
+[[nodiscard]] std::string libraryLayout(
+    const std::vector<SavedPalette>& palettes, const Terminal& terminal);
+
+} // namespace tintwell

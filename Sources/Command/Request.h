@@ -1,0 +1,41 @@
+// One call of the program, understood.
+#pragma once
+
+#include "ColorCommands.h"
+#include "LibraryCommands.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tintwell {
+
+enum class Command {
+    palette,
+    exportColors,
+    name,
+    contrast,
+    savePalette,
+    listLibrary,
+    deletePalette,
+    usePalette,
+    install,
+    listColorLists,
+};
+
+/// What a command does not take stays empty.
+struct Request {
+    Command command = Command::palette;
+    /// The colour text as it was typed; "-" asks for a stream.
+    std::optional<std::string> color {};
+    std::string background {};
+    /// The first part of a saved palette's id.
+    std::optional<std::string> id {};
+    /// The library file; nothing is the user's own.
+    std::optional<std::filesystem::path> library {};
+    PaletteFormat paletteFormat = PaletteFormat::layout;
+    ExportFormat exportFormat = ExportFormat::json;
+    ListFormat listFormat = ListFormat::layout;
+};
+
+} // namespace tintwell

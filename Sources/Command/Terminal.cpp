@@ -1,0 +1,172 @@
+#include "Terminal.h"
+
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <cstdlib>
+#include <sys/ioctl.h>
+#include <unistd.h>
+#include <utf8proc.h>
+
+namespace tintwell {
+
+namespace {
+
+constexpr std::string_view replacement = "\uFFFD";
+
+struct Character {
+    utf8proc_int32_t codepoint = -1;
+    std::string_view bytes;
+};
+
+/// Takes the first character off `text`, which is not empty; an invalid byte counts as one.
+Character takeCharacter(std::string_view& text)
+{
+    utf8proc_int32_t codepoint = -1;
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+    const auto size
+        = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &codepoint);
+    const auto length = size > 0 ? static_cast<std::size_t>(size) : 1;
+    Character character { size > 0 ? codepoint : -1, text.substr(0, length) };
+    text.remove_prefix(length);
+    return character;
+}
+
+bool steersTerminal(utf8proc_int32_t codepoint)
+{
+    const auto category = utf8proc_category(codepoint);
+    // Marks that turn the writing direction make one text look like another.
+    const bool turns = codepoint == 0x061C || codepoint == 0x200E || codepoint == 0x200F
+        || (codepoint >= 0x202A && codepoint <= 0x202E)
+        || (codepoint >= 0x2066 && codepoint <= 0x2069);
+    return turns || category == UTF8PROC_CATEGORY_CC || category == UTF8PROC_CATEGORY_ZL
+        || category == UTF8PROC_CATEGORY_ZP;
+}
+
+std::string_view variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string_view() : std::string_view(value);
+}
+
+/// The three components of a colour as "110;86;207".
+std::string channels(const RGBAColor& color)
+{
+    const auto hex = color.hex();
+    std::string text;
+    for (std::size_t at = 1; at < hex.size(); at += 2) {
+        int value = 0;
+        std::from_chars(hex.data() + at, hex.data() + at + 2, value, 16);
+        text += (at == 1 ? "" : ";") + std::to_string(value);
+    }
+    return text;
+}
+
+} // namespace
+
+bool showsColors(const TerminalEnvironment& environment)
+{
+    return environment.isTerminal && environment.noColor.empty() && !environment.term.empty()
+        && environment.term != "dumb";
+}
+
+Terminal terminalBehind(int descriptor)
+{
+    Terminal terminal;
+    terminal.colors = showsColors({ .isTerminal = isatty(descriptor) == 1,
+        .term = variable("TERM"),
+        .noColor = variable("NO_COLOR") });
+    winsize size {};
+    if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+        terminal.columns = size.ws_col;
+    return terminal;
+}
+
+std::string printable(std::string_view text)
+{
+    std::string result;
+    while (!text.empty()) {
+        const auto character = takeCharacter(text);
+        const bool shown = character.codepoint >= 0 && !steersTerminal(character.codepoint);
+        result += shown ? character.bytes : replacement;
+    }
+    return result;
+}
+
+std::string inQuotes(std::string_view text)
+{
+    constexpr std::size_t longest = 40;
+    const auto whole = printable(text.substr(0, 8 * longest));
+    std::string_view rest = whole;
+    std::string result = "\"";
+    for (std::size_t count = 0; count < longest && !rest.empty(); ++count)
+        result += takeCharacter(rest).bytes;
+    return result + (rest.empty() ? "\"" : "…\"");
+}
+
+std::string withEscapedControls(std::string_view json)
+{
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string result;
+    result.reserve(json.size());
+    for (std::size_t at = 0; at < json.size(); ++at) {
+        const auto byte = static_cast<std::uint8_t>(json[at]);
+        const auto next = at + 1 < json.size() ? static_cast<std::uint8_t>(json[at + 1]) : 0U;
+        const bool isPair = byte == 0xC2 && next >= 0x80 && next <= 0x9F;
+        if (byte != 0x7F && !isPair) {
+            result += json[at];
+            continue;
+        }
+        const auto code = isPair ? next : byte;
+        result += "\\u00";
+        result += digits[code >> 4U];
+        result += digits[code & 15U];
+        at += isPair ? 1 : 0;
+    }
+    return result;
+}
+
+int displayWidth(std::string_view text)
+{
+    int width = 0;
+    while (!text.empty())
+        width += utf8proc_charwidth(takeCharacter(text).codepoint);
+    return width;
+}
+
+std::string fitted(std::string_view text, int columns)
+{
+    const int width = displayWidth(text);
+    if (width <= columns)
+        return std::string(text) + std::string(static_cast<std::size_t>(columns - width), ' ');
+    std::string result;
+    int used = 0;
+    while (!text.empty()) {
+        const auto character = takeCharacter(text);
+        const int cells = utf8proc_charwidth(character.codepoint);
+        if (used + cells > columns - 1)
+            break;
+        result += character.bytes;
+        used += cells;
+    }
+    const auto gap = static_cast<std::size_t>(columns > used ? columns - used - 1 : 0);
+    return result + (columns > 0 ? "…" : "") + std::string(gap, ' ');
+}
+
+std::string painted(std::string_view text, const Paint& paint)
+{
+    std::string codes;
+    if (paint.bold)
+        codes += ";1";
+    if (paint.faint)
+        codes += ";2";
+    if (paint.ink)
+        codes += ";38;2;" + channels(*paint.ink);
+    if (paint.fill)
+        codes += ";48;2;" + channels(*paint.fill);
+    if (codes.empty())
+        return std::string(text);
+    return "\x1b[" + codes.substr(1) + "m" + std::string(text) + "\x1b[0m";
+}
+
+} // namespace tintwell

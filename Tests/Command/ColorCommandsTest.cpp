@@ -1,0 +1,42 @@
+#include "ColorCommands.h"
+
+#include <gtest/gtest.h>
+
+namespace tintwell {
+namespace {
+
+TEST(ColorCommands, LevelsGoByTheExactRatio)
+{
+    struct Case {
+        double ratio;
+        std::string_view text;
+    };
+    for (const Case& row : {
+             Case { 1.0, "1.00:1\nAA   not reached\nAAA  not reached\n" },
+             Case { 2.9999, "3.00:1\nAA   not reached\nAAA  not reached\n" },
+             Case { 3.0, "3.00:1\nAA   large text, UI components\nAAA  not reached\n" },
+             Case { 4.5, "4.50:1\nAA   normal text, large text, UI components\nAAA  large text\n" },
+             Case {
+                 6.999, "7.00:1\nAA   normal text, large text, UI components\nAAA  large text\n" },
+             Case { 21.0,
+                 "21.00:1\nAA   normal text, large text, UI components\n"
+                 "AAA  normal text, large text\n" },
+         })
+        EXPECT_EQ(contrastLevels(row.ratio), row.text);
+}
+
+TEST(ColorCommands, ContrastShowsASampleOnTerminals)
+{
+    const RGBAColor white(1, 1, 1, 1);
+    const RGBAColor black(0, 0, 0, 1);
+    const auto plain = contrastReport(white, black, {});
+    EXPECT_EQ(plain, contrastLevels(21));
+    const auto shown = contrastReport(white, black, { .colors = true });
+    EXPECT_TRUE(shown.ends_with(plain));
+    EXPECT_NE(
+        shown.find("\x1b[1;38;2;255;255;255;48;2;0;0;0m   Near White on Near Black   \x1b[0m\n"),
+        std::string::npos);
+}
+
+} // namespace
+} // namespace tintwell

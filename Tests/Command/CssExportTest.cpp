@@ -1,0 +1,59 @@
+#include "CssExport.h"
+
+#include "PaletteGenerator.h"
+
+#include <gtest/gtest.h>
+#include <regex>
+
+namespace tintwell {
+namespace {
+
+std::string cssOf(std::string_view hex)
+{
+    return cssProperties(PaletteGenerator().generate(RGBAColor::fromHex(hex).value()));
+}
+
+/// What stands between the braces of the first rule whose head ends in `selector`.
+std::string bodyOf(const std::string& css, const std::string& selector)
+{
+    const auto start = css.find(selector + " {\n");
+    return start == std::string::npos ? "" : css.substr(start, css.find('}', start) - start);
+}
+
+TEST(CssExport, EveryDeclarationIsValid)
+{
+    static const std::regex declaration(
+        "\n +--tintwell-[a-z][a-z0-9]*(-[a-z0-9]+)*: #[0-9A-F]{6}([0-9A-F]{2})?;");
+    for (const char* hex : { "6E56CF", "6E56CF80", "FFFFFF", "0A0A0D" }) {
+        const auto css = cssOf(hex);
+        const auto count = std::distance(
+            std::sregex_iterator(css.begin(), css.end(), declaration), std::sregex_iterator());
+        EXPECT_EQ(count, std::count(css.begin(), css.end(), ';')) << hex;
+        EXPECT_EQ(std::count(css.begin(), css.end(), '{'), std::count(css.begin(), css.end(), '}'));
+    }
+}
+
+TEST(CssExport, ThemesFollowThePreferenceAndTheAttribute)
+{
+    const auto css = cssOf("6E56CF");
+    EXPECT_NE(bodyOf(css, ":root").find("  --tintwell-tone-500: #7B65DF;\n"), std::string::npos);
+    EXPECT_NE(bodyOf(css, ":root").find("  --tintwell-source: #6E56CF;\n"), std::string::npos);
+    const auto light = bodyOf(css, "[data-theme=\"light\"]");
+    EXPECT_NE(light.find("  --tintwell-on-primary: #FBFBFC;\n"), std::string::npos);
+    for (const char* selector : { ":root:not([data-theme=\"light\"])", "[data-theme=\"dark\"]" })
+        EXPECT_NE(
+            bodyOf(css, selector).find("--tintwell-background: #050509;\n"), std::string::npos)
+            << selector;
+    EXPECT_EQ(css.find("--tintwell-light"), std::string::npos);
+    EXPECT_LT(css.find("@media (prefers-color-scheme: dark) {\n  :root:not("), css.size());
+}
+
+TEST(CssExport, OnlyTheSourceCarriesItsAlpha)
+{
+    const auto css = cssOf("6E56CF80");
+    EXPECT_NE(css.find("--tintwell-source: #6E56CF80;"), std::string::npos);
+    EXPECT_NE(css.find("--tintwell-complementary-0: #6E56CF;"), std::string::npos);
+}
+
+} // namespace
+} // namespace tintwell

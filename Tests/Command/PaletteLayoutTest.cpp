@@ -1,0 +1,136 @@
+#include "PaletteLayout.h"
+
+#include "PaletteGenerator.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <regex>
+#include <sstream>
+
+namespace tintwell {
+namespace {
+
+GeneratedPalette paletteOf(std::string_view hex)
+{
+    return PaletteGenerator().generate(RGBAColor::fromHex(hex).value());
+}
+
+std::vector<std::string> linesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+std::string withoutPaint(const std::string& text)
+{
+    static const std::regex sequence("\x1b\\[[0-9;]*m");
+    return std::regex_replace(text, sequence, "");
+}
+
+/// The last line that begins with `start`.
+std::string lineOf(const std::string& text, std::string_view start)
+{
+    std::string found;
+    for (const auto& line : linesOf(text))
+        found = line.starts_with(start) ? line : found;
+    return found;
+}
+
+TEST(PaletteLayout, PlainTextAlignsNamesHexTextsAndDetails)
+{
+    const auto text = paletteLayout(paletteOf("6E56CF"), { .colors = false, .columns = 20 });
+    EXPECT_EQ(linesOf(text).front(), "Violet  #6E56CF  oklch(54.2% 0.179 288.0)");
+    for (const std::string_view line : {
+             "Complementary  Direct contrast across the hue wheel",
+             "  Complement    #767300  +180°",
+             "  Left          #1D6AD4  −30°",
+             "  Air           #EAE8FF  L 94",
+             "  500           #7B65DF  Tone 500",
+             "Light system  Semantic roles with accessible foreground pairs",
+         })
+        EXPECT_NE(text.find("\n" + std::string(line) + "\n"), std::string::npos) << line;
+    EXPECT_EQ(lineOf(text, "  Text "), "  Text          #EDECFF  17.6:1 contrast");
+    EXPECT_EQ(lineOf(text, "  Primary "), "  Primary       #9B8AFF");
+    EXPECT_EQ(linesOf(text).size(), 1 + 7 * 2 + 31 + 2 * 2 + 20);
+    EXPECT_EQ(text.find('\x1b'), std::string::npos);
+}
+
+TEST(PaletteLayout, TheSourcesAlphaIsShown)
+{
+    const auto text = paletteLayout(paletteOf("6E56CF80"), {});
+    EXPECT_NE(text.find("oklch(54.2% 0.179 288.0 / 0.50)"), std::string::npos);
+}
+
+TEST(PaletteLayout, BlocksStayInsideTheTerminal)
+{
+    for (const char* hex : { "6E56CF", "00FF00", "0A0A0D" })
+        for (int columns = 40; columns <= 140; ++columns)
+            for (const auto& line :
+                linesOf(withoutPaint(paletteLayout(paletteOf(hex), { true, columns }))))
+                ASSERT_LE(displayWidth(line), columns) << columns << ": " << line;
+}
+
+TEST(PaletteLayout, EveryColorIsABlockWithItsNameAndHex)
+{
+    const auto palette = paletteOf("6E56CF");
+    auto colors = palette.exportColors();
+    colors.erase(colors.begin());
+    for (const int columns : { 40, 80, 200 }) {
+        const auto text = paletteLayout(palette, { true, columns });
+        for (const auto& color : colors) {
+            const auto block = painted(" ", { .fill = color.color });
+            EXPECT_NE(text.find(block.substr(0, block.find(' '))), std::string::npos) << color.id;
+            EXPECT_NE(text.find(color.color.hex()), std::string::npos) << color.id;
+            EXPECT_NE(
+                text.find(color.name.substr(
+                    color.name.find("— ") == std::string::npos ? 0 : color.name.find("— ") + 4)),
+                std::string::npos)
+                << color.id;
+        }
+        for (const char* caption : { "17.5:1 contrast", "5.2:1 contrast", "17.6:1 contrast" })
+            EXPECT_NE(text.find(caption), std::string::npos) << caption << " in " << columns;
+    }
+}
+
+TEST(PaletteLayout, ThemesStandSideBySideWhereThereIsRoom)
+{
+    const auto previewLine = [](int columns) {
+        const auto lines
+            = linesOf(withoutPaint(paletteLayout(paletteOf("6E56CF"), { true, columns })));
+        const auto found = std::find_if(lines.begin(), lines.end(),
+            [](const auto& line) { return line.find("Light system") != std::string::npos; });
+        return found == lines.end() ? std::string() : *found;
+    };
+    EXPECT_NE(previewLine(80).find("Dark system"), std::string::npos);
+    EXPECT_EQ(previewLine(60).find("Dark system"), std::string::npos);
+}
+
+TEST(PaletteLayout, TilesOfOneSectionShareTheWidthToItsLastCell)
+{
+    const auto lines = linesOf(withoutPaint(paletteLayout(paletteOf("6E56CF"), { true, 80 })));
+    const auto title = std::find_if(lines.begin(), lines.end(),
+        [](const auto& line) { return line.starts_with("  Tetradic"); });
+    ASSERT_NE(title, lines.end());
+    EXPECT_EQ(displayWidth(*(title + 1)), 78);
+    EXPECT_EQ(*(title + 3),
+        "  Base               Tetrad two          Tetrad three       Tetrad four       ");
+}
+
+TEST(PaletteLayout, StripShowsTwelveColorsAtMost)
+{
+    auto colors = paletteOf("6E56CF").exportColors();
+    const auto cells
+        = [&](int columns) { return withoutPaint(colorStrip(colors, columns)).size(); };
+    EXPECT_EQ(cells(36), 36U);
+    EXPECT_EQ(cells(30), 24U);
+    EXPECT_EQ(cells(-5), 12U);
+    colors.resize(3);
+    EXPECT_EQ(cells(36), 36U);
+    EXPECT_EQ(colorStrip({}, 36), "");
+}
+
+} // namespace
+} // namespace tintwell

@@ -1,0 +1,341 @@
+"""Calls tintwell-cli as scripts and people do, and looks at exit codes, both streams and the files that change."""
+
+import fcntl
+import json
+import os
+import pty
+import re
+import resource
+import select
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import termios
+import unittest
+
+PROGRAM, MANUAL = sys.argv[1:3]
+del sys.argv[1:3]
+
+COMMANDS = ("palette", "export", "name", "contrast", "save", "list", "delete", "use", "install", "lists")
+FORM = "is not a color; write RRGGBB or RRGGBBAA in hexadecimal digits, such as #6E56CF"
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="tintwell-cli-")
+        self.addCleanup(folder.cleanup)
+        self.home = folder.name
+        self.library = os.path.join(self.home, ".local/share/Tintwell/saved-palettes.json")
+        self.environment = {"HOME": self.home, "TERM": "xterm-256color", "LC_ALL": "de_DE.UTF-8"}
+
+    def start(self, *arguments, **options):
+        options.setdefault("stdin", subprocess.DEVNULL)
+        return subprocess.Popen([PROGRAM, *arguments], env=self.environment, cwd=self.home, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, **options)
+
+    def call(self, *arguments, text=None):
+        """Exit code, standard output and standard error of one call."""
+        process = self.start(*arguments, stdin=subprocess.DEVNULL if text is None else subprocess.PIPE)
+        output, error = process.communicate(text, timeout=60)
+        return process.returncode, output.decode(), error.decode()
+
+    def done(self, *arguments, text=None):
+        code, output, error = self.call(*arguments, text=text)
+        self.assertEqual((code, error), (0, ""), arguments)
+        return output
+
+    def fails(self, code, message, *arguments, text=None):
+        result = self.call(*arguments, text=text)
+        self.assertEqual(result, (code, "", f"tintwell-cli: {message}\n"), arguments)
+
+
+class Colors(Case):
+    def test_texts_that_are_colors(self):
+        for text in ("6E56CF", "#6e56cf", " #6E56CF ;", "-6E56CF", "--6E56CF", "##6E56CFFF", "\ufeff6E56CF"):
+            with self.subTest(text):
+                self.assertEqual(self.done("name", text), "Violet\n")
+        self.assertEqual(self.done("name", "--", "-6E56CF"), "Violet\n")
+
+    def test_texts_that_are_none(self):
+        shown = {"#FFF": "#FFF", "": "", "violet": "violet", "6E 56CF": "6E 56CF", "0x6E56CF": "0x6E56CF",
+                 b"\xff\xfe6E56C\xff": "��6E56C�", "\x1b[31m": "�[31m", "save": "save", "6E56CF" * 9: "6E56CF" * 6 + "6E56…"}
+        for text, quoted in shown.items():
+            for command in ("name", "palette", "export", "save", "install"):
+                with self.subTest(text=text, command=command):
+                    self.fails(2, f'"{quoted}" {FORM}', command, text)
+            self.fails(2, f'"{quoted}" {FORM}', "contrast", "FFFFFF", text)
+        self.assertEqual(os.listdir(self.home), [])
+
+    def test_name_and_contrast(self):
+        self.assertEqual(self.done("name", "FAFAFA"), "Near White\n")
+        self.assertEqual(self.done("contrast", "000000", "FFFFFF80"),
+                         "21.00:1\nAA   normal text, large text, UI components\nAAA  normal text, large text\n")
+        self.assertEqual(self.done("contrast", "777777", "FFFFFF"),
+                         "4.48:1\nAA   large text, UI components\nAAA  not reached\n")
+
+    def test_palette_forms_agree(self):
+        pretty = self.done("palette", "6E56CF", "--format", "json")
+        line = self.done("palette", "6E56CF", "--format=json-lines")
+        self.assertEqual(json.loads(pretty), json.loads(line))
+        self.assertEqual(line.count("\n"), 1)
+        self.assertGreater(pretty.count("\n"), 300)
+        self.assertEqual(json.dumps(json.loads(line), sort_keys=True), json.dumps(json.loads(line)))
+        self.assertEqual(self.done("palette"), self.done("palette", "#6E56CF", "--format", "text"))
+
+    def test_export(self):
+        colors = json.loads(self.done("export", "6E56CF80"))
+        self.assertEqual(colors, json.loads(self.done("export", "6E56CF80", "--format", "json")))
+        self.assertEqual(colors[0]["name"], "Source — Violet")
+        self.assertAlmostEqual(colors[0]["color"]["alpha"], 128 / 255, places=12)
+        gimp = self.done("export", "6E56CF", "--format", "gpl").splitlines()
+        self.assertEqual(gimp[0], "GIMP Palette")
+        entries = [line for line in gimp if re.match(r" *\d", line)]
+        self.assertEqual(len(entries), len(colors))
+        self.assertRegex(entries[0], r"^110 +86 +207\s")
+        self.assertNotIn("", gimp)
+        self.assertIn("  --tintwell-tone-500: #7B65DF;\n", self.done("export", "6E56CF", "--format", "css"))
+
+
+class Usage(Case):
+    def test_help_and_version_are_everywhere(self):
+        for words in ((), *((command,) for command in COMMANDS)):
+            with self.subTest(words):
+                self.assertIn(" ".join(("Usage: tintwell-cli", *words)), self.done(*words, "--help"))
+                self.assertRegex(self.done(*words, "--version"), r"^tintwell-cli \d+\.\d+\.\d+\n$")
+        self.assertEqual(self.done(), self.done("-h"))
+        self.assertIn("Examples:", self.done())
+
+    def test_manual_and_help_name_the_same(self):
+        with open(MANUAL, encoding="utf-8") as file:
+            manual = file.read().replace("\\-", "-")
+        for command in COMMANDS:
+            self.assertIn(f"tintwell-cli {command}", manual)
+            for option in re.findall(r"--[a-z]+", self.done(command, "--help")):
+                self.assertIn(option, manual, command)
+
+    def test_misuse_is_one_line_and_does_nothing(self):
+        for words in (("paint",), ("palette", "--wide"), ("palette", "6E56CF", "FFFFFF"), ("name",), ("contrast", "FFFFFF"),
+                      ("palette", "-6E56C"), ("export", "6E56CF", "--format", "xml"), ("export", "6E56CF", "--format"),
+                      ("palette", "--format", "json", "--format", "json"), ("delete",), ("install",), ("palette", "-"),
+                      ("install", "6E56CF", "--id", "A"), ("name", "6E56CF", "--library", "x"), ("palette", "-", "--format", "json"),
+                      ("list", "--library", ""), ("list", "--library"), ("name", "6E56CF", "\x1b[2J"), (b"\xff",), ("save", "palette", "x")):
+            with self.subTest(words):
+                code, output, error = self.call(*words)
+                self.assertEqual((code, output), (2, ""))
+                self.assertRegex(error, r"\Atintwell-cli: [^\n\x1b]+\n\Z")
+        self.assertEqual(os.listdir(self.home), [])
+
+
+class Output(Case):
+    def test_a_full_disk_is_told(self):
+        for words, text in ((("palette",), b""), (("--help",), b""), (("palette", "--format", "json-lines", "-"), b"6E56CF\n")):
+            with self.subTest(words), open("/dev/full", "wb") as full:
+                ended = subprocess.run([PROGRAM, *words], env=self.environment, input=text, stdout=full, stderr=subprocess.PIPE,
+                                       check=False, timeout=60)
+                self.assertEqual(ended.returncode, 1)
+                self.assertRegex(ended.stderr.decode(), r"\Atintwell-cli: standard output cannot be written: [^\n]+\n\Z")
+
+    def test_a_closed_output_is_told_and_harms_no_file(self):
+        ended = subprocess.run(["sh", "-c", 'exec "$0" save 6E56CF >&-', PROGRAM], env=self.environment, stderr=subprocess.PIPE,
+                               check=False, timeout=60)
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn(b"standard output cannot be written", ended.stderr)
+        self.assertEqual(len(json.loads(self.done("list", "--format", "json"))), 1)
+
+    def test_a_reader_that_goes_ends_it_quietly(self):
+        for ignored in (False, True):
+            with self.subTest(sigpipe_ignored=ignored):
+                stream = self.start("palette", "--format", "json-lines", "-", stdin=subprocess.PIPE, restore_signals=not ignored)
+                stream.stdout.close()
+                try:
+                    stream.stdin.write(b"6E56CF\n" * 5000)
+                    stream.stdin.close()
+                except BrokenPipeError:
+                    pass
+                self.assertEqual(stream.stderr.read(), b"")
+                self.assertEqual(stream.wait(60), 1 if ignored else -signal.SIGPIPE)
+                stream.stderr.close()
+
+    def on_terminal(self, *words, columns=80, **environment):
+        control, terminal = pty.openpty()
+        fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        process = subprocess.Popen([PROGRAM, *words], env={**self.environment, **environment}, stdout=terminal,
+                                   stdin=subprocess.DEVNULL)
+        os.close(terminal)
+        shown = b""
+        while True:
+            try:
+                part = os.read(control, 65536)
+            except OSError:
+                part = b""
+            if not part:
+                break
+            shown += part
+        os.close(control)
+        self.assertEqual(process.wait(60), 0)
+        return shown.decode().replace("\r\n", "\n")
+
+    def test_terminals_get_blocks(self):
+        shown = self.on_terminal("palette", "6E56CF", columns=100)
+        self.assertIn("\x1b[48;2;110;86;207m", shown)
+        self.assertEqual(max(len(re.sub(r"\x1b\[[0-9;]*m", "", line)) for line in shown.splitlines()), 98)
+        plain = self.done("palette", "6E56CF")
+        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
+            self.assertEqual(self.on_terminal("palette", "6E56CF", **environment), plain)
+        self.assertNotIn("\x1b", plain)
+        self.done("save", "6E56CF")
+        self.assertIn("\x1b[48;2;110;86;207m", self.on_terminal("list"))
+        self.assertNotIn("\x1b", self.done("list"))
+
+
+class Stream(Case):
+    WORDS = ("palette", "--format", "json-lines", "-")
+
+    def test_lines_in_palettes_out(self):
+        colors = ["6E56CF", "#0A0A0D", "F2C14E80"]
+        expected = "".join(self.done("palette", color, "--format", "json-lines") for color in colors)
+        for text in ("\n".join(colors), "\r\n".join(colors) + "\r\n", "\ufeff" + "\n".join(colors) + "\n"):
+            self.assertEqual(self.done(*self.WORDS, text=text.encode()), expected)
+        self.assertEqual(self.done(*self.WORDS, text=b""), "")
+
+    def test_bad_lines_are_named_and_the_rest_is_done(self):
+        text = b"6E56CF\n\nred\n6E56CF\n" + b"#" * 70000 + b"6E56CF\n\xff\x1b\x00\n" + b"#" * 65529 + b"6E56CF\n#FFF"
+        code, output, error = self.call(*self.WORDS, text=text)
+        self.assertEqual(code, 1)
+        self.assertEqual(output, self.done("palette", "--format", "json-lines") * 3)
+        self.assertEqual(error.splitlines(), [
+            f'tintwell-cli: line 2: "" {FORM}', f'tintwell-cli: line 3: "red" {FORM}',
+            "tintwell-cli: line 5: longer than 65535 bytes", f'tintwell-cli: line 6: "���" {FORM}',
+            f'tintwell-cli: line 8: "#FFF" {FORM}'])
+
+    def test_each_line_is_answered_while_the_input_stays_open(self):
+        stream = self.start(*self.WORDS, stdin=subprocess.PIPE, bufsize=0)
+        answers = b""
+        for line in (b"6E56CF\n", b"0A0A0D\n6E5", b"6CF\n"):
+            stream.stdin.write(line)
+            expected = answers.count(b"\n") + 1
+            while answers.count(b"\n") < expected:
+                self.assertTrue(select.select([stream.stdout], [], [], 60)[0])
+                answers += os.read(stream.stdout.fileno(), 65536)
+        self.assertEqual(stream.communicate(timeout=60), (b"", b""))
+        self.assertEqual(stream.returncode, 0)
+
+    def test_an_input_that_cannot_be_read_is_told(self):
+        folder = os.open(self.home, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        stream = self.start(*self.WORDS, stdin=folder)
+        output, error = stream.communicate(timeout=60)
+        self.assertEqual((stream.returncode, output), (1, b""))
+        self.assertRegex(error.decode(), r"\Atintwell-cli: standard input cannot be read: [^\n]+\n\Z")
+
+    @unittest.skipIf("TINTWELL_SANITIZED" in os.environ, "sanitizers keep freed memory")
+    def test_memory_does_not_grow_with_the_input(self):
+        peaks = []
+        for lines in (500, 20000):
+            source = os.path.join(self.home, "colors")
+            with open(source, "wb") as file:
+                file.write(b"6E56CF\n" * lines)
+            with open(source, "rb") as file:
+                process = subprocess.Popen([PROGRAM, *self.WORDS], env=self.environment, stdin=file, stdout=subprocess.DEVNULL)
+                _, status, usage = os.wait4(process.pid, 0)
+                process.returncode = os.waitstatus_to_exitcode(status)
+            self.assertEqual(process.returncode, 0)
+            peaks.append(usage.ru_maxrss)
+        self.assertLess(peaks[1], peaks[0] + 1024, "KiB")
+
+
+class Library(Case):
+    def saved(self, *options):
+        return json.loads(self.done("list", "--format", "json", *options))
+
+    def test_save_list_use_and_delete(self):
+        self.assertEqual(self.done("list"), "")
+        ids = [self.done("save", color).split()[-1] for color in ("6E56CF", "F2C14E80")]
+        with open(self.library, encoding="utf-8") as file:
+            content = file.read()
+        self.assertEqual(self.done("list", "--format", "json").strip(), content.strip())
+        palettes = json.loads(content)
+        self.assertEqual([palette["id"] for palette in palettes], ids[::-1])
+        self.assertEqual(palettes[0]["name"], "Pale Gold")
+        self.assertEqual(palettes[1]["colors"], json.loads(self.done("export", "6E56CF")))
+        self.assertRegex(self.done("list").splitlines()[0],
+                         rf"^{ids[1]}  \d{{4}}-\d\d-\d\dT\d\d:\d\d:\d\dZ  Pale Gold  #F2C14E  #F2C14E ")
+        for words in ((), ("--format", "json"), ("--format", "json-lines")):
+            self.assertEqual(self.done("use", ids[1].lower(), *words), self.done("palette", "F2C14E80", *words))
+        self.assertEqual(self.done("delete", ids[0][:35]), "Deleted Violet\n")
+        self.assertEqual([palette["id"] for palette in self.saved()], [ids[1]])
+
+    def test_ids_that_name_nothing_or_too_much(self):
+        self.fails(1, 'No saved palette has an id that begins with "A"', "delete", "A")
+        entry = json.loads(self.done("save", "6E56CF") and self.done("list", "--format", "json"))[0]
+        twins = [dict(entry, id=f"AB{entry['id'][2:-1]}{digit}") for digit in "12"]
+        with open(self.library, "w", encoding="utf-8") as file:
+            json.dump(twins, file)
+        for words in (("delete", "ab"), ("use", "aB"), ("install", "--id", "AB")):
+            self.fails(1, f'2 saved palettes have an id that begins with "{words[-1]}"; write more of it', *words)
+        self.fails(1, 'No saved palette has an id that begins with ""', "delete", "")
+        self.assertEqual(self.saved(), twins)
+
+    def test_names_cannot_steer_the_terminal(self):
+        self.done("save", "6E56CF")
+        entry = dict(self.saved()[0], name="\x1b]0;owned\x07\x7f\x9b31m\u202e")
+        with open(self.library, "w", encoding="utf-8") as file:
+            json.dump([entry], file, ensure_ascii=False)
+        self.assertEqual(self.saved(), [entry])
+        for words in (("list",), ("list", "--format", "json"), ("delete", entry["id"])):
+            self.assertNotRegex(self.done(*words), "[\x00-\x09\x0b-\x1f\x7f-\x9f]")
+
+    def test_a_broken_library_is_left_alone(self):
+        os.makedirs(os.path.dirname(self.library))
+        with open(self.library, "w", encoding="utf-8") as file:
+            file.write("[{]")
+        for words in (("list",), ("list", "--format", "json"), ("save", "6E56CF"), ("delete", "A"), ("use", "A"), ("install", "--id", "A")):
+            with self.subTest(words):
+                code, output, error = self.call(*words)
+                self.assertEqual((code, output), (1, ""))
+                self.assertRegex(error, r"\Atintwell-cli: Saved palettes could not be loaded: [^\n]+\n\Z")
+        with open(self.library, encoding="utf-8") as file:
+            self.assertEqual(file.read(), "[{]")
+
+    def test_another_library(self):
+        for words in (("save", "6E56CF", "--library", "mine.json"), ("--library", "mine.json", "save", "0A0A0D")):
+            self.done(*words)
+        self.assertEqual(len(self.saved("--library", os.path.join(self.home, "mine.json"))), 2)
+        self.assertFalse(os.path.exists(self.library))
+        code, output, error = self.call("save", "6E56CF", "--library", "/dev/null/library.json")
+        self.assertEqual((code, output), (1, ""))
+        self.assertRegex(error, r"\Atintwell-cli: [^\n]+\n\Z")
+
+    def test_writers_at_once_lose_nothing(self):
+        writers = [self.start("save", f"{number:06X}") for number in range(1, 9)]
+        for writer in writers:
+            self.assertEqual(writer.communicate(timeout=60)[1], b"")
+        self.assertEqual(sorted(round(palette["source"]["blue"] * 255) for palette in self.saved()), list(range(1, 9)))
+
+
+class Lists(Case):
+    def test_install_and_lists(self):
+        self.assertEqual(self.done("lists"), "")
+        file = os.path.join(self.home, "Library/Colors/Tintwell.clr")
+        for words in (("F2C14E",), ("--id", self.done("save", "6E56CF").split()[-1])):
+            self.assertEqual(self.done("install", *words), "Installed Tintwell.clr\n")
+        count = len(json.loads(self.done("export", "6E56CF")))
+        self.assertEqual(self.done("lists"), f"Tintwell  {count} colors  editable      {file}\n")
+        with open(file, encoding="utf-8") as content:
+            colors = json.load(content)["colors"]
+        self.assertEqual((len(colors), colors[0]["key"]), (count, "Source — Violet"))
+
+    def test_a_list_that_is_not_ours_stays(self):
+        file = os.path.join(self.home, "Library/Colors/Tintwell.clr")
+        os.makedirs(os.path.dirname(file))
+        with open(file, "w", encoding="utf-8") as content:
+            json.dump({"colors": [], "editable": False, "name": "Tintwell"}, content)
+        self.fails(1, "Install failed: The existing Tintwell color list cannot be edited.", "install", "6E56CF")
+        self.assertEqual(self.done("lists"), f"Tintwell  0 colors  not editable  {file}\n")
+
+
+if __name__ == "__main__":
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    unittest.main()
