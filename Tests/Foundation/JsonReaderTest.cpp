@@ -218,7 +218,7 @@ TEST(JsonReader, SaysWhatItExpectedAndWhere)
         { "[{},{}]x", "expected nothing more in line 1" },
         { "[{}\n{}]", R"(expected "," or "]" in line 2)" },
         { "[{},\n{\"a\":\n1 2}]", R"(entry 2: expected "," or "}" in line 3)" },
-        { "[{\"a\":nil}]", R"(entry 1, "a": expected "null" without quotes in line 1)" },
+        { "[{\"a\":nil}]", R"(entry 1, "a": expected null without quotes in line 1)" },
         { "[{\"a\":\"\n\"}]",
             R"(entry 1, "a": expected a quote at the end of the string in line 1)" },
         { "[{\"a\":\"\\q\"}]", R"(entry 1, "a": expected a valid "\" escape in line 1)" },
@@ -243,8 +243,7 @@ TEST(JsonReader, SkipsDeepValuesOnlyAsFarAsTheyAreSane)
         = [](std::size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); };
     EXPECT_TRUE(accepts(nested(512)));
     EXPECT_FALSE(accepts(nested(513)));
-    JsonReader json("[[" + std::string(1'000'000, '['));
-    EXPECT_FALSE(json.skipValue());
+    EXPECT_FALSE(accepts(std::string(1'000'000, '[')));
 }
 
 } // namespace

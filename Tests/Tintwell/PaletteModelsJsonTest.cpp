@@ -4,7 +4,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
-#include <regex>
 
 namespace tintwell {
 namespace {
@@ -104,6 +103,15 @@ TEST(PaletteModelsJson, WritesSortedMembersAndReadsThemBack)
     EXPECT_EQ(decoded<Library>(" [ ] "), Library {});
 }
 
+/// The text of another writer, which marks whole numbers by ".0".
+std::string withPlainWholeNumbers(std::string text)
+{
+    for (const std::string_view mark : { ".0,", ".0}" })
+        for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at))
+            text.erase(at, 2);
+    return text;
+}
+
 TEST(PaletteModelsJson, EveryRecordOfGeneratedPalettesComesBack)
 {
     std::ifstream file(TINTWELL_TEST_DATA "/generated.jsonl");
@@ -112,9 +120,7 @@ TEST(PaletteModelsJson, EveryRecordOfGeneratedPalettesComesBack)
         const auto palette = decoded<GeneratedPalette>(line);
         EXPECT_EQ(palette.harmonySections.size(), 5U);
         EXPECT_EQ(palette.darkTheme.appearance, Appearance::dark);
-        // The file was written elsewhere; only its whole numbers look otherwise.
-        EXPECT_EQ(
-            encoded(palette), std::regex_replace(line, std::regex(R"((:[01])\.0([,}]))"), "$1$2"));
+        EXPECT_EQ(encoded(palette), withPlainWholeNumbers(line));
         EXPECT_EQ(decoded<GeneratedPalette>(encoded(palette, JsonStyle::pretty)), palette);
         const auto& theme = palette.lightTheme;
         EXPECT_EQ(decoded<ThemePalette>(encoded(theme)), theme);

@@ -51,7 +51,9 @@ Error tooLargeError(const path& file, std::size_t maxBytes)
 
 std::string temporaryPrefix(const path& target)
 {
-    return "." + target.filename().string() + ".";
+    std::string prefix = ".";
+    prefix += target.filename().string();
+    return prefix += '.';
 }
 
 /// A file beside the target that removes itself unless it took the target's place.
@@ -256,8 +258,10 @@ Result<path> moveAside(const path& file, std::string_view suffix)
     for (int number = 1;; ++number) {
         path aside = target;
         aside += suffix;
-        if (number > 1)
-            aside += "-" + std::to_string(number);
+        if (number > 1) {
+            aside += '-';
+            aside += std::to_string(number);
+        }
         const int failure = renameWithoutReplacing(target, aside);
         if (failure == 0)
             return aside;

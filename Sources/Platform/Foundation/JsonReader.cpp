@@ -369,7 +369,7 @@ bool JsonReader::scanWord(std::string_view word)
 {
     const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
     if (!rest.starts_with(word))
-        return failHere("\"" + std::string(word) + "\" without quotes");
+        return failHere(std::string(word) + " without quotes");
     at_ += word.size();
     return true;
 }
