@@ -1,0 +1,253 @@
+#include "Button.h"
+
+#include "FocusRing.h"
+#include "Fonts.h"
+#include "Metrics.h"
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <cmath>
+#include <QEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+/// The shape of a style. A width of 0 follows the content.
+struct Shape {
+    int width;
+    int height;
+    double radius;
+    double symbolSize;
+    TextStyle text;
+    int textPadding;
+};
+
+constexpr double kHoverOverlay = 0.10;
+constexpr double kPressedOverlay = 0.20;
+constexpr double kDisabledTint = 0.35;
+constexpr double kDisabledOpacity = 0.45;
+
+const Shape& shapeOf(ButtonStyle style)
+{
+    using namespace Metrics;
+    static const TextStyle label { .size = buttonFontSize, .weight = QFont::Medium };
+    static const TextStyle quiet { .size = borderlessFontSize, .weight = QFont::Medium };
+    // clang-format off
+    static const Shape shapes[] = {
+        // width               height            radius            symbol            text   padding
+        { 0,                   buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
+        { iconButtonWidth,     buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
+        { 0,                   borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
+        { borderlessIconWidth, borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
+        { menuButtonWidth,     menuButtonHeight, menuButtonRadius, menuButtonSymbol, quiet, borderlessPadding },
+    };
+    // clang-format on
+    return shapes[static_cast<int>(style)];
+}
+
+} // namespace
+
+Button::Button(
+    ButtonStyle style, const QString& text, std::optional<Symbol> symbol, QWidget* parent)
+    : QAbstractButton(parent)
+    , style_(style)
+    , symbol_(symbol)
+    , font_(fontOf(shapeOf(style).text))
+    , hover_([this] { update(); })
+    , ring_(new FocusRing(*this, shapeOf(style).radius))
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setTitle(text);
+    setTint(tint_);
+}
+
+void Button::setTitle(const QString& title)
+{
+    setText(title);
+    textWidth_ = QFontMetricsF(font_).horizontalAdvance(title);
+    updateGeometry();
+    update();
+}
+
+void Button::setTint(const Tint& tint)
+{
+    tint_ = tint;
+    ring_->setColor(tint.focusRing);
+    update();
+}
+
+void Button::setMenuOpen(bool open)
+{
+    menuOpen_ = open;
+    updateHover();
+    update();
+}
+
+double Button::baseline() const
+{
+    const auto& text = shapeOf(style_).text;
+    return (height() - lineHeightOf(text)) / 2.0 + baselineOf(text);
+}
+
+QSize Button::sizeHint() const
+{
+    const auto& shape = shapeOf(style_);
+    if (shape.width > 0)
+        return { shape.width, shape.height };
+    const auto leading = symbol_.has_value()
+        ? Metrics::buttonSymbolPadding + Metrics::buttonSymbol + Metrics::buttonSymbolGap
+        : shape.textPadding;
+    return { leading + static_cast<int>(std::ceil(textWidth_)) + shape.textPadding, shape.height };
+}
+
+void Button::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    if (!isEnabled() && style_ != ButtonStyle::prominent)
+        painter.setOpacity(kDisabledOpacity);
+    paintPlate(painter, rect(), shapeOf(style_).radius, plateColor(), plateEdge());
+    paintContent(painter, inkColor());
+}
+
+void Button::enterEvent(QEnterEvent* event)
+{
+    updateHover();
+    QAbstractButton::enterEvent(event);
+}
+
+void Button::leaveEvent(QEvent* event)
+{
+    updateHover();
+    QAbstractButton::leaveEvent(event);
+}
+
+void Button::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void Button::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        updateHover();
+    QAbstractButton::changeEvent(event);
+}
+
+void Button::hideEvent(QHideEvent* event)
+{
+    hover_.moveTo(0, 0);
+    QAbstractButton::hideEvent(event);
+}
+
+void Button::updateHover()
+{
+    const auto hovered = (isEnabled() && underMouse()) || menuOpen_;
+    hover_.moveTo(hovered ? 1 : 0, hovered ? Metrics::hoverIn : Metrics::hoverOut);
+}
+
+QColor Button::plateColor() const
+{
+    const auto& theme = currentTheme();
+    if (style_ == ButtonStyle::prominent) {
+        if (!isEnabled())
+            return composited(faded(tint_.fill, kDisabledTint), theme.windowBackground);
+        const auto overlay = isDown() ? kPressedOverlay : kHoverOverlay * hover_.value();
+        return composited(faded(tint_.overlay, overlay), tint_.fill);
+    }
+    if (isDown())
+        return theme.controlPressed;
+    const auto resting
+        = style_ == ButtonStyle::bordered ? theme.controlFill : faded(theme.controlHover, 0);
+    return blended(resting, theme.controlHover, hover_.value());
+}
+
+QColor Button::plateEdge() const
+{
+    if (style_ == ButtonStyle::prominent && isEnabled())
+        return edgeOf(tint_);
+    return style_ == ButtonStyle::bordered ? currentTheme().controlStroke : QColor(Qt::transparent);
+}
+
+QColor Button::inkColor() const
+{
+    const auto& theme = currentTheme();
+    switch (style_) {
+    case ButtonStyle::prominent:
+        return isEnabled() ? tint_.ink : theme.secondary;
+    case ButtonStyle::bordered:
+        return theme.text;
+    case ButtonStyle::borderless:
+        return tint_.text;
+    case ButtonStyle::destructive:
+        return theme.destructive;
+    case ButtonStyle::menu:
+        return blended(theme.secondary, theme.text, isDown() ? 1 : hover_.value());
+    }
+    return theme.text;
+}
+
+void Button::paintContent(QPainter& painter, const QColor& ink) const
+{
+    const auto& shape = shapeOf(style_);
+    const auto top = (height() - shape.symbolSize) / 2;
+    if (text().isEmpty()) {
+        if (symbol_.has_value())
+            paintSymbol(painter, *symbol_,
+                { (width() - shape.symbolSize) / 2, top, shape.symbolSize, shape.symbolSize }, ink);
+        return;
+    }
+    const auto rightToLeft = layoutDirection() == Qt::RightToLeft;
+    double leading = shape.textPadding;
+    if (symbol_.has_value()) {
+        const double left = rightToLeft ? width() - Metrics::buttonSymbolPadding - shape.symbolSize
+                                        : Metrics::buttonSymbolPadding;
+        paintSymbol(painter, *symbol_, { left, top, shape.symbolSize, shape.symbolSize }, ink);
+        leading = Metrics::buttonSymbolPadding + shape.symbolSize + Metrics::buttonSymbolGap;
+    }
+    painter.setFont(font_);
+    painter.setPen(ink);
+    const auto left = rightToLeft ? width() - leading - textWidth_ : leading;
+    painter.drawText(QPointF(left, baseline()), text());
+}
+
+Button* prominentButton(const QString& text, Symbol symbol)
+{
+    return new Button(ButtonStyle::prominent, text, symbol);
+}
+
+Button* borderedIcon(Symbol symbol, const QString& name)
+{
+    auto* button = new Button(ButtonStyle::bordered, {}, symbol);
+    button->setAccessibleName(name);
+    return button;
+}
+
+Button* borderlessButton(const QString& text)
+{
+    return new Button(ButtonStyle::borderless, text, std::nullopt);
+}
+
+Button* destructiveIcon(Symbol symbol, const QString& name)
+{
+    auto* button = new Button(ButtonStyle::destructive, {}, symbol);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    return button;
+}
+
+Button* menuButton(const QString& name)
+{
+    auto* button = new Button(ButtonStyle::menu, {}, Symbol::ellipsis);
+    button->setAccessibleName(name);
+    return button;
+}
+
+} // namespace platform
