@@ -94,12 +94,17 @@ bool ScrollArea::focusNextPrevChild(bool next)
 {
     if (!QWidget::focusNextPrevChild(next))
         return false;
-    auto* focused = window()->focusWidget();
-    if (focused && widget()->isAncestorOf(focused)) {
-        glide_.stop();
-        ensureWidgetVisible(focused, 0, focusMargin);
-    }
+    revealFocus();
     return true;
+}
+
+void ScrollArea::revealFocus()
+{
+    auto* focused = window()->focusWidget();
+    if (!focused || !widget()->isAncestorOf(focused))
+        return;
+    glide_.stop();
+    ensureWidgetVisible(focused, 0, focusMargin);
 }
 
 } // namespace platform

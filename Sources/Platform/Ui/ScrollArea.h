@@ -16,6 +16,9 @@ public:
 
     void scrollToTop();
 
+    /// Scrolls as far as the control with the keyboard focus, if it is inside, comes into sight.
+    void revealFocus();
+
 protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

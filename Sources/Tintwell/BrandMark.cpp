@@ -1,0 +1,70 @@
+#include "BrandMark.h"
+
+#include "Shapes.h"
+#include "Symbols.h"
+#include "ThemeSource.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+namespace tintwell {
+
+namespace {
+
+constexpr int side = 32;
+constexpr double radius = 8;
+constexpr double symbolPadding = 7;
+constexpr double outlineWidth = 0.5;
+
+QImage readMascot()
+{
+    const auto folder = QCoreApplication::applicationDirPath();
+    for (const auto* place : { "/../share/tintwell/", "/Resources/" }) {
+        const QImage picture(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
+        if (!picture.isNull())
+            return picture;
+    }
+    return {};
+}
+
+} // namespace
+
+const QImage& BrandMark::mascot()
+{
+    static const QImage picture = readMascot();
+    return picture;
+}
+
+BrandMark::BrandMark(QWidget* parent, const QImage& picture)
+    : QWidget(parent)
+    , picture_(picture)
+{
+    setFixedSize(side, side);
+}
+
+void BrandMark::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    const auto& theme = platform::currentTheme();
+    const QRectF tile = rect();
+    const auto shape = platform::smoothRoundedRect(tile, radius);
+    painter.fillPath(shape, theme.quaternaryFill);
+    if (picture_.isNull()) {
+        platform::paintSymbol(painter, platform::Symbol::paletteFill,
+            tile.adjusted(symbolPadding, symbolPadding, -symbolPadding, -symbolPadding),
+            theme.secondary);
+    } else {
+        // A brush, not a clip: its edge is smooth.
+        const auto pixels = (tile.size() * devicePixelRatioF()).toSize();
+        auto scaled
+            = picture_.scaled(pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(devicePixelRatioF());
+        QBrush brush;
+        brush.setTextureImage(scaled);
+        painter.fillPath(shape, brush);
+    }
+    platform::paintPlate(painter, tile, radius, Qt::transparent, theme.separator, outlineWidth);
+}
+
+} // namespace tintwell

@@ -1,0 +1,269 @@
+#include "SwatchGrid.h"
+
+#include "Fonts.h"
+#include "MacColorIntegration.h"
+#include "QtColor.h"
+#include "Spring.h"
+#include "Stack.h"
+#include "ThemeSource.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <QFontMetricsF>
+#include <QPainter>
+
+namespace tintwell {
+
+namespace {
+
+using platform::TextStyle;
+
+constexpr int cellSpacing = 5;
+constexpr int columnSpacing = 9;
+constexpr int rowSpacing = 12;
+constexpr int headingSpacing = 2;
+constexpr double markSize = 13;
+
+/// What differs between the two sizes of a cell.
+struct CellStyle {
+    int tileHeight;
+    double cornerRadius;
+    TextStyle name;
+};
+
+const CellStyle& styleOf(bool compact)
+{
+    static const CellStyle regular { 50, 10,
+        { .size = 11, .weight = QFont::Medium, .lineHeight = 13 } };
+    static const CellStyle small { 38, 8,
+        { .size = 10, .weight = QFont::Medium, .lineHeight = 12 } };
+    return compact ? small : regular;
+}
+
+const TextStyle hexStyle { .size = 9, .design = platform::FontDesign::monospaced };
+const TextStyle titleStyle { .size = 14, .weight = QFont::DemiBold };
+const TextStyle subtitleStyle { .size = 11 };
+
+/// One line, cut with an ellipsis at the end where it is too long.
+void drawLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
+    const QColor& color)
+{
+    const auto font = platform::fontOf(style);
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(QPointF(box.left(), box.top() + platform::baselineOf(style)),
+        QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()));
+}
+
+RGBAColor blended(const RGBAColor& from, const RGBAColor& to, double progress)
+{
+    const auto between = [progress](double a, double b) { return a + (b - a) * progress; };
+    return { between(from.red, to.red), between(from.green, to.green), between(from.blue, to.blue),
+        between(from.alpha, to.alpha) };
+}
+
+} // namespace
+
+SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
+    : QWidget(parent)
+    , shown_(state)
+    , copy_(std::move(copy))
+{
+    const NativeColorSwatch swatch { state.namedColor.color, state.namedColor.name,
+        styleOf(state.compact).cornerRadius, [this] { copy_(shown_.namedColor); } };
+    tile_ = swatch.makeNSView().release();
+    tile_->setParent(this);
+    mark_ = new CopiedMark(markSize, this);
+    mark_->show(state.isCopied, toQColor(state.mark));
+}
+
+int SwatchCell::heightOf(bool compact)
+{
+    const auto& style = styleOf(compact);
+    return style.tileHeight + style.name.lineHeight + platform::lineHeightOf(hexStyle)
+        + 2 * cellSpacing;
+}
+
+void SwatchCell::show(const CellState& state, const std::optional<platform::Spring>& spring)
+{
+    if (state == shown_)
+        return;
+    const auto from = tile_->color();
+    const auto target = state.namedColor.color;
+    const bool hasNewColor = !(target == shown_.namedColor.color);
+    shown_ = state;
+    tile_->setLabel(state.namedColor.name);
+    mark_->show(state.isCopied, toQColor(state.mark));
+    update();
+    if (!hasNewColor)
+        return;
+    if (!spring) {
+        motion_.stop();
+        tile_->setColor(toPlatformColor(target));
+        return;
+    }
+    const auto start = fromPlatformColor(from).value_or(target);
+    motion_.run(
+        springDuration(*spring),
+        [this, start, target, spring = *spring](double seconds) {
+            tile_->setColor(
+                toPlatformColor(blended(start, target, platform::springProgress(seconds, spring))));
+        },
+        [this, target] { tile_->setColor(toPlatformColor(target)); });
+}
+
+void SwatchCell::layOut()
+{
+    const QRect tile(0, 0, width(), styleOf(shown_.compact).tileHeight);
+    tile_->setGeometry(tile);
+    mark_->setGeometry(tile);
+}
+
+void SwatchCell::resizeEvent(QResizeEvent*)
+{
+    layOut();
+}
+
+void SwatchCell::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const auto& style = styleOf(shown_.compact);
+    const auto& theme = platform::currentTheme();
+    double y = style.tileHeight + cellSpacing;
+    drawLine(painter, QRectF(0, y, width(), style.name.lineHeight),
+        QString::fromStdString(shown_.namedColor.name), style.name, theme.text);
+    y += style.name.lineHeight + cellSpacing;
+    drawLine(painter, QRectF(0, y, width(), platform::lineHeightOf(hexStyle)),
+        QString::fromStdString(shown_.hex), hexStyle, theme.tertiary);
+}
+
+SwatchGrid::SwatchGrid(CopyColor copy, QWidget* parent)
+    : QWidget(parent)
+    , copy_(std::move(copy))
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void SwatchGrid::show(const SectionState& state, const std::optional<platform::Spring>& spring)
+{
+    auto old = std::move(cells_);
+    cells_.clear();
+    for (const auto& cell : state.cells) {
+        const auto kept = std::find_if(old.begin(), old.end(), [&](const SwatchCell* candidate) {
+            return candidate && candidate->shown().namedColor.id == cell.namedColor.id
+                && candidate->shown().compact == cell.compact;
+        });
+        if (kept == old.end()) {
+            cells_.push_back(new SwatchCell(cell, copy_, this));
+            cells_.back()->setVisible(true);
+            continue;
+        }
+        (*kept)->show(cell, spring);
+        cells_.push_back(*kept);
+        *kept = nullptr;
+    }
+    // A cell may be on the stack of the click that made it go.
+    for (auto* gone : old)
+        if (gone)
+            gone->deleteLater();
+    columns_ = state.columns;
+    updateGeometry();
+    layOut();
+}
+
+QSize SwatchGrid::sizeHint() const
+{
+    if (cells_.empty() || columns_ == 0)
+        return { 0, 0 };
+    const auto rows = static_cast<int>((cells_.size() + columns_ - 1) / columns_);
+    const int height = SwatchCell::heightOf(cells_.front()->shown().compact);
+    return { 0, rows * height + (rows - 1) * rowSpacing };
+}
+
+void SwatchGrid::layOut()
+{
+    if (cells_.empty() || columns_ == 0)
+        return;
+    const auto columns = static_cast<int>(columns_);
+    const int height = SwatchCell::heightOf(cells_.front()->shown().compact);
+    const double pitch = static_cast<double>(width() + columnSpacing) / columns;
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        const auto column = static_cast<int>(i) % columns;
+        const auto row = static_cast<int>(i) / columns;
+        // Each edge is rounded by itself, so that the last column ends at the grid's own edge.
+        const int left = qRound(column * pitch);
+        const int right = qRound((column + 1) * pitch - columnSpacing);
+        cells_[i]->setGeometry(left, row * (height + rowSpacing), right - left, height);
+    }
+}
+
+void SwatchGrid::resizeEvent(QResizeEvent*)
+{
+    layOut();
+}
+
+SectionHeading::SectionHeading(QWidget* parent)
+    : QWidget(parent)
+    , title_(new platform::Label(titleStyle))
+    , subtitle_(new platform::Label(subtitleStyle, platform::ColorRole::secondary))
+{
+    setLayout(platform::vstack(headingSpacing, { title_, subtitle_ }, {}));
+}
+
+void SectionHeading::show(const std::string& title, const std::string& subtitle)
+{
+    title_->setText(QString::fromStdString(title));
+    subtitle_->setText(QString::fromStdString(subtitle));
+}
+
+namespace {
+
+/// How far a swatch is in the direction of an arrow key, or nothing when it is not that way. Up
+/// and down, the nearest row counts first and the nearest centre in it second.
+std::optional<double> distanceInDirection(const QRect& from, const QRect& to, int key)
+{
+    const auto step = to.center() - from.center();
+    const bool sameRow = to.top() == from.top();
+    constexpr double rowWeight = 10'000;
+    switch (key) {
+    case Qt::Key_Left:
+        return sameRow && step.x() < 0 ? std::optional<double>(-step.x()) : std::nullopt;
+    case Qt::Key_Right:
+        return sameRow && step.x() > 0 ? std::optional<double>(step.x()) : std::nullopt;
+    case Qt::Key_Up:
+    case Qt::Key_Down: {
+        const int rows = key == Qt::Key_Up ? from.top() - to.top() : to.top() - from.top();
+        return rows > 0 ? std::optional(rows * rowWeight + std::abs(step.x())) : std::nullopt;
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+bool moveSwatchFocus(QWidget& root, int key)
+{
+    const auto* focused = root.window()->focusWidget();
+    if (!focused || !root.isAncestorOf(focused))
+        return false;
+    const auto placeOf = [&root](const QWidget* widget) {
+        return QRect(widget->mapTo(&root, QPoint()), widget->size());
+    };
+    const auto from = placeOf(focused);
+    QWidget* nearest = nullptr;
+    double least = std::numeric_limits<double>::infinity();
+    for (auto* cell : root.findChildren<SwatchCell*>()) {
+        const auto distance = distanceInDirection(from, placeOf(cell->tile()), key);
+        if (distance && *distance < least) {
+            least = *distance;
+            nearest = cell->tile();
+        }
+    }
+    if (nearest)
+        nearest->setFocus(Qt::TabFocusReason);
+    return nearest != nullptr;
+}
+
+} // namespace tintwell

@@ -1,0 +1,86 @@
+// Swatch tiles with their labels, in columns of equal width.
+#pragma once
+
+#include "Animation.h"
+#include "CopiedMark.h"
+#include "Label.h"
+#include "Motion.h"
+#include "NativeColorSwatch.h"
+#include "TintwellViewState.h"
+
+#include <functional>
+#include <optional>
+#include <QWidget>
+#include <vector>
+
+namespace tintwell {
+
+using CopyColor = std::function<void(const NamedColor&)>;
+
+/// One tile with its name and hex text under it. The tile takes the pointer; the texts do nothing.
+class SwatchCell : public QWidget {
+    Q_OBJECT
+public:
+    SwatchCell(const CellState& state, CopyColor copy, QWidget* parent);
+
+    /// With a spring the tile blends from the colour that it shows now.
+    void show(const CellState& state, const std::optional<platform::Spring>& spring);
+
+    [[nodiscard]] const CellState& shown() const { return shown_; }
+    [[nodiscard]] DraggableColorView* tile() const { return tile_; }
+    [[nodiscard]] static int heightOf(bool compact);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut();
+
+    CellState shown_;
+    CopyColor copy_;
+    DraggableColorView* tile_;
+    CopiedMark* mark_;
+    platform::Motion motion_;
+};
+
+/// The cells of one section, row by row. Cells live as long as their id is among the states.
+class SwatchGrid : public QWidget {
+    Q_OBJECT
+public:
+    explicit SwatchGrid(CopyColor copy, QWidget* parent = nullptr);
+
+    void show(const SectionState& state, const std::optional<platform::Spring>& spring);
+
+    [[nodiscard]] const std::vector<SwatchCell*>& cells() const { return cells_; }
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut();
+
+    CopyColor copy_;
+    std::size_t columns_ = 0;
+    std::vector<SwatchCell*> cells_;
+};
+
+/// A section's title over its one-line description.
+class SectionHeading : public QWidget {
+    Q_OBJECT
+public:
+    explicit SectionHeading(QWidget* parent = nullptr);
+
+    void show(const std::string& title, const std::string& subtitle);
+
+private:
+    platform::Label* title_;
+    platform::Label* subtitle_;
+};
+
+/// Moves the keyboard focus from one swatch below `root` to its neighbour in the direction of an
+/// arrow key; false when there is none or the key is another.
+bool moveSwatchFocus(QWidget& root, int key);
+
+} // namespace tintwell

@@ -1,0 +1,42 @@
+// The mock interface of the Themes workspace, painted in a theme's own roles.
+#pragma once
+
+#include "TintwellViewState.h"
+
+#include <QWidget>
+
+namespace tintwell {
+
+/// A card that imitates an interface: title, subtitle, an active mark and an action pill.
+class ThemePreview : public QWidget {
+    Q_OBJECT
+public:
+    explicit ThemePreview(QWidget* parent = nullptr);
+
+    void show(const PreviewState& state);
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PreviewState shown_;
+};
+
+/// One label for each contrast that a theme reports: a seal and the ratio.
+class ContrastRow : public QWidget {
+    Q_OBJECT
+public:
+    explicit ContrastRow(QWidget* parent = nullptr);
+
+    void show(const std::vector<std::string>& contrasts);
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::vector<std::string> shown_;
+};
+
+} // namespace tintwell
