@@ -25,11 +25,22 @@ protected:
     }
 };
 
+QWidget* makeRootView(TintwellModel& /*model*/)
+{
+    return new Placeholder;
+}
+
 } // namespace
 
-PanelContent makePanelContent(DesktopServices& /*services*/)
+PanelContent makePanelContent(DesktopServices& services)
 {
-    return { new Placeholder };
+    constexpr auto kSeed = "#6E56CF";
+    PanelContent content;
+    content.model = std::make_unique<TintwellModel>(RGBAColor::fromHex(kSeed).value_or(RGBAColor()),
+        PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
+        services.forModel());
+    content.view = makeRootView(*content.model);
+    return content;
 }
 
 } // namespace tintwell

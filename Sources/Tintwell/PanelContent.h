@@ -2,16 +2,19 @@
 #pragma once
 
 #include "DesktopServices.h"
+#include "TintwellModel.h"
+
+#include <QPointer>
+#include <QWidget>
 
 #include <memory>
 
-class QWidget;
-
 namespace tintwell {
 
-/// The view has no parent yet; who shows it owns it, and lets it go before the model.
+/// The view has no parent yet; the frame that shows it owns it, and has to go before the model.
 struct PanelContent {
-    QWidget* view = nullptr;
+    std::unique_ptr<TintwellModel> model;
+    QPointer<QWidget> view;
 };
 
 /// A new model of the seed colour over the user's library, independent of every other, and its

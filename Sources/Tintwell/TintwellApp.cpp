@@ -53,6 +53,7 @@ TintwellApp::TintwellApp(std::vector<std::string> arguments)
     : arguments_(std::move(arguments))
     , instance_(
           kApplicationID, [this](const platform::ActivationRequest& request) { handle(request); })
+    , services_({ .willShow = [this] { hideForPick(); }, .didEnd = [this] { showAfterPick(); } })
     , appDelegate_(services_, [this] { windowClosed(); })
 {
 }
@@ -150,9 +151,42 @@ void TintwellApp::trayChanged(Presence presence)
         window_->hide();
 }
 
+/// The picked colour shows in the panel, so it opens when the pick is over.
 void TintwellApp::sample()
 {
-    showPanel();
+    auto& model = *content().model;
+    if (model.isSampling())
+        return;
+    model.beginSampling();
+    pick_ = model.observe([this, &model] {
+        // The model announces a change before it makes it.
+        const auto look = [this, &model] {
+            if (model.isSampling())
+                return;
+            pick_ = {};
+            showPanel();
+        };
+        QMetaObject::invokeMethod(qApp, look, Qt::QueuedConnection);
+    });
+}
+
+void TintwellApp::hideForPick()
+{
+    hiddenForPick_.clear();
+    for (auto* widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->windowType() == Qt::Window && !widget->isMinimized()) {
+            hiddenForPick_.emplace_back(widget);
+            widget->hide();
+        }
+}
+
+void TintwellApp::showAfterPick()
+{
+    for (const auto& widget : std::exchange(hiddenForPick_, {}))
+        if (widget != nullptr)
+            widget->show();
+    if (panel_ && panel_->isVisible())
+        panel_->activateWindow();
 }
 
 void TintwellApp::showPanel()
@@ -170,32 +204,41 @@ void TintwellApp::showPanelAsWindow()
     window().present();
 }
 
-platform::PanelWindow& TintwellApp::panel()
+PanelContent& TintwellApp::content()
 {
     if (!content_)
         content_ = makePanelContent(services_);
+    return *content_;
+}
+
+platform::PanelWindow& TintwellApp::panel()
+{
+    auto* view = content().view.data();
     if (!panel_)
         panel_ = std::make_unique<platform::PanelWindow>(platform::PanelWindow::Policy {
-            [] { return QGuiApplication::mouseButtons() != Qt::NoButton; },
+            // A pick by the desktop's own means, or a drag into another program.
+            [this] {
+                return content().model->isSampling()
+                    || QGuiApplication::mouseButtons() != Qt::NoButton;
+            },
             [this](const QWindow* focus) {
                 const auto* preview = appDelegate_.previewWindow();
                 return preview == nullptr || preview->windowHandle() != focus;
             },
             [] { return !platform::ThemeSource::instance().reducesMotion(); } });
-    if (content_->view->window() != panel_.get())
-        panel_->setContent(window_ ? window_->takeContent() : content_->view);
+    if (view->window() != panel_.get())
+        panel_->setContent(window_ ? window_->takeContent() : view);
     return *panel_;
 }
 
 platform::ContentWindow& TintwellApp::window()
 {
-    if (!content_)
-        content_ = makePanelContent(services_);
+    auto* view = content().view.data();
     if (!window_)
         window_ = std::make_unique<platform::ContentWindow>(
             QStringLiteral("Tintwell"), [this] { windowClosed(); });
-    if (content_->view->window() != window_.get())
-        window_->setContent(panel_ ? panel_->takeContent() : content_->view);
+    if (view->window() != window_.get())
+        window_->setContent(panel_ ? panel_->takeContent() : view);
     return *window_;
 }
 

@@ -7,6 +7,7 @@
 #include "StatusItem.h"
 #include "TintwellAppDelegate.h"
 
+#include <QPointer>
 #include <QRect>
 
 #include <memory>
@@ -39,6 +40,9 @@ private:
     void itemActivated(const std::optional<platform::ScreenRect>& place);
     void trayChanged(platform::StatusItem::Presence presence);
     void sample();
+    /// The application's own windows leave the screen while the user picks from it.
+    void hideForPick();
+    void showAfterPick();
 
     void showPanel();
     void showPanelAsWindow();
@@ -48,6 +52,7 @@ private:
     [[nodiscard]] bool isDocked() const;
     [[nodiscard]] bool hasTray() const;
     void windowClosed();
+    [[nodiscard]] PanelContent& content();
     [[nodiscard]] platform::PanelWindow& panel();
     [[nodiscard]] platform::ContentWindow& window();
 
@@ -62,6 +67,9 @@ private:
     std::unique_ptr<platform::ContentWindow> window_;
     std::unique_ptr<platform::StatusItem> item_;
     std::optional<QRect> lastPlace_;
+    std::vector<QPointer<QWidget>> hiddenForPick_;
+    /// Waits for the end of a pick that the item's menu began.
+    platform::Subscription pick_;
 };
 
 } // namespace tintwell

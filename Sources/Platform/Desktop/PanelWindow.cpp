@@ -97,8 +97,6 @@ void PanelWindow::openBeside(const QRect& anchor)
     room_ = frame_.shadowRoom(placement_.direction);
     setGeometry(placement_.frame.marginsAdded(room_));
     layOut();
-    if (display)
-        prepareNativeWindow(*display);
     if (frame_.isComposited() && policy_.isAnimated()) {
         showOpening(0);
         opening_.start();
@@ -186,6 +184,13 @@ void PanelWindow::followFocus(const QWindow* focus)
     dismiss();
     if (const auto display = X11Display::current(); display && display->isButtonDown())
         closingPress_ = ClosingPress { QCursor::pos(), std::chrono::steady_clock::now() };
+}
+
+void PanelWindow::showEvent(QShowEvent* /*event*/)
+{
+    // Window managers forget the states of a window that is hidden.
+    if (const auto display = X11Display::current())
+        prepareNativeWindow(*display);
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event)
