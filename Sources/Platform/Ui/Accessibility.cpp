@@ -1,5 +1,6 @@
 #include "Accessibility.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QString>
@@ -22,6 +23,29 @@ constexpr RoleOfClass kRoles[] = {
     { "platform::Separator", QAccessible::Separator },
 };
 
+/// A row of a menu: what a menu offers is an item, not a button.
+class MenuRow : public QAccessibleWidget {
+public:
+    explicit MenuRow(QAbstractButton& row)
+        : QAccessibleWidget(&row, QAccessible::MenuItem)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text which) const override
+    {
+        return which == QAccessible::Name ? row().text() : QAccessibleWidget::text(which);
+    }
+    [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction())
+            row().click();
+    }
+
+private:
+    [[nodiscard]] QAbstractButton& row() const { return static_cast<QAbstractButton&>(*widget()); }
+};
+
 QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 {
     if (object == nullptr || !object->isWidgetType())
@@ -30,6 +54,10 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
         if (className == QLatin1String(entry.className))
             return new QAccessibleWidget(static_cast<QWidget*>(object), entry.role);
     }
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    if (button != nullptr && button->parent() != nullptr
+        && button->parent()->inherits("platform::PopupMenu"))
+        return new MenuRow(*button);
     return nullptr;
 }
 

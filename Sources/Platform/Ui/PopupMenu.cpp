@@ -1,0 +1,326 @@
+#include "PopupMenu.h"
+
+#include "Accessibility.h"
+#include "Button.h"
+#include "Fonts.h"
+#include "Metrics.h"
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QAccessible>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr int kDividerHeight = 11;
+constexpr int kDividerInset = 9;
+constexpr double kOutlineWidth = 0.75;
+constexpr int kMinimumWidth = 196;
+
+/// One of the two shadows under the plate; on dark ground they are twice as strong.
+struct Drop {
+    double offset;
+    double sigma;
+    double opacity;
+};
+constexpr Drop kNear { 2, 3, 0.08 };
+constexpr Drop kFar { 12, 14, 0.17 };
+
+TextStyle rowStyle()
+{
+    return { .size = Metrics::menuFontSize };
+}
+
+} // namespace
+
+/// A row that can be chosen: to the pointer and to assistive technologies.
+class PopupMenu::Row : public QAbstractButton {
+public:
+    Row(PopupMenu& menu, int index)
+        : QAbstractButton(&menu)
+        , menu_(menu)
+        , index_(index)
+    {
+        setText(menu.items_[static_cast<std::size_t>(index)].text);
+        setFocusPolicy(Qt::NoFocus);
+        setMouseTracking(true);
+        QObject::connect(
+            this, &QAbstractButton::clicked, &menu, [&menu, index] { menu.choose(index); });
+    }
+
+    [[nodiscard]] int neededWidth() const
+    {
+        const auto text = QFontMetricsF(fontOf(rowStyle())).horizontalAdvance(this->text());
+        return textLeft() + static_cast<int>(std::ceil(text)) + Metrics::menuRowTrailing;
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        const auto& theme = currentTheme();
+        const auto& item = menu_.items_[static_cast<std::size_t>(index_)];
+        const auto isSelected = menu_.selected_ == index_;
+        QPainter painter(this);
+        painter.setOpacity(menu_.opacity_.value());
+        if (isSelected)
+            paintPlate(
+                painter, rect(), Metrics::menuRowRadius, menu_.tint_.fill, edgeOf(menu_.tint_));
+        const auto rightToLeft = layoutDirection() == Qt::RightToLeft;
+        const auto style = rowStyle();
+        if (item.symbol.has_value()) {
+            const auto left = rightToLeft ? width() - Metrics::menuRowLeading - Metrics::menuSymbol
+                                          : Metrics::menuRowLeading;
+            const QRectF box(left, (height() - Metrics::menuSymbol) / 2.0, Metrics::menuSymbol,
+                Metrics::menuSymbol);
+            paintSymbol(painter, *item.symbol, box, isSelected ? menu_.tint_.ink : theme.secondary);
+        }
+        const auto font = fontOf(style);
+        painter.setFont(font);
+        painter.setPen(isSelected ? menu_.tint_.ink : theme.text);
+        const auto textWidth = QFontMetricsF(font).horizontalAdvance(text());
+        const auto left = rightToLeft ? width() - textLeft() - textWidth : textLeft();
+        const auto top = (height() - lineHeightOf(style)) / 2.0;
+        painter.drawText(QPointF(left, top + baselineOf(style)), text());
+    }
+    void enterEvent(QEnterEvent* event) override
+    {
+        menu_.select(index_);
+        QAbstractButton::enterEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        menu_.select(index_);
+        QAbstractButton::mouseMoveEvent(event);
+    }
+    void leaveEvent(QEvent* event) override
+    {
+        menu_.select(-1);
+        QAbstractButton::leaveEvent(event);
+    }
+
+private:
+    static int textLeft()
+    {
+        return Metrics::menuRowLeading + Metrics::menuSymbol + Metrics::menuSymbolGap;
+    }
+
+    PopupMenu& menu_;
+    int index_;
+};
+
+PopupMenu* PopupMenu::open(
+    Button& button, std::vector<MenuItem> items, const Tint& tint, bool byKeyboard)
+{
+    auto* menu = new PopupMenu(button, std::move(items), tint);
+    menu->show();
+    menu->raise();
+    menu->setFocus(Qt::PopupFocusReason);
+    menu->opacity_.moveTo(1, Metrics::menuFade);
+    QAccessibleEvent started(menu, QAccessible::PopupMenuStart);
+    QAccessible::updateAccessibility(&started);
+    if (byKeyboard)
+        menu->selectNext(1);
+    return menu;
+}
+
+PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& tint)
+    : QWidget(button.window())
+    , button_(&button)
+    , focusBefore_(button.window()->focusWidget())
+    , items_(std::move(items))
+    , tint_(tint)
+    , near_(Metrics::menuRadius, kNear.sigma)
+    , far_(Metrics::menuRadius, kFar.sigma)
+    , opacity_([this] { update(); })
+{
+    installAccessibility();
+    setAccessibleName(button.accessibleName());
+    setFocusPolicy(Qt::StrongFocus);
+    for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
+        const auto isDivider = items_[static_cast<std::size_t>(i)].text.isEmpty();
+        rows_.push_back(isDivider ? nullptr : new Row(*this, i));
+    }
+    button.setMenuOpen(true);
+    button.window()->installEventFilter(this);
+    place();
+}
+
+PopupMenu::~PopupMenu()
+{
+    if (button_)
+        button_->setMenuOpen(false);
+}
+
+void PopupMenu::setTint(const Tint& tint)
+{
+    tint_ = tint;
+    update();
+}
+
+void PopupMenu::dismiss()
+{
+    if (std::exchange(closing_, true))
+        return;
+    QAccessibleEvent ended(this, QAccessible::PopupMenuEnd);
+    QAccessible::updateAccessibility(&ended);
+    hide();
+    if (button_)
+        button_->setMenuOpen(false);
+    if (focusBefore_)
+        focusBefore_->setFocus(Qt::PopupFocusReason);
+    deleteLater();
+}
+
+bool PopupMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == window()) {
+        if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide)
+            dismiss();
+        else if (event->type() == QEvent::Resize)
+            place();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PopupMenu::paintEvent(QPaintEvent* /*event*/)
+{
+    const auto& theme = currentTheme();
+    const auto strength = theme.appearance == Appearance::light ? 1.0 : 2.0;
+    QPainter painter(this);
+    painter.setOpacity(opacity_.value());
+    const QRectF plate(plate_);
+    for (const auto& [shadow, drop] : { std::pair(&far_, kFar), std::pair(&near_, kNear) })
+        shadow->paint(
+            painter, plate.translated(0, drop.offset), faded(Qt::black, drop.opacity * strength));
+    const auto outside
+        = plate.adjusted(-kOutlineWidth, -kOutlineWidth, kOutlineWidth, kOutlineWidth);
+    paintPlate(painter, plate, Metrics::menuRadius, theme.menuBackground);
+    paintPlate(painter, outside, Metrics::menuRadius + kOutlineWidth, Qt::transparent,
+        theme.menuOutline, kOutlineWidth);
+    auto top = plate_.top() + Metrics::menuPadding;
+    for (const auto* row : rows_) {
+        if (row == nullptr) {
+            const auto inset = Metrics::menuPadding + kDividerInset;
+            fillSharp(painter,
+                QRectF(plate_.left() + inset, top + (kDividerHeight - 1) / 2,
+                    plate_.width() - 2 * inset, Metrics::separatorThickness),
+                theme.separator);
+        }
+        top += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+    }
+}
+
+void PopupMenu::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Down:
+        return selectNext(1);
+    case Qt::Key_Up:
+        return selectNext(-1);
+    case Qt::Key_Home:
+        selected_ = -1;
+        return selectNext(1);
+    case Qt::Key_End:
+        selected_ = -1;
+        return selectNext(-1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        return choose(selected_);
+    case Qt::Key_Escape:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return dismiss();
+    default:
+        // Nothing below the menu may react while it is open.
+        event->accept();
+    }
+}
+
+void PopupMenu::mousePressEvent(QMouseEvent* event)
+{
+    if (!plate_.contains(event->pos()))
+        dismiss();
+}
+
+void PopupMenu::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    dismiss();
+}
+
+void PopupMenu::place()
+{
+    setGeometry(window()->rect());
+    auto width = kMinimumWidth;
+    auto height = 2 * Metrics::menuPadding;
+    for (const auto* row : rows_) {
+        height += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+        if (row != nullptr)
+            width = std::max(width, row->neededWidth() + 2 * Metrics::menuPadding);
+    }
+    const QRect button(button_->mapTo(window(), QPoint()), button_->size());
+    const auto below = button.bottom() + 1 + Metrics::menuGap;
+    const auto above = button.top() - Metrics::menuGap - height;
+    const auto fitsBelow = below + height <= this->height();
+    const auto left
+        = layoutDirection() == Qt::LeftToRight ? button.right() + 1 - width : button.left();
+    plate_ = QRect(std::clamp(left, 0, std::max(0, this->width() - width)),
+        fitsBelow ? below : std::max(0, above), width, height);
+    layOutRows();
+    update();
+}
+
+void PopupMenu::layOutRows()
+{
+    auto top = plate_.top() + Metrics::menuPadding;
+    for (auto* row : rows_) {
+        if (row != nullptr)
+            row->setGeometry(plate_.left() + Metrics::menuPadding, top,
+                plate_.width() - 2 * Metrics::menuPadding, Metrics::menuRowHeight);
+        top += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+    }
+}
+
+void PopupMenu::select(int index)
+{
+    if (index == selected_)
+        return;
+    selected_ = index;
+    update();
+    if (index >= 0) {
+        QAccessibleEvent event(rows_[static_cast<std::size_t>(index)], QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void PopupMenu::selectNext(int step)
+{
+    const auto count = static_cast<int>(rows_.size());
+    auto index = selected_ < 0 && step < 0 ? count : selected_;
+    for (int tries = 0; tries < count; ++tries) {
+        index = (index + step + count) % count;
+        if (rows_[static_cast<std::size_t>(index)] != nullptr)
+            return select(index);
+    }
+}
+
+void PopupMenu::choose(int index)
+{
+    if (index < 0 || closing_)
+        return;
+    const auto action = items_[static_cast<std::size_t>(index)].action;
+    dismiss();
+    if (action)
+        action();
+}
+
+} // namespace platform

@@ -1,0 +1,77 @@
+// The menu that a button opens.
+#pragma once
+
+#include "Motion.h"
+#include "Shadow.h"
+#include "Symbols.h"
+#include "Tint.h"
+
+#include <functional>
+#include <optional>
+#include <QPointer>
+#include <QWidget>
+#include <vector>
+
+namespace platform {
+
+class Button;
+
+/// A row of a menu; one without a text is a divider.
+struct MenuItem {
+    QString text;
+    std::optional<Symbol> symbol;
+    std::function<void()> action;
+};
+
+/// A menu inside its window, so that it looks the same with and without a compositor and the window
+/// keeps the focus of the desktop. It opens 6 points from its button, where there is room, with the
+/// trailing edges in line. Arrow keys, Home, End, Return, Space and Escape work; a click outside,
+/// Tab, or another window closes it. It deletes itself when it is closed; the focus returns to
+/// where it was.
+class PopupMenu : public QWidget, public Tinted {
+    Q_OBJECT
+public:
+    /// Shows the menu of `button`; `byKeyboard` selects the first row at once.
+    static PopupMenu* open(
+        Button& button, std::vector<MenuItem> items, const Tint& tint, bool byKeyboard = false);
+    ~PopupMenu() override;
+
+    void setTint(const Tint& tint) override;
+    /// Closes without an action.
+    void dismiss();
+
+    /// The menu's plate inside this widget, which covers the whole window.
+    [[nodiscard]] QRect plate() const { return plate_; }
+    /// The selected row, -1 when none is.
+    [[nodiscard]] int selected() const { return selected_; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    class Row;
+    PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& tint);
+    void place();
+    void layOutRows();
+    void select(int index);
+    void selectNext(int step);
+    void choose(int index);
+
+    QPointer<Button> button_;
+    QPointer<QWidget> focusBefore_;
+    std::vector<MenuItem> items_;
+    std::vector<Row*> rows_;
+    Tint tint_;
+    QRect plate_;
+    int selected_ = -1;
+    bool closing_ = false;
+    Shadow near_;
+    Shadow far_;
+    Fade opacity_;
+};
+
+} // namespace platform
