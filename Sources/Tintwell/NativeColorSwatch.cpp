@@ -35,9 +35,7 @@ QBrush checkerBrush(const QRectF& rect, double pixelRatio)
     platform::paintChecker(painter, rect, theme.fieldBackground,
         platform::composited(theme.separator, theme.fieldBackground));
     painter.end();
-    QBrush brush(pixmap);
-    brush.setTransform(QTransform::fromScale(1 / pixelRatio, 1 / pixelRatio));
-    return brush;
+    return pixmap;
 }
 
 void paintSwatch(QPainter& painter, const QRectF& rect, double radius, const platform::Color& color)
@@ -73,10 +71,10 @@ QPointF locationIn(const QWidget& view, const QMouseEvent& event)
 
 } // namespace
 
-DraggableColorView::DraggableColorView(const platform::Color& color, const std::string& label,
+DraggableColorView::DraggableColorView(platform::Color color, const std::string& label,
     double cornerRadius, std::function<void()> onClick, QWidget* parent)
     : QWidget(parent)
-    , color_(color)
+    , color_(std::move(color))
     , cornerRadius_(cornerRadius)
     , onClick_(std::move(onClick))
 {

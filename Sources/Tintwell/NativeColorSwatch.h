@@ -20,7 +20,7 @@ namespace tintwell {
 class DraggableColorView final : public QWidget {
 public:
     /// `cornerRadius` is in points.
-    DraggableColorView(const platform::Color& color, const std::string& label, double cornerRadius,
+    DraggableColorView(platform::Color color, const std::string& label, double cornerRadius,
         std::function<void()> onClick, QWidget* parent = nullptr);
 
     [[nodiscard]] const platform::Color& color() const { return color_; }

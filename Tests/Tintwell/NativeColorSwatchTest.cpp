@@ -229,9 +229,10 @@ TEST_F(Swatch, TakesNewValuesFromItsRecord)
     EXPECT_EQ(clicks_, 0);
 }
 
-QImage pictureOf(QWidget& view)
+QImage pictureOf(QWidget& view, int pixelRatio = 1)
 {
-    QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(view.size() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::transparent);
     view.render(&image, {}, {}, QWidget::RenderFlags());
     return image;
@@ -251,17 +252,23 @@ TEST_F(Swatch, ShowsACheckerThroughWhatIsNotOpaque)
 {
     const auto& theme = platform::currentTheme();
     view_->setColor({ 0, 0, 1, 0.5 });
-    const auto image = pictureOf(*view_);
     const auto half
         = [](const QColor& under) { return platform::composited(QColor(0, 0, 255, 128), under); };
-    const auto dark = platform::composited(theme.separator, theme.fieldBackground);
+    const auto light = half(theme.fieldBackground);
+    const auto dark = half(platform::composited(theme.separator, theme.fieldBackground));
     const auto isNear = [](const QColor& a, const QColor& b) {
         return std::abs(a.red() - b.red()) <= 1 && std::abs(a.blue() - b.blue()) <= 1
             && a.alpha() == b.alpha();
     };
-    EXPECT_TRUE(isNear(image.pixelColor(22, 22), half(theme.fieldBackground)));
-    EXPECT_TRUE(isNear(image.pixelColor(27, 22), half(dark)));
-    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    constexpr int cell = 5;
+    for (const int ratio : { 1, 2 }) {
+        const auto image = pictureOf(*view_, ratio);
+        for (int column = 2; column < 18; ++column) {
+            const auto shown = image.pixelColor((column * cell + 2) * ratio, 22 * ratio);
+            EXPECT_TRUE(isNear(shown, column % 2 == 0 ? light : dark)) << ratio << ' ' << column;
+        }
+        EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    }
 }
 
 TEST_F(Swatch, PaintsColorsFromAnywhere)

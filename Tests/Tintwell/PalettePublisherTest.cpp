@@ -32,31 +32,32 @@ struct Palette {
     bool operator==(const Palette&) const = default;
 };
 
+bool isPlain(char c)
+{
+    return c == '\n' || c == '\t' || (c >= ' ' && c <= '~');
+}
+
 /// Reads a text as the strictest of the programs do; nothing when one of them would refuse it.
 std::optional<Palette> readStrictly(const std::string& text)
 {
     constexpr std::size_t shortest = 50;
-    const bool isPlain = std::all_of(text.begin(), text.end(),
-        [](char c) { return c == '\n' || c == '\t' || (c >= ' ' && c <= '~'); });
-    if (text.size() < shortest || !isPlain || text.back() != '\n')
+    if (text.size() < shortest || !std::all_of(text.begin(), text.end(), isPlain)
+        || text.back() != '\n')
         return std::nullopt;
-    static const std::regex nameLine("Name: ([!-~]([ -~]*[!-~])?)");
-    static const std::regex entry("([0-9]{1,3}) ([0-9]{1,3}) ([0-9]{1,3})\t([!-~]([ -~]*[!-~])?)");
-    std::istringstream lines(text);
-    std::string line;
+    static const std::regex head("GIMP Palette\nName: ([!-~]([ -~]*[!-~])?)\n");
+    static const std::string channel = "(25[0-5]|2[0-4][0-9]|1[0-9][0-9]|[1-9]?[0-9])";
+    static const std::regex entry(
+        channel + " " + channel + " " + channel + "\t[!-~]([ -~]*[!-~])?");
     std::smatch match;
-    if (!std::getline(lines, line) || line != "GIMP Palette" || !std::getline(lines, line)
-        || !std::regex_match(line, match, nameLine))
+    if (!std::regex_search(text, match, head, std::regex_constants::match_continuous))
         return std::nullopt;
     Palette palette { match[1], {} };
-    while (std::getline(lines, line)) {
+    std::istringstream lines(match.suffix());
+    for (std::string line; std::getline(lines, line);) {
         if (line.starts_with('#'))
             continue;
-        if (!std::regex_match(line, match, entry))
+        if (!std::regex_match(line, entry))
             return std::nullopt;
-        for (int i = 1; i <= 3; ++i)
-            if (std::stoi(match[i]) > 255)
-                return std::nullopt;
         palette.entries.push_back(line);
     }
     return palette;
