@@ -75,21 +75,33 @@ RGBAColor firstRole(const ThemePalette& palette, const RoleChain& chain)
     return chain.lastResort;
 }
 
+/// What is seen of `color` on an opaque background.
+RGBAColor laidOver(const RGBAColor& background, const RGBAColor& color)
+{
+    if (color.alpha == 1)
+        return color;
+    const double alpha = std::clamp(color.alpha, 0.0, 1.0);
+    const auto mixed
+        = [alpha](double below, double above) { return below + alpha * (above - below); };
+    return { mixed(background.red, color.red), mixed(background.green, color.green),
+        mixed(background.blue, color.blue), 1 };
+}
+
 } // namespace
 
 TintState tintState(
     const RGBAColor& source, const RGBAColor& windowBackground, const RGBAColor& text)
 {
     TintState state;
-    state.tint = source;
-    state.ink = readableInkOn(source);
-    state.hasOutline = contrastRatio(source, windowBackground) < distinctRatio;
-    state.text = OKLCH(source).chroma < leastTextChroma
+    state.tint = laidOver(windowBackground, source);
+    state.ink = readableInkOn(state.tint);
+    state.hasOutline = contrastRatio(state.tint, windowBackground) < distinctRatio;
+    state.text = OKLCH(state.tint).chroma < leastTextChroma
         ? text
-        : ensureContrast(source, windowBackground, textRatio);
-    state.focusRing = ensureContrast(source, windowBackground, focusRatio);
+        : ensureContrast(state.tint, windowBackground, textRatio);
+    state.focusRing = ensureContrast(state.tint, windowBackground, focusRatio);
     const auto otherInk = state.ink == darkInk ? lightInk : darkInk;
-    state.overlay = contrastRatio(otherInk, source) < distinctRatio ? state.ink : otherInk;
+    state.overlay = contrastRatio(otherInk, state.tint) < distinctRatio ? state.ink : otherInk;
     return state;
 }
 

@@ -11,9 +11,9 @@
 
 namespace tintwell {
 
-/// The colours that controls take from the source.
+/// The colours that controls take from the source, all opaque.
 struct TintState {
-    RGBAColor tint; ///< The source itself: selected segment, prominent buttons.
+    RGBAColor tint; ///< The source as the window shows it: selected segment, prominent buttons.
     RGBAColor ink; ///< Labels on the tint.
     RGBAColor text; ///< Borderless buttons on the window background.
     RGBAColor focusRing;
