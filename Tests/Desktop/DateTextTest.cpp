@@ -1,0 +1,97 @@
+#include "DateText.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <map>
+#include <vector>
+
+namespace platform {
+namespace {
+
+Timestamp moment(const char* text)
+{
+    return *parseIso8601(text);
+}
+
+TEST(DateText, WritesTheAbbreviatedDateAndTheShortTimeOfTheLocale)
+{
+    struct Case {
+        const char* locale;
+        const char* timeZone;
+        const char* time;
+        const char* text;
+    };
+    // English puts U+202F, a narrow space that does not break, before AM and PM.
+    const std::vector<Case> cases {
+        { "en_US.UTF-8", "UTC", "2026-11-22T16:18:59Z", "Nov 22, 2026, 4:18\u202FPM" },
+        { "en_GB.UTF-8", "UTC", "2026-11-22T16:18:00Z", "22 Nov 2026, 16:18" },
+        { "de_DE.UTF-8", "UTC", "2026-11-22T16:18:00Z", "22.11.2026, 16:18" },
+        { "de_DE@euro", "Europe/Berlin", "2026-07-01T23:30:00Z", "02.07.2026, 01:30" },
+        { "ja_JP.eucJP", "Asia/Tokyo", "2026-11-22T16:18:00Z", "2026/11/23 1:18" },
+        { "C", "UTC", "2026-11-22T00:05:00Z",
+            "Nov 22, 2026, 12:05\u202F"
+            "AM" },
+        { "C.UTF-8", "America/New_York", "2026-03-08T07:00:00Z",
+            "Mar 8, 2026, 3:00\u202F"
+            "AM" },
+        { "POSIX", "UTC", "1969-12-31T23:59:59Z", "Dec 31, 1969, 11:59\u202FPM" },
+        { "", "UTC", "9999-12-31T23:59:59Z", "Dec 31, 9999, 11:59\u202FPM" },
+    };
+    for (const auto& [locale, zone, time, text] : cases)
+        EXPECT_EQ(DateText(locale, zone)(moment(time)), text) << locale << " " << zone;
+}
+
+/// Puts environment variables in place for as long as it lives.
+class Environment {
+public:
+    void set(const char* name, const char* value)
+    {
+        if (const char* old = std::getenv(name); old && !before_.contains(name))
+            before_[name] = old;
+        before_.try_emplace(name);
+        if (value)
+            ::setenv(name, value, 1);
+        else
+            ::unsetenv(name);
+    }
+    Environment() = default;
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+    ~Environment()
+    {
+        for (const auto& [name, value] : before_)
+            if (value)
+                ::setenv(name.c_str(), value->c_str(), 1);
+            else
+                ::unsetenv(name.c_str());
+    }
+
+private:
+    std::map<std::string, std::optional<std::string>> before_;
+};
+
+TEST(DateText, TakesTheLocaleThatTheUserSetForDates)
+{
+    struct Case {
+        const char* all;
+        const char* time;
+        const char* lang;
+        const char* locale;
+    };
+    const std::vector<Case> cases {
+        { "ja_JP.UTF-8", "de_DE.UTF-8", "en_US.UTF-8", "ja_JP.UTF-8" },
+        { nullptr, "de_DE.UTF-8", "en_US.UTF-8", "de_DE.UTF-8" },
+        { "", "", "en_US.UTF-8", "en_US.UTF-8" },
+        { nullptr, nullptr, nullptr, "C" },
+    };
+    Environment environment;
+    for (const auto& [all, time, lang, locale] : cases) {
+        environment.set("LC_ALL", all);
+        environment.set("LC_TIME", time);
+        environment.set("LANG", lang);
+        EXPECT_EQ(DateText::userLocale(), locale);
+    }
+}
+
+} // namespace
+} // namespace platform
