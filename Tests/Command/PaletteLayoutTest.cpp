@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 
 namespace tintwell {
@@ -24,10 +23,11 @@ std::vector<std::string> linesOf(const std::string& text)
     return lines;
 }
 
-std::string withoutPaint(const std::string& text)
+std::string withoutPaint(std::string text)
 {
-    static const std::regex sequence("\x1b\\[[0-9;]*m");
-    return std::regex_replace(text, sequence, "");
+    for (auto at = text.find('\x1b'); at != std::string::npos; at = text.find('\x1b', at))
+        text.erase(at, text.find('m', at) + 1 - at);
+    return text;
 }
 
 /// The last line that begins with `start`.

@@ -24,7 +24,7 @@ FORM = "is not a color; write RRGGBB or RRGGBBAA in hexadecimal digits, such as 
 
 class Case(unittest.TestCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="tintwell-cli-")
+        folder = tempfile.TemporaryDirectory(prefix="command-line-")
         self.addCleanup(folder.cleanup)
         self.home = folder.name
         self.library = os.path.join(self.home, ".local/share/Tintwell/saved-palettes.json")
