@@ -15,10 +15,12 @@
 #include "X11ColorSampler.h"
 
 #include <QApplication>
+#include <QByteArray>
 #include <QPainter>
 #include <QRasterWindow>
 #include <QSocketNotifier>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -26,6 +28,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -127,14 +130,18 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     Driver driver(QCoreApplication::arguments());
-    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QByteArray said;
     QObject::connect(&input, &QSocketNotifier::activated, &application, [&] {
-        do {
-            std::string line;
-            if (!std::getline(std::cin, line))
-                return QCoreApplication::quit();
-            driver.run(line);
-        } while (std::cin.rdbuf()->in_avail() > 0);
+        std::array<char, 4096> bytes {};
+        const auto count = read(STDIN_FILENO, bytes.data(), bytes.size());
+        if (count <= 0)
+            return QCoreApplication::quit();
+        said.append(bytes.data(), count);
+        for (auto end = said.indexOf('\n'); end >= 0; end = said.indexOf('\n')) {
+            driver.run(said.left(end).toStdString());
+            said.remove(0, end + 1);
+        }
     });
     return QGuiApplication::exec();
 }

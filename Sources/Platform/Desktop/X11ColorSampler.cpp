@@ -182,10 +182,8 @@ private:
             return buttonPressed(reinterpret_cast<const xcb_button_press_event_t&>(event));
         case XCB_BUTTON_RELEASE:
             return buttonReleased(reinterpret_cast<const xcb_button_release_event_t&>(event));
-        case XCB_MOTION_NOTIFY: {
-            const auto& motion = reinterpret_cast<const xcb_motion_notify_event_t&>(event);
-            return moveTo({ motion.root_x, motion.root_y });
-        }
+        case XCB_MOTION_NOTIFY:
+            return pointerMoved(event);
         case XCB_EXPOSE:
             if (window_
                 && reinterpret_cast<const xcb_expose_event_t&>(event).window == window_->window())
@@ -242,9 +240,19 @@ private:
             [&](const LoupeMonitor& monitor) { return monitor.geometry.contains(next); });
         if (!seen)
             next = clamped(next, monitors_[monitorAt(pixel_)].geometry);
-        xcb_warp_pointer(display_.connection(), XCB_NONE, display_.root(), 0, 0, 0, 0,
-            static_cast<std::int16_t>(next.x()), static_cast<std::int16_t>(next.y()));
+        lastWarp_ = xcb_warp_pointer(display_.connection(), XCB_NONE, display_.root(), 0, 0, 0, 0,
+            static_cast<std::int16_t>(next.x()), static_cast<std::int16_t>(next.y()))
+                        .sequence;
         moveTo(next);
+    }
+
+    /// A movement from before our last warp is history: it must not undo a key's step.
+    void pointerMoved(const xcb_generic_event_t& event)
+    {
+        if (static_cast<std::int32_t>(event.full_sequence - lastWarp_) < 0)
+            return;
+        const auto& motion = reinterpret_cast<const xcb_motion_notify_event_t&>(event);
+        moveTo({ motion.root_x, motion.root_y });
     }
 
     void moveTo(QPoint pixel)
@@ -356,6 +364,7 @@ private:
     std::vector<LoupeMonitor> monitors_;
     std::map<std::size_t, std::shared_ptr<const ColorSpace>> spaces_;
     QPoint pixel_;
+    unsigned lastWarp_ = 0;
     xcb_button_t pressed_ = 0;
     bool willDraw_ = false;
 };
