@@ -41,6 +41,16 @@ TEST(DateText, WritesTheAbbreviatedDateAndTheShortTimeOfTheLocale)
         EXPECT_EQ(DateText(locale, zone)(moment(time)), text) << locale << " " << zone;
 }
 
+/// ICU itself does not survive some of these.
+TEST(DateText, WritesEnglishForWhatNamesNoLocale)
+{
+    const auto time = moment("2026-11-22T16:18:00Z");
+    for (const std::string name : { "not a locale", "zzzzzzzzzzzzzzzzzzzz", "abcdefghijklm_XX",
+             "/usr/share/i18n/locales/de_DE", "en__US", "_", "de_DE-", "d\u00E9_DE", ".UTF-8",
+             "@euro" })
+        EXPECT_EQ(DateText(name, "UTC")(time), DateText("en_US", "UTC")(time)) << name;
+}
+
 /// Puts environment variables in place for as long as it lives.
 class Environment {
 public:

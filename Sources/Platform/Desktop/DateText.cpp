@@ -1,20 +1,42 @@
 #include "DateText.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string_view>
 #include <unicode/udat.h>
 #include <unicode/ustring.h>
+#include <utility>
 
 namespace platform {
 
 namespace {
 
-/// ICU's name for a locale of the environment; the plain "C" writes dates as English does.
+/// Language, script, country and variant are letters and digits, eight at most each. ICU reads
+/// through a null pointer for names with a longer language.
+bool isLocaleName(std::string_view name)
+{
+    constexpr std::string_view alphanumerics
+        = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+    constexpr std::size_t longestPart = 8;
+    for (std::size_t start = 0;;) {
+        const auto end = std::min(name.find_first_of("_-", start), name.size());
+        const auto part = name.substr(start, end - start);
+        if (part.empty() || part.size() > longestPart
+            || part.find_first_not_of(alphanumerics) != std::string_view::npos)
+            return false;
+        if (end == name.size())
+            return true;
+        start = end + 1;
+    }
+}
+
+/// ICU's name for a locale of the environment; the plain "C" and what names no locale write dates
+/// as English does.
 std::string icuLocale(std::string_view name)
 {
     const auto plain = name.substr(0, name.find_first_of(".@"));
-    return plain.empty() || plain == "C" || plain == "POSIX" ? "en_US" : std::string(plain);
+    return plain == "C" || plain == "POSIX" || !isLocaleName(plain) ? "en_US" : std::string(plain);
 }
 
 std::u16string toUtf16(const std::string& ascii)
@@ -44,8 +66,9 @@ struct DateText::Format {
     Format& operator=(const Format&) = delete;
 };
 
-DateText::DateText(const std::string& locale, const std::string& timeZone)
-    : format_(std::make_unique<Format>(locale, timeZone))
+DateText::DateText(std::string locale, std::string timeZone)
+    : locale_(std::move(locale))
+    , timeZone_(std::move(timeZone))
 {
 }
 
@@ -65,6 +88,8 @@ std::string DateText::userLocale()
 
 std::string DateText::operator()(Timestamp time) const
 {
+    if (!format_)
+        format_ = std::make_unique<Format>(locale_, timeZone_);
     std::array<UChar, 128> text {};
     auto status = U_ZERO_ERROR;
     const auto milliseconds = static_cast<UDate>(time.time_since_epoch().count());

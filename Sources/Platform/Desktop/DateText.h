@@ -8,12 +8,13 @@
 
 namespace platform {
 
-/// Formats moments in one locale and time zone; made once, as setting up costs far more than
-/// formatting.
+/// Formats moments in one locale and time zone. Keep one: its first text opens the locale's data,
+/// which costs several hundred times what a text costs, and some megabytes.
 class DateText {
 public:
-    /// `locale` as in the environment ("de_DE.UTF-8"); an empty `timeZone` is the user's own.
-    explicit DateText(const std::string& locale, const std::string& timeZone = {});
+    /// `locale` as in the environment ("de_DE.UTF-8"), English when it names none; an empty
+    /// `timeZone` is the user's own.
+    explicit DateText(std::string locale, std::string timeZone = {});
     ~DateText();
     DateText(DateText&&) noexcept;
     DateText& operator=(DateText&&) noexcept;
@@ -27,7 +28,9 @@ public:
 
 private:
     struct Format;
-    std::unique_ptr<Format> format_;
+    std::string locale_;
+    std::string timeZone_;
+    mutable std::unique_ptr<Format> format_;
 };
 
 } // namespace platform
