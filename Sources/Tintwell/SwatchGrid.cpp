@@ -1,9 +1,7 @@
 #include "SwatchGrid.h"
 
 #include "Fonts.h"
-#include "MacColorIntegration.h"
 #include "QtColor.h"
-#include "Spring.h"
 #include "Stack.h"
 #include "ThemeSource.h"
 
@@ -56,25 +54,22 @@ void drawLine(QPainter& painter, const QRectF& box, const QString& text, const T
         QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()));
 }
 
-RGBAColor blended(const RGBAColor& from, const RGBAColor& to, double progress)
-{
-    const auto between = [progress](double a, double b) { return a + (b - a) * progress; };
-    return { between(from.red, to.red), between(from.green, to.green), between(from.blue, to.blue),
-        between(from.alpha, to.alpha) };
-}
-
 } // namespace
 
 SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
     : QWidget(parent)
     , shown_(state)
     , copy_(std::move(copy))
+    , tile_(NativeColorSwatch { state.namedColor.color, state.namedColor.name,
+          styleOf(state.compact).cornerRadius, [this] { copy_(shown_.namedColor); } }
+                .makeNSView()
+                .release())
+    , mark_(new CopiedMark(markSize, this))
+    , ring_(new platform::FocusRing(*tile_, styleOf(state.compact).cornerRadius))
+    , motion_(*tile_)
 {
-    const NativeColorSwatch swatch { state.namedColor.color, state.namedColor.name,
-        styleOf(state.compact).cornerRadius, [this] { copy_(shown_.namedColor); } };
-    tile_ = swatch.makeNSView().release();
     tile_->setParent(this);
-    mark_ = new CopiedMark(markSize, this);
+    mark_->raise();
     mark_->show(state.isCopied, toQColor(state.mark));
 }
 
@@ -89,28 +84,13 @@ void SwatchCell::show(const CellState& state, const std::optional<platform::Spri
 {
     if (state == shown_)
         return;
-    const auto from = tile_->color();
-    const auto target = state.namedColor.color;
-    const bool hasNewColor = !(target == shown_.namedColor.color);
+    const bool hasNewColor = state.namedColor.color != shown_.namedColor.color;
     shown_ = state;
     tile_->setLabel(state.namedColor.name);
     mark_->show(state.isCopied, toQColor(state.mark));
+    if (hasNewColor)
+        motion_.moveTo(state.namedColor.color, spring);
     update();
-    if (!hasNewColor)
-        return;
-    if (!spring) {
-        motion_.stop();
-        tile_->setColor(toPlatformColor(target));
-        return;
-    }
-    const auto start = fromPlatformColor(from).value_or(target);
-    motion_.run(
-        springDuration(*spring),
-        [this, start, target, spring = *spring](double seconds) {
-            tile_->setColor(
-                toPlatformColor(blended(start, target, platform::springProgress(seconds, spring))));
-        },
-        [this, target] { tile_->setColor(toPlatformColor(target)); });
 }
 
 void SwatchCell::layOut()

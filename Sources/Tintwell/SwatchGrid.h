@@ -3,9 +3,11 @@
 
 #include "Animation.h"
 #include "CopiedMark.h"
+#include "FocusRing.h"
 #include "Label.h"
-#include "Motion.h"
 #include "NativeColorSwatch.h"
+#include "SwatchMotion.h"
+#include "Tint.h"
 #include "TintwellViewState.h"
 
 #include <functional>
@@ -18,13 +20,15 @@ namespace tintwell {
 using CopyColor = std::function<void(const NamedColor&)>;
 
 /// One tile with its name and hex text under it. The tile takes the pointer; the texts do nothing.
-class SwatchCell : public QWidget {
+class SwatchCell : public QWidget, public platform::Tinted {
     Q_OBJECT
 public:
     SwatchCell(const CellState& state, CopyColor copy, QWidget* parent);
 
     /// With a spring the tile blends from the colour that it shows now.
     void show(const CellState& state, const std::optional<platform::Spring>& spring);
+
+    void setTint(const platform::Tint& tint) override { ring_->setColor(tint.focusRing); }
 
     [[nodiscard]] const CellState& shown() const { return shown_; }
     [[nodiscard]] DraggableColorView* tile() const { return tile_; }
@@ -41,7 +45,8 @@ private:
     CopyColor copy_;
     DraggableColorView* tile_;
     CopiedMark* mark_;
-    platform::Motion motion_;
+    platform::FocusRing* ring_;
+    SwatchMotion motion_;
 };
 
 /// The cells of one section, row by row. Cells live as long as their id is among the states.

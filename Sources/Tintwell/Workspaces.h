@@ -1,10 +1,15 @@
 // The three workspaces of the panel.
 #pragma once
 
+#include "Button.h"
+#include "Label.h"
 #include "RecyclingList.h"
 #include "ScrollArea.h"
+#include "Separator.h"
 #include "SwatchGrid.h"
 #include "ThemePreview.h"
+#include "Tint.h"
+#include "TintwellModel.h"
 
 namespace tintwell {
 
@@ -67,6 +72,59 @@ public:
 private:
     CopyColor copy_;
     std::vector<ThemeSection*> themes_;
+};
+
+struct RowActions {
+    std::function<void()> onUse;
+    std::function<void()> onInstall;
+    std::function<void()> onDelete;
+};
+
+class ColorStrip;
+
+/// One palette of the library: name, date, what can be done with it, and its first colours.
+class SavedPaletteRow : public QWidget {
+    Q_OBJECT
+public:
+    explicit SavedPaletteRow(RowActions actions, QWidget* parent = nullptr);
+
+    void show(const SavedRowState& state);
+    [[nodiscard]] const SavedRowState& shown() const { return shown_; }
+    /// The divider below included.
+    [[nodiscard]] static int rowHeight();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    SavedRowState shown_;
+    platform::Label* name_;
+    platform::Label* date_;
+    platform::Button* use_;
+    platform::Button* install_;
+    platform::Button* delete_;
+    ColorStrip* strip_;
+    platform::Separator* separator_;
+};
+
+/// The library, newest first, or a hint where it is empty.
+class SavedWorkspace : public QWidget, public platform::Tinted {
+    Q_OBJECT
+public:
+    SavedWorkspace(TintwellModel& model, DateText dateText, QWidget* parent = nullptr);
+
+    void show();
+    void setTint(const platform::Tint& tint) override { tint_ = tint; }
+
+private:
+    [[nodiscard]] QWidget* makeRow(QWidget* parent);
+
+    TintwellModel& model_;
+    DateText dateText_;
+    platform::Tint tint_;
+    platform::RecyclingList* list_;
+    platform::ScrollArea* area_;
+    QWidget* empty_;
 };
 
 } // namespace tintwell

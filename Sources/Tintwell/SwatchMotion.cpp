@@ -1,0 +1,46 @@
+#include "SwatchMotion.h"
+
+#include "MacColorIntegration.h"
+#include "Spring.h"
+
+namespace tintwell {
+
+namespace {
+
+RGBAColor blended(const RGBAColor& from, const RGBAColor& to, double progress)
+{
+    const auto between = [progress](double a, double b) { return a + (b - a) * progress; };
+    return { between(from.red, to.red), between(from.green, to.green), between(from.blue, to.blue),
+        between(from.alpha, to.alpha) };
+}
+
+} // namespace
+
+SwatchMotion::SwatchMotion(DraggableColorView& swatch, std::function<void()> moved)
+    : swatch_(swatch)
+    , moved_(std::move(moved))
+{
+}
+
+void SwatchMotion::set(const RGBAColor& color)
+{
+    swatch_.setColor(toPlatformColor(color));
+    if (moved_)
+        moved_();
+}
+
+void SwatchMotion::moveTo(const RGBAColor& target, const std::optional<platform::Spring>& spring)
+{
+    motion_.stop();
+    if (!spring)
+        return set(target);
+    const auto from = fromPlatformColor(swatch_.color()).value_or(target);
+    motion_.run(
+        platform::springDuration(*spring),
+        [this, from, target, spring = *spring](double seconds) {
+            set(blended(from, target, platform::springProgress(seconds, spring)));
+        },
+        [this, target] { set(target); });
+}
+
+} // namespace tintwell

@@ -1,0 +1,205 @@
+#include "TintwellView.h"
+
+#include "Metrics.h"
+#include "PopupMenu.h"
+#include "QtColor.h"
+#include "Separator.h"
+#include "Spring.h"
+#include "Stack.h"
+#include "ThemeSource.h"
+
+#include <QAccessible>
+#include <QPainter>
+#include <QShortcut>
+
+namespace tintwell {
+
+namespace {
+
+constexpr QSize panelSize { 448, 680 };
+constexpr int pickerPaddingY = 10;
+constexpr int footerPaddingY = 11;
+constexpr int footerSpacing = 10;
+
+platform::Tint toTint(const TintState& state)
+{
+    return { toQColor(state.tint), toQColor(state.ink), toQColor(state.text),
+        toQColor(state.focusRing), toQColor(state.overlay), state.hasOutline };
+}
+
+QStringList tabTitles()
+{
+    QStringList titles;
+    for (const auto tab : allWorkspaceTabs)
+        titles.append(QLatin1String(rawValue(tab).data(), static_cast<int>(rawValue(tab).size())));
+    return titles;
+}
+
+} // namespace
+
+UtilityFooter::UtilityFooter(TintwellModel& model, const ViewActions& actions, QWidget* parent)
+    : QWidget(parent)
+    , model_(model)
+    , status_(new platform::Label({ .size = 10 }, platform::ColorRole::secondary))
+    , menu_(platform::menuButton(QStringLiteral("More")))
+{
+    using platform::Metrics::margin;
+    auto* save
+        = platform::prominentButton(QStringLiteral("Save + Install"), platform::Symbol::tray);
+    connect(save, &platform::Button::clicked, this, [this] { model_.saveAndInstallCurrent(); });
+    connect(menu_, &platform::Button::clicked, this, [this, actions] { openMenu(actions); });
+    // A long status is cut; it never widens the panel.
+    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setLayout(platform::padded(
+        platform::hstack(footerSpacing, { platform::flexible(status_), save, menu_ }),
+        QMargins(
+            margin, footerPaddingY, margin - platform::Metrics::opticalOverhang, footerPaddingY)));
+}
+
+void UtilityFooter::show(const std::string& status)
+{
+    const auto text = QString::fromStdString(status);
+    if (text == status_->text())
+        return;
+    status_->setText(text);
+    QAccessibleEvent announcement(status_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+void UtilityFooter::openMenu(const ViewActions& actions)
+{
+    platform::PopupMenu::open(*menu_,
+        { { QStringLiteral("Open macOS Colors"), platform::Symbol::palette,
+              [this, open = actions.openColorPanel] {
+                  open();
+                  model_.setStatus("Opened macOS Colors");
+              } },
+            {}, { QStringLiteral("Quit Tintwell"), platform::Symbol::power, actions.quit } },
+        tint_, menu_->hasFocus() && !menu_->underMouse());
+}
+
+TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* parent)
+    : QWidget(parent)
+    , model_(model)
+    , actions_(std::move(actions))
+    , header_(new CaptureHeader(model))
+    , workspacePicker_(new platform::SegmentedPicker(QStringLiteral("Workspace"), tabTitles()))
+    , workspace_(new platform::PageStack)
+    , footer_(new UtilityFooter(model, actions_))
+    , bridge_([&model](auto willChange) { return model.observe(std::move(willChange)); },
+          [this](const auto& spring) { show(spring); })
+{
+    setFixedSize(panelSize);
+    workspacePicker_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    workspace_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setLayout(platform::vstack(0,
+        { header_, new platform::Separator,
+            platform::hosted(
+                platform::padded(platform::hstack(0, { platform::flexible(workspacePicker_) }),
+                    platform::Metrics::margin, pickerPaddingY)),
+            new platform::Separator, platform::flexible(workspace_), new platform::Separator,
+            footer_ },
+        {}));
+    connect(workspacePicker_, &platform::SegmentedPicker::picked, this, [this](int index) {
+        model_.setSelectedTab(allWorkspaceTabs.at(static_cast<std::size_t>(index)));
+    });
+    connect(&platform::ThemeSource::instance(), &platform::ThemeSource::changed, this,
+        [this] { show(std::nullopt); });
+    addShortcuts();
+    bridge_.showNow();
+}
+
+void TintwellView::addShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, std::function<void()> action) {
+        auto* shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, std::move(action));
+    };
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { model_.beginSampling(); });
+    for (std::size_t i = 0; i < allWorkspaceTabs.size(); ++i)
+        add(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i),
+            [this, i] { model_.setSelectedTab(allWorkspaceTabs.at(i)); });
+}
+
+void TintwellView::show(const std::optional<platform::Spring>& spring)
+{
+    header_->show(headerState(model_), spring);
+    showWorkspace(spring);
+    workspacePicker_->setCurrent(static_cast<int>(model_.selectedTab()), spring);
+    footer_->show(model_.status());
+    showTint(spring);
+}
+
+void TintwellView::showTint(const std::optional<platform::Spring>& spring)
+{
+    const auto& theme = platform::currentTheme();
+    const auto state = tintState(
+        model_.generated().source, fromQColor(theme.windowBackground), fromQColor(theme.text));
+    if (state == shownTint_)
+        return;
+    shownTint_ = state;
+    const auto target = toTint(state);
+    tintMotion_.stop();
+    const auto take = [this](const platform::Tint& tint) {
+        tint_ = tint;
+        platform::applyTint(*this, tint);
+    };
+    if (!spring)
+        return take(target);
+    tintMotion_.run(
+        platform::springDuration(*spring),
+        [take, from = tint_, target, spring = *spring](double seconds) {
+            take(platform::blended(from, target, platform::springProgress(seconds, spring)));
+        },
+        [take, target] { take(target); });
+}
+
+void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)
+{
+    auto* page = workspace(model_.selectedTab());
+    // Only a page that is in sight can be seen to change.
+    const auto change = page == workspace_->currentPage() ? spring : std::nullopt;
+    switch (model_.selectedTab()) {
+    case WorkspaceTab::studio:
+        studio_->show(studioState(model_), change);
+        break;
+    case WorkspaceTab::themes:
+        themes_->show(themesState(model_), change);
+        break;
+    case WorkspaceTab::saved:
+        saved_->show();
+        break;
+    }
+    workspace_->showPage(page, spring);
+}
+
+QWidget* TintwellView::workspace(WorkspaceTab tab)
+{
+    const auto copy = [this](const NamedColor& color) { model_.copy(color); };
+    const auto built = [this](auto*& page, platform::PageEdge edge, const auto& make) {
+        if (page == nullptr) {
+            page = make();
+            workspace_->addPage(page, edge);
+            platform::applyTint(*page, tint_);
+        }
+        return page;
+    };
+    switch (tab) {
+    case WorkspaceTab::studio:
+        return built(
+            studio_, platform::PageEdge::leading, [&] { return new StudioWorkspace(copy); });
+    case WorkspaceTab::themes:
+        return built(themes_, platform::PageEdge::none, [&] { return new ThemeWorkspace(copy); });
+    case WorkspaceTab::saved:
+        return built(saved_, platform::PageEdge::trailing,
+            [&] { return new SavedWorkspace(model_, actions_.dateText); });
+    }
+    return nullptr;
+}
+
+void TintwellView::paintEvent(QPaintEvent*)
+{
+    QPainter(this).fillRect(rect(), platform::currentTheme().windowBackground);
+}
+
+} // namespace tintwell

@@ -1,0 +1,114 @@
+// The header of the panel.
+#include "BrandMark.h"
+#include "MacColorIntegration.h"
+#include "Metrics.h"
+#include "QtColor.h"
+#include "Stack.h"
+#include "Theme.h"
+#include "TintwellView.h"
+
+#include <QPainter>
+
+namespace tintwell {
+
+namespace {
+
+constexpr int swatchSide = 104;
+constexpr double swatchRadius = 18;
+constexpr int headerSpacing = 18;
+constexpr int columnSpacing = 7;
+constexpr int rowSpacing = 8;
+constexpr double shadowSigma = 7.5;
+constexpr double shadowDrop = 7;
+constexpr double shadowOpacity = 0.18;
+constexpr double markBox = 12;
+constexpr int markPadding = 8;
+
+const platform::TextStyle wordmarkStyle {
+    .size = 10, .weight = QFont::DemiBold, .letterSpacing = 1.5
+};
+const platform::TextStyle nameStyle {
+    .size = 24, .weight = QFont::DemiBold, .letterSpacing = -0.3
+};
+const platform::TextStyle hexStyle {
+    .size = 13, .weight = QFont::Medium, .design = platform::FontDesign::monospaced
+};
+
+} // namespace
+
+CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
+    : QWidget(parent)
+    , model_(model)
+    , swatch_(NativeColorSwatch { model.generated().source, model.generated().sourceName,
+          swatchRadius, [this] { model_.copySource(); } }
+                  .makeNSView()
+                  .release())
+    , mark_(new CopiedMark(markBox, this))
+    , ring_(new platform::FocusRing(*swatch_, swatchRadius))
+    , name_(new platform::FadingName(nameStyle))
+    , hex_(new platform::RollingText(hexStyle, platform::ColorRole::secondary))
+    , sample_(platform::prominentButton(QStringLiteral("Sample"), platform::Symbol::eyedropper))
+    , copy_(platform::borderedIcon(platform::Symbol::copy, QStringLiteral("Copy")))
+    , shadow_(swatchRadius, shadowSigma)
+    , motion_(*swatch_, [this] { update(); })
+{
+    swatch_->setFixedSize(swatchSide, swatchSide);
+    setLayout(platform::padded(
+        platform::hstack(headerSpacing, { swatch_, platform::flexible(makeColumn()) }),
+        platform::Metrics::margin, platform::Metrics::margin));
+    connect(sample_, &platform::Button::clicked, this, [this] { model_.beginSampling(); });
+    connect(copy_, &platform::Button::clicked, this, [this] { model_.copySource(); });
+}
+
+QLayout* CaptureHeader::makeColumn()
+{
+    auto* brand = platform::hstack(rowSpacing,
+        { new BrandMark,
+            new platform::Label(
+                wordmarkStyle, platform::ColorRole::secondary, QStringLiteral("TINTWELL")) });
+    auto* actions = platform::hstack(rowSpacing, { sample_, copy_, platform::spacer() });
+    return platform::vstack(columnSpacing, { brand, name_, hex_, actions }, {});
+}
+
+void CaptureHeader::show(const HeaderState& state, const std::optional<platform::Spring>& spring)
+{
+    if (state == shown_)
+        return;
+    const auto name = QString::fromStdString(state.name);
+    const auto tooltip = QString::fromStdString(state.copyTooltip);
+    if (state.source != shown_.source)
+        motion_.moveTo(state.source, spring);
+    swatch_->setLabel(state.name);
+    name_->fadeTo(name, spring);
+    hex_->rollTo(QString::fromStdString(state.hex), spring);
+    mark_->show(state.isCopied, toQColor(state.mark));
+    sample_->setTitle(QString::fromStdString(state.sampleTitle));
+    sample_->setEnabled(state.canSample);
+    copy_->setToolTip(tooltip);
+    copy_->setAccessibleName(tooltip);
+    shown_ = state;
+    placeMark();
+}
+
+void CaptureHeader::placeMark()
+{
+    constexpr int side = static_cast<int>(markBox) + 2 * markPadding;
+    const auto swatch = swatch_->geometry();
+    mark_->setGeometry(swatch.right() + 1 - side, swatch.top(), side, side);
+}
+
+void CaptureHeader::resizeEvent(QResizeEvent*)
+{
+    layout()->activate();
+    placeMark();
+}
+
+void CaptureHeader::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const auto color = fromPlatformColor(swatch_->color());
+    shadow_.paint(painter, QRectF(swatch_->geometry()).translated(0, shadowDrop),
+        platform::faded(toQColor(color.value_or(RGBAColor())), shadowOpacity));
+}
+
+} // namespace tintwell

@@ -1,0 +1,220 @@
+// The Saved workspace: the library, or a hint where it is empty.
+#include "Fonts.h"
+#include "Label.h"
+#include "Metrics.h"
+#include "QtColor.h"
+#include "Separator.h"
+#include "Shapes.h"
+#include "Stack.h"
+#include "Symbols.h"
+#include "ThemeSource.h"
+#include "Workspaces.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace tintwell {
+
+namespace {
+
+using platform::Metrics::margin;
+
+const platform::TextStyle nameStyle { .size = 14, .weight = QFont::DemiBold };
+const platform::TextStyle dateStyle { .size = 10 };
+constexpr int textSpacing = 2;
+constexpr int rowSpacing = 11;
+constexpr int stripHeight = 16;
+constexpr double stripRadius = 6;
+
+const platform::TextStyle emptyTitleStyle { .size = 15, .weight = QFont::DemiBold };
+const platform::TextStyle hintStyle { .size = 11, .lineHeight = 15 };
+constexpr int hintWidth = 260;
+constexpr int emptyHeight = 390;
+constexpr int emptySpacing = 10;
+constexpr int emptySymbol = 34;
+constexpr double emptySymbolStroke = 1.25;
+
+int textHeight()
+{
+    return platform::lineHeightOf(nameStyle) + textSpacing + platform::lineHeightOf(dateStyle);
+}
+
+/// What is there instead of a library without palettes.
+class EmptyState : public QWidget {
+public:
+    explicit EmptyState(QWidget* parent)
+        : QWidget(parent)
+    {
+        auto* title = new platform::Label(
+            emptyTitleStyle, platform::ColorRole::text, QStringLiteral("No saved palettes"));
+        auto* hint = new platform::Label(hintStyle, platform::ColorRole::secondary,
+            QStringLiteral(
+                "Save + Install keeps the current system here and adds it to macOS Colors."));
+        hint->setWrapWidth(hintWidth);
+        hint->setAlignment(Qt::AlignHCenter);
+        auto* column = platform::vstack(emptySpacing,
+            { platform::spacer(), platform::spacer(emptySymbol), title, hint, platform::spacer() },
+            Qt::AlignHCenter);
+        setLayout(column);
+        title_ = title;
+        setFixedHeight(emptyHeight);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        platform::paintSymbol(painter, platform::Symbol::stackSlash,
+            QRectF((width() - emptySymbol) / 2.0, title_->y() - emptySpacing - emptySymbol,
+                emptySymbol, emptySymbol),
+            platform::currentTheme().tertiary, emptySymbolStroke);
+    }
+
+private:
+    platform::Label* title_ = nullptr;
+};
+
+} // namespace
+
+/// The first colours of a palette side by side.
+class ColorStrip : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    void show(const std::vector<RGBAColor>& colors)
+    {
+        colors_ = colors;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF whole = rect();
+        const auto shape = platform::smoothRoundedRect(whole, stripRadius);
+        const auto count = static_cast<double>(colors_.size());
+        double left = 0;
+        for (const auto& color : colors_) {
+            const double right = left + whole.width() / count;
+            const QRectF band(left, 0, right - left, whole.height());
+            // Clipping at whole pixels keeps neighbours from blending into each other.
+            painter.setClipRect(platform::alignedToPixels(painter, band));
+            painter.fillPath(shape, toQColor(color));
+            left = right;
+        }
+    }
+
+private:
+    std::vector<RGBAColor> colors_;
+};
+
+SavedPaletteRow::SavedPaletteRow(RowActions actions, QWidget* parent)
+    : QWidget(parent)
+    , name_(new platform::Label(nameStyle, platform::ColorRole::text, {}, this))
+    , date_(new platform::Label(dateStyle, platform::ColorRole::secondary, {}, this))
+    , use_(platform::borderlessButton(QStringLiteral("Use")))
+    , install_(platform::borderlessButton(QStringLiteral("Install")))
+    , delete_(platform::destructiveIcon(platform::Symbol::trash, QStringLiteral("Delete palette")))
+    , strip_(new ColorStrip(this))
+    , separator_(new platform::Separator(margin, 0, this))
+{
+    for (auto* button : { use_, install_, delete_ })
+        button->setParent(this);
+    connect(use_, &platform::Button::clicked, this, actions.onUse);
+    connect(install_, &platform::Button::clicked, this, actions.onInstall);
+    connect(delete_, &platform::Button::clicked, this, actions.onDelete);
+}
+
+int SavedPaletteRow::rowHeight()
+{
+    return 2 * margin + textHeight() + rowSpacing + stripHeight
+        + static_cast<int>(platform::Metrics::separatorThickness);
+}
+
+void SavedPaletteRow::show(const SavedRowState& state)
+{
+    if (state == shown_)
+        return;
+    const auto name = QString::fromStdString(state.name);
+    name_->setText(name);
+    date_->setText(QString::fromStdString(state.date));
+    strip_->show(state.strip);
+    // Rows look alike to who cannot see them: say which palette a button is for.
+    for (auto* button : { use_, install_, delete_ })
+        button->setAccessibleDescription(name);
+    shown_ = state;
+}
+
+void SavedPaletteRow::resizeEvent(QResizeEvent*)
+{
+    const int baseline = margin + qRound(name_->baseline());
+    int right = width() - margin + platform::Metrics::opticalOverhang;
+    for (auto* button : { delete_, install_, use_ }) {
+        const auto size = button->sizeHint();
+        right -= size.width();
+        // The icon is centred on the texts beside it.
+        const int top = baseline - qRound(use_->baseline());
+        button->setGeometry(right, top, size.width(), size.height());
+        right -= platform::Metrics::borderlessGap;
+    }
+    const int textWidth = right - margin;
+    name_->setGeometry(margin, margin, textWidth, platform::lineHeightOf(nameStyle));
+    date_->setGeometry(margin, name_->geometry().bottom() + 1 + textSpacing, textWidth,
+        platform::lineHeightOf(dateStyle));
+    strip_->setGeometry(
+        margin, margin + textHeight() + rowSpacing, width() - 2 * margin, stripHeight);
+    separator_->setGeometry(
+        0, height() - separator_->sizeHint().height(), width(), separator_->sizeHint().height());
+}
+
+SavedWorkspace::SavedWorkspace(TintwellModel& model, DateText dateText, QWidget* parent)
+    : QWidget(parent)
+    , model_(model)
+    , dateText_(std::move(dateText))
+    , list_(new platform::RecyclingList(
+          SavedPaletteRow::rowHeight(), [this](QWidget* list) { return makeRow(list); },
+          [this](QWidget& row, std::size_t index) {
+              static_cast<SavedPaletteRow&>(row).show(
+                  savedRowState(model_.savedPalettes()[index], dateText_));
+          }))
+    , area_(new platform::ScrollArea(list_))
+    , empty_(new EmptyState(this))
+{
+    auto* column = platform::vstack(0, { area_, empty_, platform::spacer() }, {});
+    column->setStretchFactor(area_, 1);
+    setLayout(column);
+    show();
+}
+
+QWidget* SavedWorkspace::makeRow(QWidget* parent)
+{
+    // The row is not known yet when its actions are made.
+    auto made = std::make_shared<SavedPaletteRow*>(nullptr);
+    const auto withPalette = [this, made](void (TintwellModel::*action)(const SavedPalette&)) {
+        return [this, made, action] {
+            for (const auto& palette : model_.savedPalettes())
+                if (palette.id == (*made)->shown().id)
+                    return (model_.*action)(palette);
+        };
+    };
+    auto* row = new SavedPaletteRow(
+        { withPalette(&TintwellModel::use), withPalette(&TintwellModel::install),
+            withPalette(&TintwellModel::deletePalette) },
+        parent);
+    *made = row;
+    platform::applyTint(*row, tint_);
+    return row;
+}
+
+void SavedWorkspace::show()
+{
+    const auto count = model_.savedPalettes().size();
+    area_->setVisible(count > 0);
+    empty_->setVisible(count == 0);
+    list_->reload(count);
+}
+
+} // namespace tintwell
