@@ -61,8 +61,8 @@ TEST(ColorListRegistry, WritesItsFileFormToTheByte)
   "colors": [
     {
       "alpha": 0.5,
-      "blue": 1.0,
-      "green": 0.0,
+      "blue": 1,
+      "green": 0,
       "key": "Deep \"Azure\"\n",
       "red": 0.3333333333333333
     }
@@ -277,7 +277,7 @@ TEST(ColorListRegistry, WritesToAFileOfTheCallersChoice)
     fs::create_symlink(folder / "notes.txt", folder / "link");
     ASSERT_TRUE(registry.write(listNamed("a/b"), folder / "link"));
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
-    EXPECT_NE(contentOf(folder / "notes.txt").find(R"("name": "a/b")"), std::string::npos);
+    EXPECT_NE(contentOf(folder / "notes.txt").find(R"("name": "a\/b")"), std::string::npos);
 
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     fs::create_directory(folder / "folder");

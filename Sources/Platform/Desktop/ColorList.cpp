@@ -2,17 +2,15 @@
 
 #include "AtomicFile.h"
 #include "Directories.h"
+#include "JsonReader.h"
+#include "JsonWriter.h"
 #include "Text.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <fcntl.h>
 #include <optional>
-#include <rapidjson/document.h>
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 #include <system_error>
 #include <unistd.h>
 #include <unordered_set>
@@ -23,7 +21,6 @@ namespace {
 
 using std::filesystem::path;
 using Entries = std::vector<std::pair<std::string, Color>>;
-using Json = rapidjson::Document::ValueType;
 
 constexpr const char* extension = ".clr";
 /// Far above any list of use, low enough that a wrong file costs nothing.
@@ -42,27 +39,23 @@ constexpr std::array components {
     Component { "red", &Color::red },
 };
 
-const Json* memberOf(const Json& object, const char* name)
+/// Reads one colour and its key, all members of which have to be there.
+bool readEntry(JsonReader& json, std::pair<std::string, Color>& entry)
 {
-    const auto member = object.FindMember(name);
-    return member == object.MemberEnd() ? nullptr : &member->value;
-}
-
-std::optional<std::pair<std::string, Color>> readEntry(const Json& value)
-{
-    if (!value.IsObject())
-        return std::nullopt;
-    const Json* const key = memberOf(value, "key");
-    if (key == nullptr || !key->IsString())
-        return std::nullopt;
-    Color color;
-    for (const auto& component : components) {
-        const Json* const number = memberOf(value, component.member);
-        if (number == nullptr || !number->IsNumber())
-            return std::nullopt;
-        color.*component.field = number->GetDouble();
-    }
-    return std::pair(std::string(key->GetString(), key->GetStringLength()), color);
+    constexpr unsigned keyBit = 1U << components.size();
+    unsigned seen = 0;
+    const bool read = json.readObject([&](std::string_view name) {
+        for (std::size_t i = 0; i < components.size(); ++i)
+            if (name == components[i].member) {
+                seen |= 1U << i;
+                return json.readNumber(entry.second.*components[i].field);
+            }
+        if (name != "key")
+            return json.skipValue();
+        seen |= keyBit;
+        return json.readString(entry.first);
+    });
+    return read && seen == keyBit * 2 - 1;
 }
 
 struct FileContent {
@@ -70,33 +63,38 @@ struct FileContent {
     Entries colors;
 };
 
-/// What a text says, or nothing when it is not that of a list.
-std::optional<FileContent> parse(const std::string& text)
+/// The first colour of every key.
+bool readEntries(JsonReader& json, Entries& colors)
 {
-    // Iterative, because a file of nothing but brackets would otherwise use up the stack.
-    constexpr unsigned flags = rapidjson::kParseFullPrecisionFlag
-        | rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
-    rapidjson::Document document;
-    document.Parse<flags>(text.data(), text.size());
-    if (document.HasParseError() || !document.IsObject())
-        return std::nullopt;
-    const Json* const name = memberOf(document, "name");
-    const Json* const colors = memberOf(document, "colors");
-    const Json* const editable = memberOf(document, "editable");
-    if (name == nullptr || !name->IsString() || colors == nullptr || !colors->IsArray()
-        || (editable != nullptr && !editable->IsBool()))
-        return std::nullopt;
-
-    FileContent content;
-    content.editable = editable == nullptr || editable->GetBool();
+    colors.clear();
     std::unordered_set<std::string> keys;
-    for (const auto& value : colors->GetArray()) {
-        auto entry = readEntry(value);
-        if (!entry)
-            return std::nullopt;
-        if (keys.insert(entry->first).second)
-            content.colors.push_back(std::move(*entry));
-    }
+    return json.readArray([&] {
+        std::pair<std::string, Color> entry;
+        if (!readEntry(json, entry))
+            return false;
+        if (keys.insert(entry.first).second)
+            colors.push_back(std::move(entry));
+        return true;
+    });
+}
+
+/// What a text says, or nothing when it is not that of a list.
+std::optional<FileContent> parse(std::string_view text)
+{
+    FileContent content;
+    std::string name;
+    bool hasName = false;
+    bool hasColors = false;
+    JsonReader json(text);
+    const bool read = json.readObject([&](std::string_view member) {
+        if (member == "colors")
+            return hasColors = readEntries(json, content.colors);
+        if (member == "name")
+            return hasName = json.readString(name);
+        return member == "editable" ? json.readBoolean(content.editable) : json.skipValue();
+    });
+    if (!read || !json.readEnd() || !hasName || !hasColors)
+        return std::nullopt;
     return content;
 }
 
@@ -112,64 +110,55 @@ bool mayWrite(const path& target)
     return ::faccessat(AT_FDCWD, text, W_OK, AT_EACCESS) == 0;
 }
 
-using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-void writeText(Writer& writer, const std::string& text)
+/// False when the text or a number is none that a file could hold.
+bool writeEntry(JsonWriter& json, const std::string& key, const Color& color)
 {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-
-void writeEntry(Writer& writer, const std::string& key, const Color& color)
-{
-    writer.StartObject();
+    json.beginObject();
+    bool written = true;
     for (const auto& component : components) {
         if (component.field == &Color::red) {
-            writer.Key("key");
-            writeText(writer, key);
+            json.member("key");
+            written = written && json.string(key);
         }
-        writer.Key(component.member);
-        writer.Double(color.*component.field);
+        json.member(component.member);
+        written = written && json.number(color.*component.field);
     }
-    writer.EndObject();
+    json.endObject();
+    return written;
 }
 
-std::optional<Error> refusal(const std::string& key, const Color& color)
+/// Why a colour cannot be written.
+Error refusal(const std::string& key)
 {
     if (findInvalidUtf8(key))
-        return Error { "The name of a color is not valid text" };
-    for (const auto& component : components)
-        if (!std::isfinite(color.*component.field))
-            return Error { "The color " + key + " has a component that is not a number" };
-    return std::nullopt;
+        return { "The name of a color is not valid text" };
+    return { "The color " + key + " has a component that is not a number" };
 }
 
 Result<std::string> textOf(const ColorList& list)
 {
-    if (findInvalidUtf8(list.name()))
-        return Error { "The name of the color list is not valid text" };
-    rapidjson::StringBuffer buffer;
-    Writer writer(buffer);
-    writer.SetIndent(' ', 2);
-    writer.StartObject();
-    writer.Key("colors");
-    writer.StartArray();
+    std::string text;
+    JsonWriter json(text, JsonStyle::pretty);
+    json.beginObject();
+    json.member("colors");
+    json.beginArray();
     for (const auto& [key, color] : list.colors()) {
         const auto converted = inSRGB(color);
         if (!converted)
             return Error { "The color " + key + " has no sRGB form" };
-        if (auto error = refusal(key, *converted))
-            return *error;
-        writeEntry(writer, key, *converted);
+        json.element();
+        if (!writeEntry(json, key, *converted))
+            return refusal(key);
     }
-    writer.EndArray();
+    json.endArray();
     if (!list.isEditable()) {
-        writer.Key("editable");
-        writer.Bool(false);
+        json.member("editable");
+        json.boolean(false);
     }
-    writer.Key("name");
-    writeText(writer, list.name());
-    writer.EndObject();
-    std::string text(buffer.GetString(), buffer.GetSize());
+    json.member("name");
+    if (!json.string(list.name()))
+        return Error { "The name of the color list is not valid text" };
+    json.endObject();
     text += '\n';
     if (text.size() > maxFileBytes)
         return Error { "The color list is too large" };
