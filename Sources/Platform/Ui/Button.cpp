@@ -4,6 +4,7 @@
 #include "Fonts.h"
 #include "Metrics.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <cmath>
@@ -102,7 +103,8 @@ QSize Button::sizeHint() const
     const auto leading = symbol_.has_value()
         ? Metrics::buttonSymbolPadding + Metrics::buttonSymbol + Metrics::buttonSymbolGap
         : shape.textPadding;
-    return { leading + static_cast<int>(std::ceil(textWidth_)) + shape.textPadding, shape.height };
+    const auto text = static_cast<int>(std::lround(textWidth_));
+    return { leading + text + shape.textPadding, shape.height };
 }
 
 void Button::paintEvent(QPaintEvent* /*event*/)
@@ -212,10 +214,8 @@ void Button::paintContent(QPainter& painter, const QColor& ink) const
         paintSymbol(painter, *symbol_, { left, top, shape.symbolSize, shape.symbolSize }, ink);
         leading = Metrics::buttonSymbolPadding + shape.symbolSize + Metrics::buttonSymbolGap;
     }
-    painter.setFont(font_);
-    painter.setPen(ink);
     const auto left = rightToLeft ? width() - leading - textWidth_ : leading;
-    painter.drawText(QPointF(left, baseline()), text());
+    paintText(painter, { left, baseline() }, text(), font_, ink);
 }
 
 Button* prominentButton(const QString& text, Symbol symbol)

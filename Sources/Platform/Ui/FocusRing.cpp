@@ -66,13 +66,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
-        constexpr auto kMiddle = Metrics::focusRingGap + Metrics::focusRingThickness / 2;
+        const auto grown = [this](double reach) {
+            return smoothRoundedRect(
+                QRectF(frame_).adjusted(-reach, -reach, reach, reach), ring_.radius_ + reach);
+        };
+        auto ring = grown(kReach);
+        ring.addPath(grown(Metrics::focusRingGap));
+        ring.setFillRule(Qt::OddEvenFill);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.strokePath(
-            smoothRoundedRect(QRectF(frame_).adjusted(-kMiddle, -kMiddle, kMiddle, kMiddle),
-                ring_.radius_ + kMiddle),
-            QPen(ring_.color_, Metrics::focusRingThickness));
+        painter.fillPath(ring, ring_.color_);
     }
 
 private:

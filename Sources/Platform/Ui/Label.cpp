@@ -1,6 +1,7 @@
 #include "Label.h"
 
 #include "Accessibility.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <cmath>
@@ -117,15 +118,13 @@ QString Label::fitted(const QString& text) const
 
 void Label::paintLine(QPainter& painter, const QString& line, double top, const QColor& color) const
 {
-    painter.setFont(font_);
-    painter.setPen(color);
     const auto alignment = QStyle::visualAlignment(layoutDirection(), alignment_);
     auto left = 0.0;
     if (!alignment.testFlag(Qt::AlignLeft)) {
         const auto rest = width() - QFontMetricsF(font_).horizontalAdvance(line);
         left = alignment.testFlag(Qt::AlignRight) ? rest : rest / 2;
     }
-    painter.drawText(QPointF(left, top + baseline_), line);
+    paintText(painter, { left, top + baseline_ }, line, font_, color);
 }
 
 void Label::wrap()

@@ -5,6 +5,7 @@
 #include "Fonts.h"
 #include "Metrics.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <algorithm>
@@ -83,12 +84,11 @@ protected:
             paintSymbol(painter, *item.symbol, box, isSelected ? menu_.tint_.ink : theme.secondary);
         }
         const auto font = fontOf(style);
-        painter.setFont(font);
-        painter.setPen(isSelected ? menu_.tint_.ink : theme.text);
         const auto textWidth = QFontMetricsF(font).horizontalAdvance(text());
         const auto left = rightToLeft ? width() - textLeft() - textWidth : textLeft();
         const auto top = (height() - lineHeightOf(style)) / 2.0;
-        painter.drawText(QPointF(left, top + baselineOf(style)), text());
+        paintText(painter, { left, top + baselineOf(style) }, text(), font,
+            isSelected ? menu_.tint_.ink : theme.text);
     }
     void enterEvent(QEnterEvent* event) override
     {

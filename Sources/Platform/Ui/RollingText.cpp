@@ -1,5 +1,7 @@
 #include "RollingText.h"
 
+#include "TextPainting.h"
+
 #include <algorithm>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -55,10 +57,9 @@ void RollingText::paintEvent(QPaintEvent* event)
     const double lineHeight = height();
     const auto color = this->color();
     const auto cellWidth = QFontMetricsF(textFont()).horizontalAdvance(QLatin1Char('0'));
-    painter.setFont(textFont());
     const auto paint = [&](const QString& character, double left, double rise, double opacity) {
-        painter.setPen(faded(color, std::clamp(opacity, 0.0, 1.0)));
-        painter.drawText(QPointF(left, baseline() - rise), character);
+        paintText(painter, { left, baseline() - rise }, character, textFont(),
+            faded(color, std::clamp(opacity, 0.0, 1.0)));
     };
     for (qsizetype i = 0; i < std::max(oldText_.size(), text().size()); ++i) {
         const auto left = cellWidth * static_cast<double>(i);

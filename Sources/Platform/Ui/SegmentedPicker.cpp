@@ -4,6 +4,7 @@
 #include "FocusRing.h"
 #include "Metrics.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <algorithm>
@@ -234,11 +235,10 @@ void SegmentedPicker::paintLabel(QPainter& painter, int index) const
     const auto text = segments_[static_cast<std::size_t>(index)]->text();
     const auto resting = blended(theme.secondary, theme.text, hoverOf(index));
     const auto covered = (plateRect() & area).width() / area.width();
-    painter.setFont(font);
-    painter.setPen(blended(resting, tint_.ink, covered));
     const auto width = QFontMetricsF(font).horizontalAdvance(text);
     const auto top = area.center().y() - lineHeightOf(style) / 2.0;
-    painter.drawText(QPointF(area.center().x() - width / 2, top + baselineOf(style)), text);
+    paintText(painter, { area.center().x() - width / 2, top + baselineOf(style) }, text, font,
+        blended(resting, tint_.ink, covered));
 }
 
 } // namespace platform

@@ -1,0 +1,49 @@
+#include "TextPainting.h"
+
+#include <cmath>
+#include <QFont>
+#include <QPaintEngine>
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+/// The font at `scale` times its size; pixel sizes are whole numbers, point sizes are not.
+QFont enlarged(const QFont& font, double scale, const QPaintDevice& device)
+{
+    constexpr double kPointsPerInch = 72;
+    auto result = font;
+    result.setPointSizeF(font.pixelSize() * scale * kPointsPerInch / device.logicalDpiY());
+    if (font.letterSpacing() != 0)
+        result.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing() * scale);
+    return result;
+}
+
+} // namespace
+
+void paintText(QPainter& painter, const QPointF& position, const QString& text, const QFont& font,
+    const QColor& color)
+{
+    const auto toDevice = painter.deviceTransform();
+    auto at = position;
+    if (toDevice.type() <= QTransform::TxScale) {
+        auto device = toDevice.map(position);
+        device.setY(std::round(device.y()));
+        at = toDevice.inverted().map(device);
+    }
+    painter.setPen(color);
+    // The engine's device is what is painted on in the end, also when a widget draws elsewhere.
+    const auto scale = painter.paintEngine()->paintDevice()->devicePixelRatioF();
+    if (scale == 1) {
+        painter.setFont(font);
+        painter.drawText(at, text);
+        return;
+    }
+    painter.setFont(enlarged(font, scale, *painter.device()));
+    painter.scale(1 / scale, 1 / scale);
+    painter.drawText(at * scale, text);
+    painter.scale(scale, scale);
+}
+
+} // namespace platform

@@ -1,0 +1,19 @@
+// How text reaches the screen.
+#pragma once
+
+#include <QPointF>
+#include <QString>
+
+class QColor;
+class QFont;
+class QPainter;
+
+namespace platform {
+
+/// Draws one line with its baseline at `position`, moved to a whole device pixel. On a scaled
+/// screen the glyphs are made at their real size: made at the logical size and enlarged, as the
+/// toolkit does on its own, their strokes come out too heavy. `font` needs a pixel size.
+void paintText(QPainter& painter, const QPointF& position, const QString& text, const QFont& font,
+    const QColor& color);
+
+} // namespace platform
