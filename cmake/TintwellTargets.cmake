@@ -48,3 +48,9 @@ function(tintwell_add_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 120)
 endfunction()
+
+# Lays the application's resources beside a program, where it looks for them when it is not installed.
+function(tintwell_bundle_resources name)
+    add_custom_command(TARGET ${name} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E copy_directory "${CMAKE_SOURCE_DIR}/Resources" "$<TARGET_FILE_DIR:${name}>/Resources")
+endfunction()

@@ -121,8 +121,10 @@ SavedPaletteRow::SavedPaletteRow(RowActions actions, QWidget* parent)
     , strip_(new ColorStrip(this))
     , separator_(new platform::Separator(margin, 0, this))
 {
-    for (auto* button : { use_, install_, delete_ })
+    for (auto* button : { use_, install_, delete_ }) {
         button->setParent(this);
+        button->resize(button->sizeHint());
+    }
     connect(use_, &platform::Button::clicked, this, actions.onUse);
     connect(install_, &platform::Button::clicked, this, actions.onInstall);
     connect(delete_, &platform::Button::clicked, this, actions.onDelete);
@@ -153,11 +155,9 @@ void SavedPaletteRow::resizeEvent(QResizeEvent*)
     const int baseline = margin + qRound(name_->baseline());
     int right = width() - margin + platform::Metrics::opticalOverhang;
     for (auto* button : { delete_, install_, use_ }) {
-        const auto size = button->sizeHint();
-        right -= size.width();
+        right -= button->width();
         // The icon is centred on the texts beside it.
-        const int top = baseline - qRound(use_->baseline());
-        button->setGeometry(right, top, size.width(), size.height());
+        button->move(right, baseline - qRound(use_->baseline()));
         right -= platform::Metrics::borderlessGap;
     }
     const int textWidth = right - margin;

@@ -91,8 +91,7 @@ const std::vector<Picture>& pictures()
             [](TintwellModel& model) { model.beginSampling(); } },
         { "panel-near-white-light", light, "#F6F5F2",
             [](TintwellModel& model) { model.copySource(); } },
-        { "panel-amber-light", light, "#F2C14E",
-            [](TintwellModel& model) { model.copySource(); } },
+        { "panel-amber-light", light, "#F2C14E", [](TintwellModel& model) { model.copySource(); } },
         { "panel-tones-light", light, "#6E56CF", [](TintwellModel&) {}, 10'000 },
     };
     return all;
@@ -114,8 +113,8 @@ bool render(const Picture& picture, const QString& folder)
     platform::ThemeSource::instance().setAppearance(picture.appearance);
 
     const auto dates = std::make_shared<platform::DateText>("en_US", "UTC");
-    TintwellView view(model,
-        { [] {}, [] {}, [dates](platform::Timestamp time) { return (*dates)(time); } });
+    TintwellView view(
+        model, { [] {}, [] {}, [dates](platform::Timestamp time) { return (*dates)(time); } });
     view.QWidget::show();
     picture.prepare(model);
     view.showNow();
@@ -125,7 +124,8 @@ bool render(const Picture& picture, const QString& folder)
             area->verticalScrollBar()->setValue(picture.scrolledTo);
     platform::MotionClock::instance().advance(2);
     QCoreApplication::processEvents();
-    const auto file = folder + QLatin1Char('/') + QLatin1String(picture.name) + QLatin1String(".png");
+    const auto file
+        = folder + QLatin1Char('/') + QLatin1String(picture.name) + QLatin1String(".png");
     if (view.grab().save(file))
         return true;
     std::fprintf(stderr, "%s could not be written.\n", qPrintable(file));

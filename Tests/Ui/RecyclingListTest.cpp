@@ -97,6 +97,12 @@ TEST_F(RecyclingListTest, BuildsOnlyWhatIsInSight)
     EXPECT_LT(fills_, 60);
 }
 
+TEST_F(RecyclingListTest, FillsASightThatGrowsLater)
+{
+    area_.resize(448, 700);
+    EXPECT_GE(shownRows().size(), 8U);
+}
+
 TEST_F(RecyclingListTest, ShrinkingLeavesNoRowBehind)
 {
     scrollTo(48'000);

@@ -1,7 +1,7 @@
 #include "RecyclingList.h"
 
 #include <algorithm>
-#include <limits>
+#include <QEvent>
 
 namespace platform {
 
@@ -101,6 +101,21 @@ void RecyclingList::orderTabs()
                 setTabOrder(previous, control);
             previous = control;
         }
+}
+
+bool RecyclingList::event(QEvent* event)
+{
+    if (event->type() == QEvent::ParentChange && parentWidget())
+        parentWidget()->installEventFilter(this);
+    return QWidget::event(event);
+}
+
+/// The sight may grow while the list, as high as its rows, stays as it is.
+bool RecyclingList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::Resize)
+        layOut();
+    return QWidget::eventFilter(watched, event);
 }
 
 void RecyclingList::moveEvent(QMoveEvent*)
