@@ -284,6 +284,12 @@ TEST(TintwellModel, AnnouncesEveryWriteOnceAndBeforeItIsStored)
         { "save", [&] { model.saveAndInstallCurrent(); }, { "savedPalettes", "status" } },
         { "delete", [&] { model.deletePalette(model.savedPalettes()[2]); },
             { "savedPalettes", "status" } },
+        { "save after somebody else",
+            [&] {
+                EXPECT_TRUE(PalettePersistence(scene.file).save({}));
+                model.saveAndInstallCurrent();
+            },
+            { "savedPalettes", "savedPalettes", "status" } },
         { "save in vain",
             [&] {
                 scene.refuseFile();
