@@ -183,9 +183,7 @@ SavedWorkspace::SavedWorkspace(TintwellModel& model, DateText dateText, QWidget*
     , area_(new platform::ScrollArea(list_))
     , empty_(new EmptyState(this))
 {
-    auto* column = platform::vstack(0, { area_, empty_, platform::spacer() }, {});
-    column->setStretchFactor(area_, 1);
-    setLayout(column);
+    area_->setParent(this);
     show();
 }
 
@@ -207,6 +205,12 @@ QWidget* SavedWorkspace::makeRow(QWidget* parent)
     *made = row;
     platform::applyTint(*row, tint_);
     return row;
+}
+
+void SavedWorkspace::resizeEvent(QResizeEvent*)
+{
+    area_->setGeometry(rect());
+    empty_->setGeometry(0, 0, width(), empty_->height());
 }
 
 void SavedWorkspace::show()

@@ -116,6 +116,9 @@ public:
     void show();
     void setTint(const platform::Tint& tint) override { tint_ = tint; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     [[nodiscard]] QWidget* makeRow(QWidget* parent);
 
