@@ -3,6 +3,9 @@
 
 #include "DesktopColorSampler.h"
 #include "PaletteGenerator.h"
+#include "QtColorPanel.h"
+
+#include <QColor>
 
 #include <chrono>
 
@@ -19,12 +22,24 @@ platform::ColorDescription describe(const platform::Color& color)
     return { converted->hex(), ColorNamer().name(OKLCH(*converted)) };
 }
 
+QColor inkOn(const QColor& fill)
+{
+    const auto ink = readableInkOn({ fill.redF(), fill.greenF(), fill.blueF(), 1 });
+    return QColor::fromRgbF(
+        static_cast<float>(ink.red), static_cast<float>(ink.green), static_cast<float>(ink.blue));
+}
+
+platform::ColorListRegistry userLists()
+{
+    return platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder());
+}
+
 } // namespace
 
 DesktopServices::DesktopServices(platform::SamplerHooks hooks)
     : hooks_(std::move(hooks))
-    , installer_(platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder()),
-          platform::PalettePublisher(platform::PalettePublisher::userFolders()))
+    , installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
+    , colorPanel_(platform::makeColorPanel({ pasteboard_, userLists(), inkOn }))
 {
     hooks_.describe = describe;
 }

@@ -1,0 +1,254 @@
+// The colour lists of the user.
+#include "ColorListPane.h"
+
+#include "ColorMimeData.h"
+#include "RecyclingList.h"
+#include "ScrollArea.h"
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <QMenu>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr int kTop = 20;
+constexpr int kSide = 16;
+constexpr int kBoxHeight = 30;
+constexpr int kGap = 10;
+constexpr int kListGap = 12;
+constexpr int kRowHeight = 30;
+constexpr double kRadius = 8;
+constexpr int kLensSpace = 34;
+constexpr TextStyle kBoxStyle { .size = 13 };
+constexpr TextStyle kHintStyle { .size = 12 };
+
+QPen linePen(const QColor& color)
+{
+    return { color, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin };
+}
+
+/// The lens before the words in a search field.
+class Lens final : public QWidget {
+public:
+    explicit Lens(QWidget* parent)
+        : QWidget(parent)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(linePen(currentTheme().secondary));
+        const QPointF centre(width() / 2.0 - 1, height() / 2.0 - 1);
+        painter.drawEllipse(centre, 4.4, 4.4);
+        painter.drawLine(centre + QPointF(3.4, 3.4), centre + QPointF(6.8, 6.8));
+    }
+};
+
+const ColorList* listNamed(const std::vector<ColorList>& lists, const std::string& name)
+{
+    const auto found = std::find_if(
+        lists.begin(), lists.end(), [&name](const ColorList& list) { return list.name() == name; });
+    return found != lists.end() ? &*found : nullptr;
+}
+
+} // namespace
+
+/// Names the shown list and opens the choice of lists.
+class ColorListPane::ListButton final : public QAbstractButton {
+public:
+    explicit ListButton(QWidget* parent)
+        : QAbstractButton(parent)
+    {
+        setFocusPolicy(Qt::TabFocus);
+        setAccessibleName(QStringLiteral("Color list"));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        const auto& theme = currentTheme();
+        const auto fill = isDown() ? theme.controlPressed
+            : underMouse()         ? theme.controlHover
+                                   : theme.controlFill;
+        paintPlate(
+            painter, rect(), kRadius, fill, hasFocus() ? theme.tertiary : theme.controlStroke);
+        painter.setFont(fontOf(kBoxStyle));
+        painter.setPen(isEnabled() ? theme.text : theme.tertiary);
+        const double top = (height() - lineHeightOf(kBoxStyle)) / 2.0;
+        const auto fitted = painter.fontMetrics().elidedText(text(), Qt::ElideRight, width() - 44);
+        painter.drawText(QPointF(10, top + baselineOf(kBoxStyle)), fitted);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(linePen(theme.secondary));
+        const QPointF middle(width() - 18, height() / 2.0);
+        for (const double way : { -1.0, 1.0 }) {
+            QPainterPath arrow(middle + QPointF(-3.2, way * 1.9));
+            arrow.lineTo(middle + QPointF(0, way * 5.1));
+            arrow.lineTo(middle + QPointF(3.2, way * 1.9));
+            painter.drawPath(arrow);
+        }
+    }
+};
+
+ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWidget* parent)
+    : QWidget(parent)
+    , registry_(std::move(registry))
+    , handlers_(std::move(handlers))
+    , button_(new ListButton(this))
+    , search_(new PlateField(kBoxStyle, kRadius, kLensSpace, kGap, this))
+    , rows_(new RecyclingList(
+          kRowHeight, [](QWidget* parentOfRow) { return new ColorRow({}, parentOfRow); },
+          [this](QWidget& row, std::size_t index) {
+              auto& colorRow = static_cast<ColorRow&>(row);
+              colorRow.show(rowState(index));
+              colorRow.setChosen([this, index] { choose(index); });
+          }))
+    , scroller_(new ScrollArea(rows_, this))
+{
+    search_->setPlaceholderText(QStringLiteral("Search colors"));
+    search_->setAccessibleName(QStringLiteral("Search colors"));
+    auto* lens = new Lens(search_);
+    lens->setGeometry(0, 0, kLensSpace, kBoxHeight);
+    connect(search_, &QLineEdit::textChanged, this, [this] {
+        scroller_->scrollToTop();
+        filter();
+    });
+    connect(button_, &QAbstractButton::clicked, this, [this] { openListMenu(); });
+}
+
+void ColorListPane::resizeEvent(QResizeEvent* /*event*/)
+{
+    const int inside = width() - 2 * kSide;
+    button_->setGeometry(kSide, kTop, inside, kBoxHeight);
+    search_->setGeometry(kSide, kTop + kBoxHeight + kGap, inside, kBoxHeight);
+    const int listTop = kTop + 2 * kBoxHeight + kGap + kListGap;
+    scroller_->setGeometry(kSide, listTop, inside, height() - listTop);
+}
+
+void ColorListPane::showEvent(QShowEvent* /*event*/)
+{
+    watcher_ = std::make_unique<QFileSystemWatcher>();
+    connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, [this] { reload(); });
+    reload();
+}
+
+void ColorListPane::hideEvent(QHideEvent* /*event*/)
+{
+    watcher_.reset();
+}
+
+void ColorListPane::reload()
+{
+    watchFolder();
+    lists_ = registry_.availableColorLists();
+    showList(shown_);
+}
+
+/// A folder that is not there yet cannot be watched; its nearest ancestor tells when it comes.
+void ColorListPane::watchFolder()
+{
+    auto folder = registry_.folder();
+    std::error_code error;
+    while (!std::filesystem::is_directory(folder, error) && folder.has_relative_path())
+        folder = folder.parent_path();
+    const auto path = QString::fromStdString(folder.string());
+    if (watcher_->directories() == QStringList { path })
+        return;
+    if (const auto old = watcher_->directories(); !old.isEmpty())
+        watcher_->removePaths(old);
+    watcher_->addPath(path);
+}
+
+void ColorListPane::showList(const std::string& name)
+{
+    const auto* list = listNamed(lists_, name);
+    if (list == nullptr && !lists_.empty())
+        list = &lists_.front();
+    shown_ = list != nullptr ? list->name() : std::string();
+    button_->setText(
+        list != nullptr ? QString::fromStdString(shown_) : QStringLiteral("No color lists yet"));
+    button_->setEnabled(list != nullptr);
+    filter();
+}
+
+void ColorListPane::openListMenu()
+{
+    QMenu menu;
+    menu.setMinimumWidth(button_->width());
+    for (const auto& list : lists_) {
+        auto* action = menu.addAction(QString::fromStdString(list.name()));
+        action->setCheckable(true);
+        action->setChecked(list.name() == shown_);
+        connect(action, &QAction::triggered, this, [this, name = list.name()] {
+            selectedKey_.clear();
+            scroller_->scrollToTop();
+            showList(name);
+        });
+    }
+    menu.exec(button_->mapToGlobal(QPoint(0, button_->height() + 4)));
+}
+
+void ColorListPane::filter()
+{
+    matches_.clear();
+    const auto wanted = search_->text().trimmed();
+    if (const auto* list = listNamed(lists_, shown_)) {
+        const auto& colors = list->colors();
+        for (std::size_t index = 0; index < colors.size(); ++index) {
+            const auto& [key, color] = colors[index];
+            if (wanted.isEmpty()
+                || QString::fromStdString(key).contains(wanted, Qt::CaseInsensitive)
+                || hexText(toQColor(color)).contains(wanted, Qt::CaseInsensitive))
+                matches_.push_back(index);
+        }
+    }
+    rows_->reload(matches_.size());
+    update();
+}
+
+ColorRowState ColorListPane::rowState(std::size_t row) const
+{
+    const auto* list = listNamed(lists_, shown_);
+    if (list == nullptr || row >= matches_.size())
+        return {};
+    const auto& [key, value] = list->colors()[matches_[row]];
+    const auto color = toQColor(value);
+    const bool selected = key == selectedKey_;
+    return { QString::fromStdString(key), color, selected,
+        selected ? handlers_.inkOn(color) : QColor() };
+}
+
+void ColorListPane::choose(std::size_t row)
+{
+    const auto* list = listNamed(lists_, shown_);
+    if (list == nullptr || row >= matches_.size())
+        return;
+    const auto [key, color] = list->colors()[matches_[row]];
+    selectedKey_ = key;
+    rows_->reload(matches_.size());
+    handlers_.chosen(toQColor(color));
+}
+
+void ColorListPane::paintEvent(QPaintEvent* /*event*/)
+{
+    if (!matches_.empty())
+        return;
+    QPainter painter(this);
+    painter.setFont(fontOf(kHintStyle));
+    painter.setPen(currentTheme().tertiary);
+    const auto hint = lists_.empty() ? QStringLiteral("Save + Install puts a palette here.")
+                                     : QStringLiteral("No color is called that.");
+    painter.drawText(scroller_->geometry(), Qt::AlignCenter, hint);
+}
+
+} // namespace platform

@@ -1,0 +1,66 @@
+// The colour lists of the user, to choose from and to search.
+#pragma once
+
+#include "ColorList.h"
+#include "ColorRow.h"
+#include "PlateField.h"
+
+#include <QAbstractButton>
+#include <QFileSystemWatcher>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+class RecyclingList;
+class ScrollArea;
+
+/// Shows one list at a time. While it is visible it follows the folder in which the lists are.
+class ColorListPane : public QWidget {
+public:
+    struct Handlers {
+        /// A row was clicked.
+        std::function<void(const QColor&)> chosen;
+        /// The ink that can be read on a fill.
+        std::function<QColor(const QColor&)> inkOn;
+    };
+
+    ColorListPane(ColorListRegistry registry, Handlers handlers, QWidget* parent);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    class ListButton;
+
+    void reload();
+    void watchFolder();
+    void showList(const std::string& name);
+    void openListMenu();
+    /// Finds the rows that match what is searched for.
+    void filter();
+    [[nodiscard]] ColorRowState rowState(std::size_t row) const;
+    void choose(std::size_t row);
+
+    ColorListRegistry registry_;
+    Handlers handlers_;
+    std::vector<ColorList> lists_;
+    std::string shown_;
+    /// Indices into the shown list's colours.
+    std::vector<std::size_t> matches_;
+    std::string selectedKey_;
+    std::unique_ptr<QFileSystemWatcher> watcher_;
+
+    ListButton* button_;
+    PlateField* search_;
+    RecyclingList* rows_;
+    ScrollArea* scroller_;
+};
+
+} // namespace platform

@@ -1,0 +1,203 @@
+// Mixes a colour by wheel and brightness, by channel, or from numbers and hex text.
+#include "ColorMixer.h"
+
+#include "ColorRow.h"
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <QIntValidator>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+constexpr QRect kWheel { 20, 20, 208, 208 };
+/// With the room that the knob takes on either side of its 18.
+constexpr QRect kBrightness { 238, 20, 24, 208 };
+constexpr QRect kPreview { 272, 20, 44, 208 };
+constexpr double kPreviewRadius = 10;
+constexpr int kChannelTop = 244;
+constexpr int kChannelStep = 35;
+constexpr int kRowHeight = 26;
+/// With the room that the knob takes on either side of 198.
+constexpr int kTrackLeft = 52;
+constexpr int kTrackWidth = 206;
+constexpr int kFieldLeft = 264;
+constexpr int kFieldWidth = 52;
+constexpr QRect kHex { 56, 389, 260, 28 };
+constexpr int kLabelLeft = 20;
+constexpr double kFieldRadius = 6;
+constexpr TextStyle kLabelStyle { .size = 13 };
+constexpr TextStyle kNumberStyle { .size = 13 };
+constexpr TextStyle kHexStyle { .size = 13, .design = FontDesign::monospaced };
+
+struct ChannelRule {
+    const char16_t* label;
+    const char16_t* name;
+    float (QColor::*value)() const;
+    void (QColor::*set)(float);
+};
+
+// clang-format off
+constexpr std::array kChannels {
+    ChannelRule { u"R", u"Red",   &QColor::redF,   &QColor::setRedF },
+    ChannelRule { u"G", u"Green", &QColor::greenF, &QColor::setGreenF },
+    ChannelRule { u"B", u"Blue",  &QColor::blueF,  &QColor::setBlueF },
+    ChannelRule { u"A", u"Alpha", &QColor::alphaF, &QColor::setAlphaF },
+};
+// clang-format on
+constexpr std::size_t kAlpha = 3;
+
+QRect channelRow(std::size_t index)
+{
+    return { kLabelLeft, kChannelTop + static_cast<int>(index) * kChannelStep, 0, kRowHeight };
+}
+
+QColor with(QColor color, std::size_t channel, double value)
+{
+    (color.*kChannels[channel].set)(static_cast<float>(value));
+    return color;
+}
+
+/// RRGGBB or RRGGBBAA, with or without the "#".
+QColor colorFromHex(QString text)
+{
+    text = text.trimmed();
+    if (text.startsWith(u'#'))
+        text.remove(0, 1);
+    bool valid = false;
+    const auto digits = text.toUInt(&valid, 16);
+    if (!valid || (text.size() != 6 && text.size() != 8))
+        return {};
+    const bool hasAlpha = text.size() == 8;
+    const auto rgb = hasAlpha ? digits >> 8U : digits;
+    auto color = QColor::fromRgb(rgb | 0xFF000000U);
+    if (hasAlpha)
+        color.setAlpha(static_cast<int>(digits & 0xFFU));
+    return color;
+}
+
+} // namespace
+
+ColorMixer::ColorMixer(QWidget* parent)
+    : QWidget(parent)
+    , wheel_(
+          [this](double hue, double saturation) { setHsv(hue, saturation, color_.valueF()); }, this)
+    , brightness_(
+          Qt::Vertical, QStringLiteral("Brightness"),
+          [this](double value) { setHsv(hue_, saturation_, value); }, this)
+    , hex_(kHexStyle, kFieldRadius, 10, 10, this)
+{
+    wheel_.setGeometry(kWheel);
+    brightness_.setGeometry(kBrightness);
+    for (std::size_t index = 0; index < channels_.size(); ++index)
+        makeChannel(index);
+    hex_.setGeometry(kHex);
+    hex_.setAccessibleName(QStringLiteral("Hex"));
+    connect(&hex_, &QLineEdit::editingFinished, this, [this] { readHex(); });
+    setColor(color_);
+}
+
+void ColorMixer::makeChannel(std::size_t index)
+{
+    const auto name = QString::fromUtf16(kChannels[index].name);
+    const auto row = channelRow(index);
+    auto& channel = channels_[index];
+    channel.slider = new ColorSlider(
+        Qt::Horizontal, name, [this, index](double value) { setChannel(index, value); }, this);
+    channel.slider->setGeometry(kTrackLeft, row.y(), kTrackWidth, kRowHeight);
+    channel.field = new PlateField(kNumberStyle, kFieldRadius, 4, 9, this);
+    channel.field->setGeometry(kFieldLeft, row.y(), kFieldWidth, kRowHeight);
+    channel.field->setAlignment(Qt::AlignRight);
+    channel.field->setAccessibleName(name);
+    channel.field->setValidator(new QIntValidator(0, 255, channel.field));
+    connect(channel.field, &QLineEdit::textEdited, this, [this, index](const QString& text) {
+        if (channels_[index].field->hasAcceptableInput())
+            setChannel(index, text.toInt() / 255.0);
+    });
+    // What was left unfinished becomes the number again that holds.
+    connect(channel.field, &QLineEdit::editingFinished, this, [this] { showColor(); });
+}
+
+void ColorMixer::setColor(const QColor& color)
+{
+    color_ = color.toRgb();
+    const auto hsv = color_.toHsv();
+    if (hsv.hsvHueF() >= 0)
+        hue_ = hsv.hsvHueF();
+    if (hsv.valueF() > 0)
+        saturation_ = hsv.hsvSaturationF();
+    showColor();
+}
+
+void ColorMixer::setHsv(double hue, double saturation, double value)
+{
+    hue_ = hue;
+    saturation_ = saturation;
+    color_ = QColor::fromHsvF(static_cast<float>(hue), static_cast<float>(saturation),
+        static_cast<float>(value), color_.alphaF())
+                 .toRgb();
+    showColor();
+}
+
+void ColorMixer::setChannel(std::size_t index, double value)
+{
+    setColor(with(color_, index, value));
+}
+
+void ColorMixer::readHex()
+{
+    if (const auto color = colorFromHex(hex_.text()); color.isValid())
+        setColor(color);
+    else
+        showColor();
+}
+
+void ColorMixer::showColor()
+{
+    auto opaque = color_;
+    opaque.setAlpha(255);
+    const auto brightest
+        = QColor::fromHsvF(static_cast<float>(hue_), static_cast<float>(saturation_), 1);
+    wheel_.show(hue_, saturation_, opaque);
+    brightness_.show(color_.valueF(), Qt::black, brightest);
+    for (std::size_t index = 0; index < channels_.size(); ++index) {
+        const auto& base = index == kAlpha ? color_ : opaque;
+        const double value = (color_.*kChannels[index].value)();
+        channels_[index].slider->show(value, with(base, index, 0), with(base, index, 1));
+        const auto number = QString::number(std::lround(value * 255));
+        if (channels_[index].field->text() != number)
+            channels_[index].field->setText(number);
+    }
+    hex_.setText(hexText(color_));
+    update();
+}
+
+void ColorMixer::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const auto& theme = currentTheme();
+    if (color_.alpha() < 255) {
+        painter.save();
+        painter.setClipPath(smoothRoundedRect(kPreview, kPreviewRadius));
+        paintChecker(painter, kPreview, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA), 6);
+        painter.restore();
+    }
+    paintPlate(painter, kPreview, kPreviewRadius, color_, theme.swatchEdge, 0.75);
+
+    painter.setFont(fontOf(kLabelStyle));
+    painter.setPen(theme.secondary);
+    const auto label = [&painter](const QRect& row, const QString& text) {
+        const double top = row.y() + (row.height() - lineHeightOf(kLabelStyle)) / 2.0;
+        painter.drawText(QPointF(kLabelLeft, top + baselineOf(kLabelStyle)), text);
+    };
+    for (std::size_t index = 0; index < channels_.size(); ++index)
+        label(channelRow(index), QString::fromUtf16(kChannels[index].label));
+    label(kHex, QStringLiteral("Hex"));
+}
+
+} // namespace platform

@@ -1,0 +1,142 @@
+// One colour of a list.
+#include "ColorRow.h"
+
+#include "ColorDrag.h"
+#include "Fonts.h"
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QPointer>
+
+namespace platform {
+
+namespace {
+
+constexpr double kRowRadius = 7;
+constexpr double kSwatch = 20;
+constexpr double kSwatchRadius = 5;
+constexpr double kLeading = 8;
+constexpr double kGap = 10;
+constexpr double kTrailing = 10;
+constexpr double kDragDistance = 3;
+constexpr TextStyle kNameStyle { .size = 12, .weight = QFont::Medium };
+constexpr TextStyle kHexStyle { .size = 11, .design = FontDesign::monospaced };
+
+void drawLine(QPainter& painter, const TextStyle& style, double x, double rowHeight,
+    const QColor& color, const QString& text)
+{
+    painter.setFont(fontOf(style));
+    painter.setPen(color);
+    const double top = (rowHeight - lineHeightOf(style)) / 2;
+    painter.drawText(QPointF(x, top + baselineOf(style)), text);
+}
+
+} // namespace
+
+QString hexText(const QColor& color)
+{
+    return color.name().toUpper();
+}
+
+ColorRow::ColorRow(std::function<void()> chosen, QWidget* parent)
+    : QWidget(parent)
+    , chosen_(std::move(chosen))
+{
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::OpenHandCursor);
+}
+
+void ColorRow::show(const ColorRowState& state)
+{
+    if (state == state_)
+        return;
+    state_ = state;
+    setAccessibleName(state.name + QStringLiteral(", ") + hexText(state.color));
+    update();
+}
+
+void ColorRow::paintSwatch(QPainter& painter, const QRectF& box) const
+{
+    if (state_.color.alpha() < 255) {
+        painter.save();
+        painter.setClipPath(smoothRoundedRect(box, kSwatchRadius));
+        paintChecker(painter, box, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA));
+        painter.restore();
+    }
+    const auto edge = state_.selected ? faded(state_.ink, 0.5) : currentTheme().swatchEdge;
+    paintPlate(painter, box, kSwatchRadius, state_.color, edge, state_.selected ? 1 : 0.75);
+}
+
+void ColorRow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const auto& theme = currentTheme();
+    auto opaque = state_.color;
+    opaque.setAlpha(255);
+    if (state_.selected)
+        paintPlate(painter, rect(), kRowRadius, opaque);
+    else if (hasFocus())
+        paintPlate(painter, rect(), kRowRadius, theme.controlHover);
+    paintSwatch(painter, { kLeading, (height() - kSwatch) / 2, kSwatch, kSwatch });
+
+    const auto hex = hexText(state_.color);
+    const double hexWidth = QFontMetricsF(fontOf(kHexStyle)).horizontalAdvance(hex);
+    const double hexX = width() - kTrailing - hexWidth;
+    const double nameX = kLeading + kSwatch + kGap;
+    const auto name = QFontMetricsF(fontOf(kNameStyle))
+                          .elidedText(state_.name, Qt::ElideRight, hexX - kGap - nameX);
+    drawLine(painter, kNameStyle, nameX, height(), state_.selected ? state_.ink : theme.text, name);
+    drawLine(painter, kHexStyle, hexX, height(),
+        state_.selected ? faded(state_.ink, 0.8) : theme.tertiary, hex);
+}
+
+void ColorRow::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        press_ = event->position();
+}
+
+void ColorRow::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!press_ || QLineF(*press_, event->position()).length() <= kDragDistance)
+        return;
+    press_.reset();
+    const ColorContent content { { state_.color.redF(), state_.color.greenF(), state_.color.blueF(),
+                                     state_.color.alphaF() },
+        hexText(state_.color).toStdString() };
+    // The row may be gone when this returns.
+    runColorDrag(content, dragPicture());
+}
+
+void ColorRow::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && std::exchange(press_, std::nullopt))
+        chosen_();
+}
+
+void ColorRow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Space)
+        chosen_();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+QPixmap ColorRow::dragPicture() const
+{
+    constexpr int kSide = 28;
+    const auto ratio = devicePixelRatioF();
+    QPixmap picture(QSize(kSide, kSide) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paintSwatch(painter, QRectF(1, 1, kSide - 2, kSide - 2));
+    return picture;
+}
+
+} // namespace platform

@@ -1,0 +1,43 @@
+// A line of text on a plate.
+#include "PlateField.h"
+
+#include "Shapes.h"
+#include "ThemeSource.h"
+
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+/// What QLineEdit adds to the margins on either side by itself.
+constexpr int kOwnMargin = 2;
+
+} // namespace
+
+PlateField::PlateField(
+    const TextStyle& style, double radius, int leading, int trailing, QWidget* parent)
+    : QLineEdit(parent)
+    , radius_(radius)
+{
+    setFont(fontOf(style));
+    setFrame(false);
+    setTextMargins(leading - kOwnMargin, 0, trailing - kOwnMargin, 0);
+    // The plate is painted below.
+    auto transparent = palette();
+    transparent.setColor(QPalette::Base, Qt::transparent);
+    setPalette(transparent);
+}
+
+void PlateField::paintEvent(QPaintEvent* event)
+{
+    {
+        QPainter painter(this);
+        const auto& theme = currentTheme();
+        paintPlate(painter, rect(), radius_, theme.fieldBackground,
+            hasFocus() ? theme.tertiary : theme.controlStroke);
+    }
+    QLineEdit::paintEvent(event);
+}
+
+} // namespace platform

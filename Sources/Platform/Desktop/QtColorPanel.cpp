@@ -1,0 +1,87 @@
+// The "Colors" window: a colour mixed by wheel, sliders or numbers, beside the user's colour lists.
+#include "QtColorPanel.h"
+
+#include "ColorListPane.h"
+#include "ColorMixer.h"
+#include "ThemeSource.h"
+
+#include <QPainter>
+#include <QWidget>
+
+namespace platform {
+
+namespace {
+
+constexpr QSize kSize { 680, 447 };
+constexpr int kMixerWidth = 336;
+
+class ColorPanelWindow final : public QWidget {
+public:
+    explicit ColorPanelWindow(const ColorPanelServices& services)
+        : QWidget(nullptr,
+            Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+                | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
+        , mixer_(this)
+        , lists_(services.registry,
+              { [this, &pasteboard = services.pasteboard](const QColor& color) {
+                   mixer_.setColor(color);
+                   const Color content { color.redF(), color.greenF(), color.blueF(),
+                       color.alphaF() };
+                   pasteboard.write({ content, hexText(color).toStdString() });
+               },
+                  services.inkOn },
+              this)
+    {
+        setWindowTitle(QStringLiteral("Colors"));
+        setFixedSize(kSize);
+        mixer_.setGeometry(0, 0, kMixerWidth, kSize.height());
+        // Nothing is marked before the keyboard is used.
+        setFocusPolicy(Qt::ClickFocus);
+        setFocus();
+        lists_.setGeometry(kMixerWidth + 1, 0, kSize.width() - kMixerWidth - 1, kSize.height());
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), currentTheme().windowBackground);
+        painter.fillRect(QRect(kMixerWidth, 0, 1, height()), currentTheme().separator);
+    }
+
+private:
+    ColorMixer mixer_;
+    ColorListPane lists_;
+};
+
+class QtColorPanel final : public ColorPanel {
+public:
+    explicit QtColorPanel(ColorPanelServices services)
+        : services_(std::move(services))
+    {
+    }
+
+    void orderFront() override
+    {
+        if (!window_)
+            window_ = std::make_unique<ColorPanelWindow>(services_);
+        if (window_->isMinimized())
+            window_->showNormal();
+        window_->show();
+        window_->raise();
+        window_->activateWindow();
+    }
+
+private:
+    ColorPanelServices services_;
+    std::unique_ptr<ColorPanelWindow> window_;
+};
+
+} // namespace
+
+std::unique_ptr<ColorPanel> makeColorPanel(ColorPanelServices services)
+{
+    return std::make_unique<QtColorPanel>(std::move(services));
+}
+
+} // namespace platform
