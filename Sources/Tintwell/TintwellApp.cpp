@@ -123,9 +123,10 @@ void TintwellApp::itemActivated(const std::optional<platform::ScreenRect>& place
 {
     if (place)
         lastPlace_ = QRect(place->x, place->y, place->width, place->height);
-    if (window_ && window_->isActiveWindow())
+    const bool isWindow = window_ && window_->isVisible();
+    if (isWindow && window_->isActiveWindow())
         window_->hide();
-    else if (window_ && window_->isVisible())
+    else if (isWindow)
         window_->present();
     else if (isDocked())
         panel().toggle(anchor());

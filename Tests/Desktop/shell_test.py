@@ -16,6 +16,7 @@ CASE = sys.argv.pop(1)
 BUS_NAME = "io.github.tintwell.Tintwell"
 WATCHER = "org.kde.StatusNotifierWatcher"
 TRAYER = ["trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "24"]
+SCRATCH = tempfile.mkdtemp(dir=os.environ["HOME"])
 SCREEN = tuple(map(int, re.search(r"dimensions:\s+(\d+)x(\d+)", subprocess.run(
     ["xdpyinfo"], capture_output=True, text=True, check=True).stdout).groups()))
 OTHER_WINDOW = """
@@ -119,9 +120,8 @@ def key(name):
 
 def leftovers():
     """What a process could leave behind outside the user's data."""
-    folders = [os.environ["XDG_RUNTIME_DIR"], tempfile.gettempdir()]
-    return {os.path.join(folder, name) for folder in folders for name in os.listdir(folder)
-            if "intwell" in name or "qt" in name.lower()}
+    return {os.path.join(folder, name) for folder in (os.environ["XDG_RUNTIME_DIR"], SCRATCH)
+            for name in os.listdir(folder)}
 
 
 class ShellTest(unittest.TestCase):
@@ -129,7 +129,7 @@ class ShellTest(unittest.TestCase):
         self.before = leftovers()
 
     def start(self, *arguments):
-        process = subprocess.Popen([PROGRAM, *arguments])
+        process = subprocess.Popen([PROGRAM, *arguments], env={**os.environ, "TMPDIR": SCRATCH})
         self.addCleanup(self.end, process)
         return process
 

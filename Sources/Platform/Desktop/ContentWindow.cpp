@@ -23,6 +23,9 @@ ContentWindow::ContentWindow(const QString& title, std::function<void()> closed)
     , viewport_(this)
 {
     setWindowTitle(title);
+    // Nothing is marked before the keyboard is used.
+    setFocusPolicy(Qt::ClickFocus);
+    setFocus();
 }
 
 void ContentWindow::setContent(QWidget* content)

@@ -54,6 +54,7 @@ PanelWindow::PanelWindow(Policy policy)
     , viewport_(this)
 {
     setWindowTitle(QCoreApplication::applicationName());
+    setFocusPolicy(Qt::ClickFocus);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
     opening_.setStartValue(0.0);
     opening_.setEndValue(1.0);
@@ -103,6 +104,8 @@ void PanelWindow::openBeside(const QRect& anchor)
     } else {
         showOpening(1);
     }
+    // Nothing is marked before the keyboard is used.
+    setFocus();
     show();
     raise();
     activateWindow();
