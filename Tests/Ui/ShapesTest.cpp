@@ -1,4 +1,5 @@
 #include "Shapes.h"
+#include "Shadow.h"
 
 #include <algorithm>
 #include <cmath>
@@ -138,6 +139,44 @@ INSTANTIATE_TEST_SUITE_P(Shapes, SharpLine,
         LineCase { "one_and_a_half", 1.5, 1 }, LineCase { "two", 2, 2 },
         LineCase { "three", 3, 3 }),
     [](const auto& test) { return test.param.name; });
+
+/// The share of a Gaussian of width 1 below `x`.
+double coverage(double x)
+{
+    return 0.5 * std::erfc(-x / std::sqrt(2.0));
+}
+
+TEST(Shadow, FadesLikeAGaussianAcrossAStraightEdge)
+{
+    QImage image(300, 300, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Shadow shadow(18, 7.5);
+    shadow.paint(painter, QRectF(100, 100, 104, 104), QColor(0, 0, 0, 200));
+    painter.end();
+    for (int x = 70; x < 130; ++x) {
+        const auto expected = 255 - 200 * coverage((x + 0.5 - 100) / 7.5);
+        EXPECT_NEAR(image.pixelColor(x, 152).red(), expected, 3) << x;
+    }
+    EXPECT_EQ(image.pixelColor(100 - shadow.reach() - 1, 152), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(152, 90), image.pixelColor(152, 213));
+}
+
+TEST(Shadow, TakesANewColorAndSize)
+{
+    QImage image(60, 60, QImage::Format_ARGB32_Premultiplied);
+    Shadow shadow(4, 3);
+    for (const auto& [size, color] : { std::pair(20, QColor(Qt::red)),
+             std::pair(20, QColor(Qt::blue)), std::pair(30, QColor(Qt::blue)) }) {
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        shadow.paint(painter, QRectF(20, 20, size, size), color);
+        painter.end();
+        EXPECT_EQ(image.pixelColor(30, 30).toRgb().hue(), color.hue());
+        EXPECT_GT(image.pixelColor(20 + size - 1, 30).alpha(), 100);
+        EXPECT_LT(image.pixelColor(20 + size, 30).alpha(), 127);
+    }
+}
 
 } // namespace
 } // namespace platform

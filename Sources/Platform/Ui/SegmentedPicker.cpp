@@ -41,8 +41,11 @@ public:
         setCheckable(true);
         setAutoExclusive(true);
         ring_->setFramed(picker, Metrics::pickerRadius);
-        QObject::connect(
-            this, &QAbstractButton::clicked, &picker, [&picker, index] { picker.pick(index); });
+        // Assistive technologies toggle instead of clicking.
+        QObject::connect(this, &QAbstractButton::toggled, &picker, [&picker, index](bool on) {
+            if (on)
+                picker.pick(index);
+        });
     }
 
     [[nodiscard]] double hover() const { return hover_.value(); }
@@ -95,6 +98,8 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (int i = 0; i < titles.size(); ++i)
         segments_.push_back(new Segment(*this, i, titles[i]));
+    // It never has the focus itself, but only so it counts as a stop in a tab order.
+    setFocusPolicy(Qt::StrongFocus);
     current_ = -1;
     setCurrent(0);
     setTint(tint_);
@@ -118,6 +123,7 @@ void SegmentedPicker::setCurrent(int index, const std::optional<Spring>& spring)
         segment->setChecked(i == index);
         segment->setFocusPolicy(i == index ? Qt::StrongFocus : Qt::ClickFocus);
     }
+    setFocusProxy(segments_[static_cast<std::size_t>(index)]);
     if (hadFocus)
         segments_[static_cast<std::size_t>(index)]->setFocus(Qt::OtherFocusReason);
     const auto from = platePosition_;
@@ -193,11 +199,8 @@ void SegmentedPicker::resizeEvent(QResizeEvent* /*event*/)
 
 void SegmentedPicker::pick(int index)
 {
-    if (index == current_) {
-        // A second click must not take the mark away.
-        segments_[static_cast<std::size_t>(index)]->setChecked(true);
+    if (index == current_)
         return;
-    }
     setCurrent(index);
     Q_EMIT picked(index);
 }
