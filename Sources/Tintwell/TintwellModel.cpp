@@ -84,7 +84,7 @@ void TintwellModel::copySource()
     copy({ "source", generated_.sourceName, generated_.source, std::nullopt });
 }
 
-void TintwellModel::beginSampling()
+void TintwellModel::sampleFromScreen()
 {
     if (isSampling_)
         return;

@@ -53,7 +53,10 @@ public:
     void apply(const RGBAColor& color);
     void copy(const NamedColor& color);
     void copySource();
-    void beginSampling();
+    /// Starts a pick and returns at once.
+    void beginSampling() { sampleFromScreen(); }
+    /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running.
+    void sampleFromScreen();
     void saveAndInstallCurrent();
     void use(const SavedPalette& palette);
     void install(const SavedPalette& palette);
