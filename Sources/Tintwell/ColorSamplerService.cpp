@@ -33,9 +33,9 @@ struct ColorSamplerService::State {
 platform::ColorSampler::SelectionHandler ColorSamplerService::State::handlerFor(
     const Waiting& waiting, const std::weak_ptr<State>& weakState)
 {
-    return [waiting, weakState](const std::optional<platform::Color>& color) {
+    return [held = waiting, weakState](const std::optional<platform::Color>& color) mutable {
         // Releasing the sampler may destroy this very function, so nothing captured is used after.
-        const auto mine = waiting;
+        const auto mine = std::move(held);
         const auto picked = color ? fromPlatformColor(*color) : std::nullopt;
         const auto state = weakState.lock();
         if (state && state->waiting == mine)

@@ -81,16 +81,15 @@ public:
             close();
     }
 
-private Q_SLOTS:
-    void responded(uint code, const QVariantMap& results)
+private:
+    Q_SLOT void responded(uint code, const QVariantMap& results)
     {
         constexpr uint kDone = 0;
         end(code == kDone ? colorIn(results) : std::nullopt);
     }
 
-    void failed() { end(std::nullopt); }
+    Q_SLOT void failed() { end(std::nullopt); }
 
-private:
     void call()
     {
         const auto token = QStringLiteral("pick%1").arg(

@@ -116,7 +116,7 @@ void X11Keys::readKeysDown(const X11Display& display)
 std::optional<LoupeKey> X11Keys::pressed(xcb_keycode_t code) const
 {
     if (code < firstCode_ || std::size_t(code - firstCode_) >= symbols_.size()
-        || downBefore_.count(code) != 0)
+        || downBefore_.contains(code))
         return std::nullopt;
     const xcb_keysym_t symbol = symbols_[std::size_t(code - firstCode_)];
     for (const auto& rule : kKeyRules)
