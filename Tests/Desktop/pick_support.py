@@ -133,10 +133,14 @@ class PickTest(unittest.TestCase):
 
     def start_driver(self, *arguments, **environment):
         self.driver = Program(self.driver_path, *arguments, environment=environment)
-        self.addCleanup(self.driver.end)
+        self.addCleanup(self.end_driver, self.driver)
         self.driver.say("alive")
         self.assertEqual(self.driver.hear(), "alive")
         return self.driver
+
+    def end_driver(self, driver):
+        # A sanitizer speaks up at the end.
+        self.assertEqual(driver.end(), 0)
 
     def picked(self):
         """The picked colour in steps of 1/255, or None for nothing."""

@@ -83,7 +83,7 @@ public:
     {
         step_.setSingleShot(true);
         idle_.setSingleShot(true);
-        connect(&idle_, &QTimer::timeout, this, [this] { endIfIdle(); });
+        connect(&idle_, &QTimer::timeout, this, [this] { cancelIfIdle(); });
         sinceStart_.start();
         tryGrab();
     }
@@ -163,12 +163,12 @@ private:
     /// A frozen picture of monitors that have changed shows what is no longer there.
     void watchScreens()
     {
-        const auto give_up = [this] { end(std::nullopt); };
-        connect(qGuiApp, &QGuiApplication::screenAdded, this, give_up);
-        connect(qGuiApp, &QGuiApplication::screenRemoved, this, give_up);
+        const auto giveUp = [this] { cancel(); };
+        connect(qGuiApp, &QGuiApplication::screenAdded, this, giveUp);
+        connect(qGuiApp, &QGuiApplication::screenRemoved, this, giveUp);
         const auto screens = QGuiApplication::screens();
         for (const QScreen* screen : screens)
-            connect(screen, &QScreen::geometryChanged, this, give_up);
+            connect(screen, &QScreen::geometryChanged, this, giveUp);
     }
 
     void handle(const xcb_generic_event_t& event)
@@ -202,7 +202,7 @@ private:
             return;
         switch (key->action) {
         case LoupeKey::Action::cancel:
-            return end(std::nullopt);
+            return cancel();
         case LoupeKey::Action::take:
             return take();
         case LoupeKey::Action::move:
@@ -224,7 +224,7 @@ private:
         if (event.detail != std::exchange(pressed_, 0))
             return;
         if (event.detail == XCB_BUTTON_INDEX_3)
-            return end(std::nullopt);
+            return cancel();
         if (event.detail != XCB_BUTTON_INDEX_1)
             return;
         moveTo({ event.root_x, event.root_y });
@@ -313,24 +313,26 @@ private:
 
     void take()
     {
-        if (stage_ == Stage::picking)
-            end(colorAt(pixel_));
+        if (stage_ != Stage::picking)
+            return;
+        owner_.answer_->give(colorAt(pixel_));
+        close();
     }
 
-    void endIfIdle()
+    void cancelIfIdle()
     {
         const auto left = owner_.limits_.idle - std::chrono::milliseconds(sinceEvent_.elapsed());
         if (left.count() <= 0)
-            end(std::nullopt);
+            cancel();
         else
             idle_.start(left);
     }
 
-    void end(const std::optional<Color>& color)
+    void cancel()
     {
         if (stage_ == Stage::ended)
             return;
-        owner_.answer_->give(color);
+        owner_.answer_->give(std::nullopt);
         close();
     }
 
