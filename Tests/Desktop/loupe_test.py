@@ -2,6 +2,7 @@
 
 import ctypes
 import os
+import signal
 import subprocess
 import sys
 import time
@@ -19,6 +20,19 @@ def window_is_there(title):
         tree = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, check=False)
         if tree.returncode == 0:
             return f'"{title}"' in tree.stdout
+
+
+def process_of(program):
+    """The process of that name that runs on our display."""
+    display = f"DISPLAY={os.environ['DISPLAY']}".encode()
+    for process in run("pgrep", "-x", program).split():
+        try:
+            with open(f"/proc/{process}/environ", "rb") as file:
+                if display in file.read().split(b"\0"):
+                    return int(process)
+        except OSError:
+            continue
+    raise AssertionError(f"no {program} runs here")
 
 
 def loupe_is_there():
@@ -144,12 +158,12 @@ class LoupeTest(PickTest):
 
     def test_a_key_that_was_down_before_does_not_take(self):
         self.start_driver()
+        run("xset", "r", "rate", "100", "50")
         xdotool("keydown", "Return")
         self.addCleanup(xdotool, "keyup", "Return")
         self.open_loupe()
-        # To the server this is the key's repetition.
-        xdotool("keydown", "Return")
-        self.assert_still_usable()
+        # Long enough for the server to repeat the key many times.
+        time.sleep(0.3)
         self.assertTrue(loupe_is_there())
         xdotool("keyup", "Return", "mousemove", 11, 12, "key", "Return")
         self.assert_picked(11, 12)
@@ -170,6 +184,25 @@ class LoupeTest(PickTest):
         name = subprocess.run(["xprop", "-id", window, "WM_NAME"], capture_output=True, text=True,
                               check=False)
         return "Panel" in name.stdout
+
+    def test_the_picture_waits_for_a_slow_window_manager(self):
+        title_bar = (700, 340)
+        self.start_driver("--window", "600", "350")
+        self.assertTrue(eventually(self.panel_is_active))
+        manager = process_of("openbox")
+        os.kill(manager, signal.SIGSTOP)
+        try:
+            self.driver.say("pick")
+            self.assertEqual(self.driver.hear(), "hidden")
+            self.assert_still_usable()
+            time.sleep(0.1)
+            self.assertFalse(loupe_is_there())
+        finally:
+            os.kill(manager, signal.SIGCONT)
+        self.assertTrue(eventually(loupe_is_there))
+        xdotool("mousemove", *title_bar, "click", 1)
+        self.assertEqual(self.driver.hear(), "shown")
+        self.assert_picked(*title_bar)
 
     def test_two_monitors_of_different_scale(self):
         for name, place, output in (("L", "640/169x800/211+0+0", "screen"),

@@ -177,7 +177,7 @@ private:
         case XCB_KEY_PRESS:
             return keyPressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
         case XCB_KEY_RELEASE:
-            return keys_->released(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+            return keys_->released(reinterpret_cast<const xcb_key_release_event_t&>(event));
         case XCB_BUTTON_PRESS:
             return buttonPressed(reinterpret_cast<const xcb_button_press_event_t&>(event));
         case XCB_BUTTON_RELEASE:
@@ -197,7 +197,7 @@ private:
     void keyPressed(const xcb_key_press_event_t& event)
     {
         sinceEvent_.start();
-        const auto key = keys_->pressed(event.detail);
+        const auto key = keys_->pressed(event);
         if (!key)
             return;
         switch (key->action) {

@@ -113,12 +113,28 @@ void X11Keys::readKeysDown(const X11Display& display)
             downBefore_.insert(static_cast<xcb_keycode_t>(code));
 }
 
-std::optional<LoupeKey> X11Keys::pressed(xcb_keycode_t code) const
+void X11Keys::released(const xcb_key_release_event_t& event)
 {
-    if (code < firstCode_ || std::size_t(code - firstCode_) >= symbols_.size()
-        || downBefore_.contains(code))
+    if (downBefore_.erase(event.detail) == 0)
+        return;
+    releasedCode_ = event.detail;
+    releasedAt_ = event.time;
+}
+
+/// A key that is held comes again and again as a release and a press of the same moment.
+bool X11Keys::isOld(const xcb_key_press_event_t& event)
+{
+    if (event.detail == releasedCode_ && event.time == releasedAt_)
+        downBefore_.insert(event.detail);
+    return downBefore_.contains(event.detail);
+}
+
+std::optional<LoupeKey> X11Keys::pressed(const xcb_key_press_event_t& event)
+{
+    const int index = event.detail - firstCode_;
+    if (isOld(event) || index < 0 || std::size_t(index) >= symbols_.size())
         return std::nullopt;
-    const xcb_keysym_t symbol = symbols_[std::size_t(code - firstCode_)];
+    const xcb_keysym_t symbol = symbols_[std::size_t(index)];
     for (const auto& rule : kKeyRules)
         if (rule.symbol == symbol)
             return rule.key;

@@ -46,16 +46,19 @@ public:
     explicit X11Keys(const X11Display& display);
 
     /// What a pressed key does; nothing for the repetition of one that was down from the start.
-    [[nodiscard]] std::optional<LoupeKey> pressed(xcb_keycode_t code) const;
-    void released(xcb_keycode_t code) { downBefore_.erase(code); }
+    [[nodiscard]] std::optional<LoupeKey> pressed(const xcb_key_press_event_t& event);
+    void released(const xcb_key_release_event_t& event);
 
 private:
     void readLayout(const X11Display& display);
     void readKeysDown(const X11Display& display);
+    [[nodiscard]] bool isOld(const xcb_key_press_event_t& event);
 
     xcb_keycode_t firstCode_ = 0;
     std::vector<xcb_keysym_t> symbols_;
     std::set<xcb_keycode_t> downBefore_;
+    xcb_keycode_t releasedCode_ = 0;
+    xcb_timestamp_t releasedAt_ = 0;
 };
 
 } // namespace platform
