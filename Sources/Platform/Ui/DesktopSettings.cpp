@@ -68,6 +68,8 @@ void DesktopSettings::start()
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
+    // The slot is looked up by the names of its types, which the toolkit does not know by itself.
+    qRegisterMetaType<QDBusVariant>();
     bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message

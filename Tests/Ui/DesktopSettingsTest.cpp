@@ -1,0 +1,140 @@
+// The settings portal on a private bus: run under dbus-run-session.
+#include "ThemeSource.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QTest>
+
+namespace platform {
+namespace {
+
+const auto kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto kScheme = QStringLiteral("color-scheme");
+const auto kAppearance = QStringLiteral("org.freedesktop.appearance");
+
+/// Answers when it is told to, as a portal that is still starting does.
+class FakePortal : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+public:
+    void answer(const SettingGroups& groups)
+    {
+        bus_.send(call_.createReply(QVariant::fromValue(groups)));
+    }
+    void answerWithNonsense() { bus_.send(call_.createReply(QStringLiteral("?"))); }
+    [[nodiscard]] bool wasAsked() const { return call_.type() == QDBusMessage::MethodCallMessage; }
+    [[nodiscard]] QStringList askedGroups() const { return asked_; }
+
+public Q_SLOTS:
+    void ReadAll(const QStringList& groups)
+    {
+        asked_ = groups;
+        call_ = message();
+        setDelayedReply(true);
+    }
+
+Q_SIGNALS:
+    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    QDBusConnection bus_ = QDBusConnection(QStringLiteral("portal"));
+    QDBusMessage call_;
+    QStringList asked_;
+};
+
+class DesktopSettingsTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { qDBusRegisterMetaType<SettingGroups>(); }
+
+    void SetUp() override
+    {
+        auto bus
+            = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
+        ASSERT_TRUE(bus.isConnected()) << "needs a private session bus";
+        portal_ = std::make_unique<FakePortal>();
+        ASSERT_TRUE(bus.registerObject(kPath, portal_.get(),
+            QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+        ASSERT_TRUE(bus.registerService(kService));
+        QObject::connect(&settings_, &DesktopSettings::changed, [this] { ++changes_; });
+    }
+    void TearDown() override
+    {
+        portal_.reset();
+        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
+    }
+
+    bool waitForQuestion()
+    {
+        return QTest::qWaitFor([this] { return portal_->wasAsked(); });
+    }
+    bool waitForChanges(int count)
+    {
+        return QTest::qWaitFor([this, count] { return changes_ == count; });
+    }
+
+    std::unique_ptr<FakePortal> portal_;
+    DesktopSettings settings_;
+    int changes_ = 0;
+};
+
+TEST_F(DesktopSettingsTest, ReadsOnceAndFollowsEveryChange)
+{
+    settings_.start();
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_TRUE(portal_->askedGroups().contains(kAppearance));
+    portal_->answer({ { kAppearance, { { kScheme, 1U } } },
+        { QStringLiteral("org.gnome.desktop.interface"),
+            { { QStringLiteral("enable-animations"), false } } } });
+    ASSERT_TRUE(waitForChanges(1));
+    EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, true }));
+    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(2U));
+    ASSERT_TRUE(waitForChanges(2));
+    EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::light, true }));
+}
+
+TEST_F(DesktopSettingsTest, KeepsAChangeThatOvertakesTheFirstAnswer)
+{
+    settings_.start();
+    ASSERT_TRUE(waitForQuestion());
+    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(1U));
+    ASSERT_TRUE(waitForChanges(1));
+    portal_->answer({ { QStringLiteral("org.gnome.desktop.interface"),
+                          { { QStringLiteral("enable-animations"), false } } },
+        { kAppearance, { { kScheme, 2U } } } });
+    ASSERT_TRUE(waitForChanges(2));
+    EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, true }));
+}
+
+TEST_F(DesktopSettingsTest, HasNoWishesWhenTheAnswerIsNotOne)
+{
+    settings_.start();
+    ASSERT_TRUE(waitForQuestion());
+    portal_->answerWithNonsense();
+    Q_EMIT portal_->SettingChanged(kAppearance, QStringLiteral("contrast"), QDBusVariant(1U));
+    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(1U));
+    ASSERT_TRUE(waitForChanges(1));
+    EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, {} }));
+}
+
+TEST_F(DesktopSettingsTest, TurnsTheWholeApplicationDark)
+{
+    auto& source = ThemeSource::instance();
+    source.setAppearance({});
+    source.followDesktop();
+    ASSERT_TRUE(waitForQuestion());
+    EXPECT_EQ(source.appearance(), Appearance::light);
+    portal_->answer({ { kAppearance, { { kScheme, 1U } } } });
+    EXPECT_TRUE(QTest::qWaitFor([&source] { return source.appearance() == Appearance::dark; }));
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(0x23, 0x23, 0x26));
+}
+
+} // namespace
+} // namespace platform
+
+#include "DesktopSettingsTest.moc"
