@@ -222,6 +222,8 @@ std::string misuseOf(const Request& request)
         return "--library goes with save, list, delete, use and install only";
     if (request.library && request.library->empty())
         return "--library needs the name of a file";
+    if (request.id && request.id->empty())
+        return "an id needs at least its first character";
     if (request.command == Command::install && request.color.has_value() == request.id.has_value())
         return "install takes either a COLOR or --id ID";
     return "";
@@ -243,6 +245,10 @@ std::variant<Request, Report> parseCommandLine(std::vector<std::string> argument
         return Report::printed(std::string(version) + "\n");
     } catch (const CLI::ExtrasError&) {
         return Report::misuse(unexpected(grammar.app()) + " (see tintwell-cli --help)");
+    } catch (const CLI::ArgumentMismatch& error) {
+        const std::string_view problem = error.what();
+        return Report::misuse(printable(problem.substr(0, problem.find(':')))
+            + " takes exactly one value (see tintwell-cli --help)");
     } catch (const CLI::ParseError& error) {
         return Report::misuse(printable(error.what()) + " (see tintwell-cli --help)");
     }

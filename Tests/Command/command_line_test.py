@@ -125,6 +125,8 @@ class Usage(Case):
                 code, output, error = self.call(*words)
                 self.assertEqual((code, output), (2, ""))
                 self.assertRegex(error, r"\Atintwell-cli: [^\n\x1b]+\n\Z")
+        for words in (("list", "--format"), ("list", "--format", "json", "--format", "json")):
+            self.fails(2, "--format takes exactly one value (see tintwell-cli --help)", *words)
         self.assertEqual(os.listdir(self.home), [])
 
 
@@ -275,7 +277,8 @@ class Library(Case):
             json.dump(twins, file)
         for words in (("delete", "ab"), ("use", "aB"), ("install", "--id", "AB")):
             self.fails(1, f'2 saved palettes have an id that begins with "{words[-1]}"; write more of it', *words)
-        self.fails(1, 'No saved palette has an id that begins with ""', "delete", "")
+        for words in (("delete", ""), ("use", ""), ("install", "--id", "")):
+            self.fails(2, "an id needs at least its first character", *words)
         self.assertEqual(self.saved(), twins)
 
     def test_names_cannot_steer_the_terminal(self):

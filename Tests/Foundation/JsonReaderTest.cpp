@@ -215,7 +215,7 @@ TEST(JsonReader, SaysWhatItExpectedAndWhere)
         { "", "expected an array in line 1, where the text ends" },
         { "{}", "expected an array" },
         { "[1", "entry 1: expected an object" },
-        { "[{},{}]x", "expected nothing more in line 1" },
+        { "[{},{}]x", "expected the end of the text in line 1" },
         { "[{}\n{}]", R"(expected "," or "]" in line 2)" },
         { "[{},\n{\"a\":\n1 2}]", R"(entry 2: expected "," or "}" in line 3)" },
         { "[{\"a\":nil}]", R"(entry 1, "a": expected null without quotes in line 1)" },

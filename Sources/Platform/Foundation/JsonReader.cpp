@@ -221,7 +221,7 @@ bool JsonReader::skipToNextItem(OpenBrackets& open)
 bool JsonReader::readEnd()
 {
     skipSpace();
-    return at_ == end_ || failHere("nothing more");
+    return at_ == end_ || failHere("the end of the text");
 }
 
 bool JsonReader::failExpecting(std::string_view what)

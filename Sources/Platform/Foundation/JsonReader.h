@@ -11,7 +11,7 @@ namespace platform {
 /// Pulls values out of a JSON document (RFC 8259, UTF-8, a byte-order mark at the start is passed
 /// over). Each `read…` takes the next value and returns whether it was of that kind; after the
 /// first failure the reader is done and `problem` says what was wrong. Nothing is copied but what
-/// the caller keeps; a value of any size or depth is skipped in constant memory.
+/// the caller keeps; a value of any size is skipped in constant memory.
 class JsonReader {
 public:
     /// `text` outlives the reader.

@@ -60,6 +60,7 @@ std::string reasonText(int errorNumber)
     };
     static constexpr std::array reasons {
         Reason { EACCES, "permission is denied" },
+        Reason { EBADF, "it is closed" },
         Reason { EDQUOT, "your disk quota is used up" },
         Reason { EFBIG, "it would be too large" },
         Reason { EIO, "the disk reports an error" },
