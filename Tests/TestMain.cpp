@@ -1,4 +1,5 @@
-// The main function of every test program: the user's locale is in force, as a toolkit puts it in force.
+// The main function of every test program: the user's locale is in force, as a toolkit puts it in
+// force.
 #include <clocale>
 #include <gtest/gtest.h>
 

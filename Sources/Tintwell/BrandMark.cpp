@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <utility>
 
 namespace tintwell {
 
@@ -20,7 +21,7 @@ QImage readMascot()
 {
     const auto folder = QCoreApplication::applicationDirPath();
     for (const auto* place : { "/../share/tintwell/", "/Resources/" }) {
-        const QImage picture(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
+        QImage picture(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
         if (!picture.isNull())
             return picture;
     }
@@ -35,9 +36,9 @@ const QImage& BrandMark::mascot()
     return picture;
 }
 
-BrandMark::BrandMark(QWidget* parent, const QImage& picture)
+BrandMark::BrandMark(QWidget* parent, QImage picture)
     : QWidget(parent)
-    , picture_(picture)
+    , picture_(std::move(picture))
 {
     setFixedSize(side, side);
 }

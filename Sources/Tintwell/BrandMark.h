@@ -11,7 +11,7 @@ namespace tintwell {
 class BrandMark : public QWidget {
     Q_OBJECT
 public:
-    explicit BrandMark(QWidget* parent = nullptr, const QImage& picture = mascot());
+    explicit BrandMark(QWidget* parent = nullptr, QImage picture = mascot());
 
     /// The picture beside the program or in its data folder, read once a process; null without one.
     [[nodiscard]] static const QImage& mascot();

@@ -111,7 +111,7 @@ private:
     std::vector<RGBAColor> colors_;
 };
 
-SavedPaletteRow::SavedPaletteRow(RowActions actions, QWidget* parent)
+SavedPaletteRow::SavedPaletteRow(const RowActions& actions, QWidget* parent)
     : QWidget(parent)
     , name_(new platform::Label(nameStyle, platform::ColorRole::text, {}, this))
     , date_(new platform::Label(dateStyle, platform::ColorRole::secondary, {}, this))

@@ -86,7 +86,7 @@ class ColorStrip;
 class SavedPaletteRow : public QWidget {
     Q_OBJECT
 public:
-    explicit SavedPaletteRow(RowActions actions, QWidget* parent = nullptr);
+    explicit SavedPaletteRow(const RowActions& actions, QWidget* parent = nullptr);
 
     void show(const SavedRowState& state);
     [[nodiscard]] const SavedRowState& shown() const { return shown_; }

@@ -92,7 +92,7 @@ void ScrollArea::keyPressEvent(QKeyEvent* event)
 
 bool ScrollArea::focusNextPrevChild(bool next)
 {
-    if (!QWidget::focusNextPrevChild(next))
+    if (!QScrollArea::focusNextPrevChild(next))
         return false;
     revealFocus();
     return true;
