@@ -39,11 +39,11 @@ public:
 
     [[nodiscard]] const DesktopPreferences& preferences() const { return preferences_; }
 
-Q_SIGNALS:
-    void changed();
-
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+Q_SIGNALS:
+    void changed();
 
 private:
     void readAnswer(QDBusPendingCallWatcher* call);
