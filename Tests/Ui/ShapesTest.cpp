@@ -86,6 +86,25 @@ TEST(PaintPlate, KeepsItsEdgeInsideTheShape)
     EXPECT_EQ(image.pixelColor(30, 20), QColor(Qt::white));
 }
 
+TEST(PaintPlate, HasSharpSidesAtFractionalScales)
+{
+    for (const auto scale : { 1.25, 1.5 }) {
+        QImage image(QSize(100, 100), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        paintPlate(painter, { 11, 13, 30, 30 }, 8, Qt::red, Qt::black);
+        painter.end();
+        const auto middle = static_cast<int>(28 * scale);
+        for (int i = 0; i < image.width(); ++i) {
+            for (const auto& color : { image.pixelColor(middle, i), image.pixelColor(i, middle) })
+                EXPECT_TRUE(color == QColor(Qt::white) || color == QColor(Qt::red)
+                    || color == QColor(Qt::black))
+                    << scale << " at " << i;
+        }
+    }
+}
+
 TEST(PaintChecker, AlternatesAndStaysInside)
 {
     QImage image(12, 12, QImage::Format_ARGB32_Premultiplied);

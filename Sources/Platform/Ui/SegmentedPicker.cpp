@@ -176,7 +176,9 @@ void SegmentedPicker::paintEvent(QPaintEvent* /*event*/)
 {
     const auto& theme = currentTheme();
     QPainter painter(this);
-    paintPlate(painter, rect(), Metrics::pickerRadius, theme.quaternaryFill);
+    // Opaque: a translucent grey is rounded twice and comes out a shade off.
+    const auto track = composited(theme.quaternaryFill, theme.windowBackground);
+    paintPlate(painter, rect(), Metrics::pickerRadius, track);
     paintSeparators(painter);
     for (int i = 0; i < count(); ++i) {
         const auto fill = faded(theme.controlFill, hoverOf(i));

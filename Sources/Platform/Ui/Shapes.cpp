@@ -30,6 +30,15 @@ void addCorner(QPainterPath& path, QPointF inner, QPointF from, QPointF to, doub
         at(kDiagonal - kDiagonalHandle, kDiagonal + kDiagonalHandle), at(kEdgeHandle, 1), at(0, 1));
 }
 
+/// A line of a point or more is made of whole device pixels; a finer one stays as it is.
+double sharpWidth(const QPainter& painter, double width)
+{
+    const auto scale = painter.deviceTransform().m11();
+    if (width < 1 || scale <= 0)
+        return width;
+    return std::max(1.0, std::round(width * scale - 0.01)) / scale;
+}
+
 } // namespace
 
 QPainterPath smoothRoundedRect(const QRectF& rect, double radius)
@@ -66,13 +75,16 @@ void paintPlate(QPainter& painter, const QRectF& rect, double radius, const QCol
 {
     const auto wasAntialiased = painter.testRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::Antialiasing);
+    // An outline alone may well lie between the pixels, around a plate that does not.
+    const auto plate = fill.alpha() > 0 ? alignedToPixels(painter, rect) : rect;
     if (fill.alpha() > 0)
-        painter.fillPath(smoothRoundedRect(rect, radius), fill);
+        painter.fillPath(smoothRoundedRect(plate, radius), fill);
     if (edge.alpha() > 0 && edgeWidth > 0) {
-        const auto half = edgeWidth / 2;
+        const auto width = sharpWidth(painter, edgeWidth);
+        const auto half = width / 2;
         painter.strokePath(
-            smoothRoundedRect(rect.adjusted(half, half, -half, -half), radius - half),
-            QPen(edge, edgeWidth));
+            smoothRoundedRect(plate.adjusted(half, half, -half, -half), radius - half),
+            QPen(edge, width));
     }
     painter.setRenderHint(QPainter::Antialiasing, wasAntialiased);
 }

@@ -18,8 +18,8 @@ namespace platform {
 /// A rectangle whose shorter sides are half circles.
 [[nodiscard]] QPainterPath capsule(const QRectF& rect);
 
-/// Fills a smooth rounded rectangle. `edge`, when it is not transparent, is a line of `edgeWidth`
-/// points that lies wholly inside the shape.
+/// Fills a smooth rounded rectangle, its sides on device pixels. `edge`, when it is not
+/// transparent, is a line of `edgeWidth` points that lies wholly inside the shape.
 void paintPlate(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
     const QColor& edge = Qt::transparent, double edgeWidth = 1);
 
