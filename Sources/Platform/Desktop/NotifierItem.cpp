@@ -18,10 +18,11 @@ constexpr auto kMenuPath = "/MenuBar";
 NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
 {
     const auto image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    const qsizetype rowBytes = qsizetype { image.width() } * 4;
     NotifierPixmap result { image.width(), image.height(),
-        QByteArray(image.width() * image.height() * 4, Qt::Uninitialized) };
+        QByteArray(rowBytes * image.height(), Qt::Uninitialized) };
     auto* out = result.argb.data();
-    for (int y = 0; y < image.height(); ++y, out += image.width() * 4)
+    for (int y = 0; y < image.height(); ++y, out += rowBytes)
         qToBigEndian<quint32>(image.constScanLine(y), image.width(), out);
     return result;
 }
@@ -109,17 +110,17 @@ void NotifierItem::announce()
     QDBusConnection::sessionBus().send(call);
 }
 
-void NotifierItem::Activate(int /*x*/, int /*y*/)
+void NotifierItem::Activate(int /*x*/, int /*y*/) const
 {
     handlers_.activated();
 }
 
-void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/)
+void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) const
 {
     handlers_.activated();
 }
 
-void NotifierItem::ContextMenu(int /*x*/, int /*y*/)
+void NotifierItem::ContextMenu(int /*x*/, int /*y*/) const
 {
     handlers_.menuWanted();
 }

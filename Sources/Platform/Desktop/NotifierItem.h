@@ -85,9 +85,9 @@ public:
     [[nodiscard]] NotifierToolTip toolTip() const { return { {}, {}, title_, {} }; }
 
 public Q_SLOTS:
-    void Activate(int x, int y);
-    void SecondaryActivate(int x, int y);
-    void ContextMenu(int x, int y);
+    void Activate(int x, int y) const;
+    void SecondaryActivate(int x, int y) const;
+    void ContextMenu(int x, int y) const;
     void Scroll(int delta, const QString& orientation);
     void ProvideXdgActivationToken(const QString& token);
 
