@@ -92,7 +92,7 @@ private:
             EmbeddedItem::Handlers { [this] { activate(); }, [this] { popUpMenu(); } });
     }
 
-    void activate()
+    void activate() const
     {
         const auto item = place();
         events_.activated(item ? item : pointerAnchor());
