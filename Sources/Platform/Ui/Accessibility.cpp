@@ -1,5 +1,6 @@
 #include "Accessibility.h"
 
+#include <array>
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -16,11 +17,11 @@ struct RoleOfClass {
 };
 
 // Buttons are not listed: the toolkit knows them by their base class.
-constexpr RoleOfClass kRoles[] = {
-    { "platform::Label", QAccessible::StaticText },
-    { "platform::SegmentedPicker", QAccessible::Grouping },
-    { "platform::PopupMenu", QAccessible::PopupMenu },
-    { "platform::Separator", QAccessible::Separator },
+constexpr std::array kRoles {
+    RoleOfClass { "platform::Label", QAccessible::StaticText },
+    RoleOfClass { "platform::SegmentedPicker", QAccessible::Grouping },
+    RoleOfClass { "platform::PopupMenu", QAccessible::PopupMenu },
+    RoleOfClass { "platform::Separator", QAccessible::Separator },
 };
 
 /// A row of a menu: what a menu offers is an item, not a button.

@@ -7,6 +7,7 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
+#include <array>
 #include <cmath>
 #include <QEvent>
 #include <QFontMetricsF>
@@ -38,16 +39,16 @@ const Shape& shapeOf(ButtonStyle style)
     static const TextStyle label { .size = buttonFontSize, .weight = QFont::Medium };
     static const TextStyle quiet { .size = borderlessFontSize, .weight = QFont::Medium };
     // clang-format off
-    static const Shape shapes[] = {
-        // width               height            radius            symbol            text   padding
-        { 0,                   buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
-        { iconButtonWidth,     buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
-        { 0,                   borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
-        { borderlessIconWidth, borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
-        { menuButtonWidth,     menuButtonHeight, menuButtonRadius, menuButtonSymbol, quiet, borderlessPadding },
+    static const std::array shapes {
+        //       width               height            radius            symbol            text   padding
+        Shape { 0,                   buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
+        Shape { iconButtonWidth,     buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
+        Shape { 0,                   borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
+        Shape { borderlessIconWidth, borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
+        Shape { menuButtonWidth,     menuButtonHeight, menuButtonRadius, menuButtonSymbol, quiet, borderlessPadding },
     };
     // clang-format on
-    return shapes[static_cast<int>(style)];
+    return shapes.at(static_cast<std::size_t>(style));
 }
 
 } // namespace
