@@ -8,7 +8,10 @@ namespace platform {
 
 namespace {
 
-constexpr qint64 kLongestMilliseconds = 700;
+// A window manager that hangs must not keep the pick from beginning.
+constexpr qint64 kLongestToUnmapMilliseconds = 2000;
+// What lies below may never stand still, such as a film.
+constexpr qint64 kLongestToSettleMilliseconds = 700;
 // A compositor goes on showing a window while it fades it out, without a word to anyone.
 constexpr qint64 kFadeMilliseconds = 200;
 constexpr qint64 kRepaintMilliseconds = 30;
@@ -40,17 +43,16 @@ void X11Departure::begin()
 
 bool X11Departure::isOver()
 {
-    if (since_.elapsed() > kLongestMilliseconds)
-        return true;
-    if (std::any_of(windows_.begin(), windows_.end(),
+    if (!unmapped_.isValid()
+        && std::any_of(windows_.begin(), windows_.end(),
             [&](const Window& each) { return display_.isViewable(each.frame); }))
-        return false;
+        return since_.elapsed() > kLongestToUnmapMilliseconds;
     if (!unmapped_.isValid())
         unmapped_.start();
     if (unmapped_.elapsed() < (display_.hasCompositor() ? kFadeMilliseconds : kRepaintMilliseconds))
         return false;
     const QImage now = display_.read(display_.root(), area_);
-    if (now.isNull() || now == last_)
+    if (now.isNull() || now == last_ || unmapped_.elapsed() > kLongestToSettleMilliseconds)
         return true;
     last_ = now;
     return false;

@@ -24,7 +24,8 @@ public:
 
     /// Whether they are gone and what lay below them has been drawn again: their frames are
     /// unmapped, a compositor has had the time of a fade, and their place looks the same twice in a
-    /// row. True after 0.7 s in any case.
+    /// row. True in any case 2 s after a window manager was asked in vain and 0.7 s after the
+    /// unmapping.
     [[nodiscard]] bool isOver();
 
 private:
