@@ -4,7 +4,6 @@
 #include "PaletteGenerator.h"
 #include "PaletteStream.h"
 
-#include <chrono>
 #include <unistd.h>
 
 namespace tintwell {
@@ -51,9 +50,7 @@ Report performSave(const Request& request)
 {
     return withColor(request.color, [&](const RGBAColor& color) {
         auto store = library(request);
-        const auto now = std::chrono::time_point_cast<std::chrono::milliseconds>(
-            std::chrono::system_clock::now());
-        return saveColor(store, color, platform::Uuid::random(), now);
+        return saveColor(store, color, platform::Uuid::random(), platform::currentTime());
     });
 }
 

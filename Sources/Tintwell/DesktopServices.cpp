@@ -7,8 +7,6 @@
 
 #include <QColor>
 
-#include <chrono>
-
 namespace tintwell {
 
 namespace {
@@ -46,11 +44,7 @@ DesktopServices::DesktopServices(platform::SamplerHooks hooks)
 
 ModelServices DesktopServices::forModel()
 {
-    const auto now = [] {
-        return std::chrono::time_point_cast<platform::Timestamp::duration>(
-            std::chrono::system_clock::now());
-    };
-    return { pasteboard_, installer_, scheduler_, now, platform::Uuid::random };
+    return { pasteboard_, installer_, scheduler_, platform::currentTime, platform::Uuid::random };
 }
 
 std::shared_ptr<ScreenColorSampling> DesktopServices::makeSampler() const

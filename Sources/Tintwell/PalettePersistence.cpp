@@ -5,7 +5,6 @@
 #include "PaletteModelsJson.h"
 
 #include <algorithm>
-#include <chrono>
 #include <string>
 #include <utility>
 
@@ -24,11 +23,6 @@ using Library = std::vector<SavedPalette>;
 
 /// About twenty thousand palettes. What is larger is no library, and would not be read back.
 constexpr std::size_t maxFileSize = 256'000'000;
-
-Timestamp systemTime()
-{
-    return std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
-}
 
 Error inFile(const path& url, const std::string& problem)
 {
@@ -112,7 +106,7 @@ PalettePersistence::PalettePersistence(path url, std::function<Timestamp()> now)
     : url_(std::move(url))
     , memory_(std::make_shared<Memory>())
 {
-    memory_->now = now ? std::move(now) : systemTime;
+    memory_->now = now ? std::move(now) : platform::currentTime;
 }
 
 path PalettePersistence::defaultURL(const platform::Directories& directories)

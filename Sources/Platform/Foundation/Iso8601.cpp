@@ -65,6 +65,11 @@ void writeDigits(char* end, unsigned number, int count)
 
 } // namespace
 
+Timestamp currentTime()
+{
+    return std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
+}
+
 std::string formatIso8601(Timestamp time)
 {
     const auto whole = std::clamp(std::chrono::floor<seconds>(time), firstWritable, lastWritable);

@@ -12,6 +12,9 @@ namespace platform {
 /// write.
 using Timestamp = std::chrono::sys_time<std::chrono::milliseconds>;
 
+/// What the system's clock shows.
+[[nodiscard]] Timestamp currentTime();
+
 /// "2026-11-22T10:00:00Z": UTC, whole seconds; a fraction is dropped (towards the past). A moment
 /// outside the years 0000 to 9999 is written as the nearest one inside.
 [[nodiscard]] std::string formatIso8601(Timestamp time);
