@@ -131,10 +131,12 @@ void Button::leaveEvent(QEvent* event)
 
 void Button::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn)
+        return QAbstractButton::keyPressEvent(event);
+    // A key that is held must not, for instance, delete one row after the other.
+    if (!event->isAutoRepeat())
         click();
-    else
-        QAbstractButton::keyPressEvent(event);
 }
 
 void Button::changeEvent(QEvent* event)
