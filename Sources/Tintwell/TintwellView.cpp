@@ -3,6 +3,7 @@
 #include "Metrics.h"
 #include "PopupMenu.h"
 #include "QtColor.h"
+#include "ReadingOrder.h"
 #include "Separator.h"
 #include "Spring.h"
 #include "Stack.h"
@@ -195,6 +196,11 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
             [&] { return new SavedWorkspace(model_, actions_.dateText); });
     }
     return nullptr;
+}
+
+bool TintwellView::focusNextPrevChild(bool next)
+{
+    return platform::moveFocusInReadingOrder(*this, next);
 }
 
 void TintwellView::paintEvent(QPaintEvent*)

@@ -123,21 +123,6 @@ TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSight)
     EXPECT_EQ(indexOf(focused->parentWidget()), 1U);
 }
 
-TEST_F(RecyclingListTest, TabGoesThroughTheRowsInOrder)
-{
-    scrollTo(500'000);
-    scrollTo(0);
-    button(0, "use")->setFocus();
-    for (std::size_t step = 1; step < 40; ++step) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        const auto* focus = QApplication::focusWidget();
-        ASSERT_NE(focus, nullptr);
-        EXPECT_EQ(indexOf(focus->parentWidget()), step / 2) << step;
-        EXPECT_EQ(focus->objectName(), QLatin1String(step % 2 == 0 ? "use" : "delete"));
-        EXPECT_FALSE(focus->visibleRegion().isEmpty()) << step;
-    }
-}
-
 TEST_F(RecyclingListTest, ScrollsByPixelsAtOnceAndByNotchesWithAGlide)
 {
     auto* bar = area_.verticalScrollBar();

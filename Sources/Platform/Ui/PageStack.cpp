@@ -76,9 +76,10 @@ void PageStack::showPage(QWidget* page, const std::optional<Spring>& spring)
         leavingPicture_ = pictureOf(*leaving_);
     current_ = page;
     page->setGeometry(rect());
-    page->show();
+    // In this order a focus inside the old page goes to what is before the pages.
     if (leaving_ != nullptr)
         leaving_->hide();
+    page->show();
     if (!moves)
         return;
     curtain_ = new Curtain(*this);

@@ -45,16 +45,19 @@ std::pair<std::size_t, std::size_t> RecyclingList::wantedRows() const
 void RecyclingList::dropRows(std::size_t first, std::size_t end)
 {
     const auto* focused = window()->focusWidget();
-    for (auto entry = rows_.begin(); entry != rows_.end();) {
-        const auto [index, row] = *entry;
+    std::vector<QWidget*> dropped;
+    std::erase_if(rows_, [&](const auto& entry) {
+        const auto& [index, row] = entry;
         const bool keepsFocus = index < count_ && focused && row->isAncestorOf(focused);
-        if ((index >= first && index < end) || keepsFocus) {
-            ++entry;
-            continue;
-        }
+        if ((index >= first && index < end) || keepsFocus)
+            return false;
+        dropped.push_back(row);
+        return true;
+    });
+    // The focus that leaves a hidden row may scroll, and thus come back to here.
+    for (auto* row : dropped) {
         row->hide();
         spare_.push_back(row);
-        entry = rows_.erase(entry);
     }
 }
 
@@ -71,36 +74,17 @@ void RecyclingList::layOut()
 {
     const auto [first, end] = wantedRows();
     dropRows(first, end);
-    bool isNew = false;
     for (auto index = first; index < end; ++index) {
         if (rows_.contains(index))
             continue;
         auto* row = takeRow();
         fillRow_(*row, index);
         rows_.emplace(index, row);
-        isNew = true;
     }
     for (const auto& [index, row] : rows_) {
         row->setGeometry(0, static_cast<int>(index) * rowHeight_, width(), rowHeight_);
         row->show();
     }
-    if (isNew)
-        orderTabs();
-}
-
-/// Reused rows stand in the toolkit's tab order where they were first made; this puts their
-/// controls into the order of the rows again.
-void RecyclingList::orderTabs()
-{
-    QWidget* previous = nullptr;
-    for (const auto& [index, row] : rows_)
-        for (auto* control : row->findChildren<QWidget*>()) {
-            if (!(control->focusPolicy() & Qt::TabFocus))
-                continue;
-            if (previous)
-                setTabOrder(previous, control);
-            previous = control;
-        }
 }
 
 bool RecyclingList::event(QEvent* event)

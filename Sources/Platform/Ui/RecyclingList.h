@@ -15,8 +15,7 @@ class ScrollArea;
 /// The content of a scroll area: `count` rows of `rowHeight` points. Rows that leave the sight are
 /// filled again for those that enter it, so any number of rows costs what a screenful does.
 ///
-/// The row that has the keyboard focus is kept while it is out of sight. The tab order is the order
-/// of the rows.
+/// The row that has the keyboard focus is kept while it is out of sight.
 class RecyclingList : public QWidget {
     Q_OBJECT
 public:
@@ -46,7 +45,6 @@ private:
     void layOut();
     void dropRows(std::size_t first, std::size_t end);
     [[nodiscard]] QWidget* takeRow();
-    void orderTabs();
 
     int rowHeight_;
     MakeRow makeRow_;

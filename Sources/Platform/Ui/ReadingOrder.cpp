@@ -1,0 +1,67 @@
+#include "ReadingOrder.h"
+
+#include "ScrollArea.h"
+
+#include <algorithm>
+#include <QWidget>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+bool isStop(const QWidget& widget)
+{
+    // Who passes the focus on is represented by whom it passes it to.
+    return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !widget.focusProxy();
+}
+
+/// Appends the stops below `part`; the way to `focused` counts even when it has been hidden.
+void collectStops(const QWidget& part, const QWidget* focused, std::vector<QWidget*>& stops)
+{
+    auto children = part.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    const int side = part.layoutDirection() == Qt::LeftToRight ? 1 : -1;
+    std::stable_sort(children.begin(), children.end(), [side](const QWidget* a, const QWidget* b) {
+        return a->y() != b->y() ? a->y() < b->y() : side * a->x() < side * b->x();
+    });
+    for (auto* child : children) {
+        const bool leads = focused && (child == focused || child->isAncestorOf(focused));
+        if (child->isWindow() || !(leads || (child->isVisible() && child->isEnabled())))
+            continue;
+        if (isStop(*child))
+            stops.push_back(child);
+        collectStops(*child, focused, stops);
+    }
+}
+
+} // namespace
+
+bool moveFocusInReadingOrder(QWidget& root, bool next)
+{
+    const auto* focused = root.window()->focusWidget();
+    std::vector<QWidget*> stops;
+    collectStops(root, focused, stops);
+    auto here = std::find(stops.begin(), stops.end(), focused);
+    auto reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
+    if (here != stops.end() && !focused->isVisible()) {
+        // Nobody pressed a key: whether the focus shows stays as it was.
+        reason = Qt::OtherFocusReason;
+        next = false;
+        here = stops.erase(here);
+    } else if (here != stops.end() && next) {
+        ++here;
+    }
+    if (stops.empty())
+        return false;
+    if (next && here == stops.end())
+        here = stops.begin();
+    else if (!next)
+        here = here == stops.begin() ? std::prev(stops.end()) : std::prev(here);
+    (*here)->setFocus(reason);
+    for (auto* part = (*here)->parentWidget(); part; part = part->parentWidget())
+        if (auto* area = qobject_cast<ScrollArea*>(part))
+            area->revealFocus();
+    return true;
+}
+
+} // namespace platform
