@@ -1,0 +1,161 @@
+#include "ScrollArea.h"
+#include "TintwellViewFixture.h"
+
+#include <QScrollBar>
+
+namespace tintwell {
+
+using TintwellViewFocusTest = TintwellViewTest;
+
+TEST_F(TintwellViewFocusTest, ThePickerSwitchesAtOnceByMouseShortcutArrowsAndReaders)
+{
+    const auto* stack = part<platform::PageStack>();
+    const auto expectTab = [&](WorkspaceTab tab, const char* how) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(model_->selectedTab(), tab) << how;
+        EXPECT_FALSE(stack->isMoving()) << how;
+        EXPECT_EQ(part<platform::SegmentedPicker>()->current(), static_cast<int>(tab)) << how;
+        EXPECT_EQ(qobject_cast<StudioWorkspace*>(stack->currentPage()) != nullptr,
+            tab == WorkspaceTab::studio);
+        EXPECT_EQ(qobject_cast<SavedWorkspace*>(stack->currentPage()) != nullptr,
+            tab == WorkspaceTab::saved);
+    };
+    using enum WorkspaceTab;
+    constexpr auto ctrl = Qt::ControlModifier;
+    QTest::mouseClick(button("Saved"), Qt::LeftButton);
+    expectTab(saved, "click");
+    for (const auto& [key, tab] : std::map<Qt::Key, WorkspaceTab> {
+             { Qt::Key_1, studio }, { Qt::Key_2, themes }, { Qt::Key_3, saved } }) {
+        QTest::keyClick(view_.get(), key, ctrl);
+        expectTab(tab, "shortcut");
+    }
+    button("Saved")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+    expectTab(themes, "Left");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    expectTab(saved, "Right");
+    QAccessible::queryAccessibleInterface(button("Studio"))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    expectTab(studio, "reader");
+}
+
+TEST_F(TintwellViewFocusTest, TabGoesInReadingOrderThroughEveryControlAndShowsIt)
+{
+    struct Case {
+        WorkspaceTab tab;
+        std::vector<std::string> inside;
+    };
+    std::vector<std::string> studioIds;
+    for (const auto& section : studioState(*model_))
+        for (const auto& cell : section.cells)
+            studioIds.push_back(cell.namedColor.id);
+    std::vector<std::string> themeIds;
+    for (const auto& theme : themesState(*model_))
+        for (const auto& cell : theme.section.cells)
+            themeIds.push_back(cell.namedColor.id);
+    std::vector<std::string> rows;
+    for (const auto* name : { "Violet", "One", "Two", "Three", "Four", "Five", "Six", "Seven" })
+        for (const auto* control : { "Use ", "Install ", "Delete palette " })
+            rows.push_back(control + std::string(name));
+    openOn({ palette(1, "One"), palette(2, "Two"), palette(3, "Three"), palette(4, "Four"),
+        palette(5, "Five"), palette(6, "Six"), palette(7, "Seven") });
+    choose(WorkspaceTab::saved);
+    model_->saveAndInstallCurrent();
+    const Case cases[] = { { WorkspaceTab::saved, rows }, { WorkspaceTab::themes, themeIds },
+        { WorkspaceTab::studio, studioIds } };
+    auto* bar = part<SavedWorkspace>()->findChild<platform::ScrollArea*>()->verticalScrollBar();
+    for (const int place : { bar->maximum(), 0 })
+        bar->setValue(place);
+    for (const auto& [tab, inside] : cases) {
+        choose(tab);
+        std::vector<std::string> expected { "Violet", "Sample", "Copy #6E56CF",
+            std::string(rawValue(tab)) };
+        expected.insert(expected.end(), inside.begin(), inside.end());
+        expected.insert(expected.end(), { "Save + Install", "More" });
+        for (const bool forward : { true, false }) {
+            sourceSwatch()->setFocus(Qt::TabFocusReason);
+            if (!forward)
+                std::reverse(expected.begin() + 1, expected.end());
+            std::vector<std::string> visited;
+            for (std::size_t i = 0; i < expected.size(); ++i) {
+                visited.push_back(focusName());
+                auto* focus = QApplication::focusWidget();
+                ASSERT_NE(focus, nullptr);
+                EXPECT_FALSE(focus->visibleRegion().isEmpty()) << visited.back();
+                QTest::keyClick(focus, forward ? Qt::Key_Tab : Qt::Key_Backtab);
+            }
+            EXPECT_EQ(visited, expected);
+            EXPECT_EQ(focusName(), "Violet");
+        }
+    }
+}
+
+TEST_F(TintwellViewFocusTest, FocusGoesBackToWhatIsBeforeAControlThatGoes)
+{
+    openOn({ palette(1, "One"), palette(2, "Two") });
+    choose(WorkspaceTab::saved);
+    button("Delete palette", 0)->setFocus(Qt::TabFocusReason);
+    for (const auto* name : { "Delete palette Two", "Saved" }) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        settle();
+        EXPECT_EQ(focusName(), name);
+    }
+    openOn({ palette(1, "One") });
+    choose(WorkspaceTab::saved);
+    pressWithKey(button("Use"), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(focusName(), "Studio");
+    // While sampling the button cannot be pressed, so the focus goes on.
+    pressWithKey(button("Sample"), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(focusName(), "Copy #E5484D");
+}
+
+TEST_F(TintwellViewFocusTest, AHeldKeyPressesOnce)
+{
+    openOn({ palette(1, "One"), palette(2, "Two") });
+    choose(WorkspaceTab::saved);
+    auto* control = button("Delete palette");
+    for (const bool repeats : { false, true, true }) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, repeats);
+        QCoreApplication::sendEvent(control, &press);
+        settle();
+    }
+    EXPECT_EQ(model_->savedPalettes().size(), 1U);
+}
+
+TEST_F(TintwellViewFocusTest, ArrowKeysGoFromSwatchToSwatchAcrossGrids)
+{
+    struct Move {
+        WorkspaceTab tab;
+        const char* from;
+        Qt::Key key;
+        const char* to;
+    };
+    using enum WorkspaceTab;
+    const Move moves[] = {
+        { studio, "complementary.0", Qt::Key_Right, "complementary.1" },
+        { studio, "complementary.1", Qt::Key_Right, "complementary.1" },
+        { studio, "complementary.1", Qt::Key_Left, "complementary.0" },
+        { studio, "complementary.0", Qt::Key_Up, "complementary.0" },
+        { studio, "complementary.1", Qt::Key_Down, "analogous.2" },
+        { studio, "monochromatic.1", Qt::Key_Down, "monochromatic.4" },
+        { studio, "monochromatic.4", Qt::Key_Down, "tone.50" },
+        { studio, "tone.900", Qt::Key_Down, "tone.950" },
+        { studio, "tone.950", Qt::Key_Down, "tone.950" },
+        { studio, "tone.50", Qt::Key_Up, "monochromatic.4" },
+        { themes, "light.error", Qt::Key_Down, "dark.on-primary" },
+        { themes, "dark.background", Qt::Key_Left, "dark.background" },
+    };
+    for (const auto& [tab, from, key, to] : moves) {
+        choose(tab);
+        ASSERT_NE(tile(from), nullptr) << from;
+        tile(from)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(focusName(), to) << "from " << from;
+        EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty()) << to;
+    }
+}
+
+} // namespace tintwell

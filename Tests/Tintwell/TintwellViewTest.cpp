@@ -1,0 +1,400 @@
+#include "PopupMenu.h"
+#include "ScrollArea.h"
+#include "Spring.h"
+#include "ThemeSource.h"
+#include "TintwellViewFixture.h"
+
+#include <numeric>
+#include <QScrollBar>
+
+namespace tintwell {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Every way to press a control.
+struct Press {
+    const char* name;
+    void (*press)(QWidget*);
+};
+
+const Press presses[] = {
+    { "mouse", [](QWidget* control) { QTest::mouseClick(control, Qt::LeftButton); } },
+    { "Space", [](QWidget* control) { pressWithKey(control, Qt::Key_Space); } },
+    { "Return", [](QWidget* control) { pressWithKey(control, Qt::Key_Return); } },
+    { "reader",
+        [](QWidget* control) {
+            auto* actions = QAccessible::queryAccessibleInterface(control)->actionInterface();
+            ASSERT_NE(actions, nullptr);
+            actions->doAction(QAccessibleActionInterface::pressAction());
+        } },
+};
+
+} // namespace
+
+TEST_F(TintwellViewTest, EveryControlDoesItsActionHoweverItIsPressed)
+{
+    using enum WorkspaceTab;
+    struct Action {
+        WorkspaceTab tab;
+        std::function<QWidget*()> control;
+        const char* status;
+        std::size_t copied;
+        std::size_t installed;
+        std::size_t left; ///< Palettes in the library, which had one.
+    };
+    const Action actions[] = {
+        { studio, [&] { return button("Sample"); }, "Choose any visible color", 0, 0, 1 },
+        { themes, [&] { return button("Copy #6E56CF"); }, "Copied Violet · #6E56CF", 1, 0, 1 },
+        { saved, [&] { return sourceSwatch(); }, "Copied Violet · #6E56CF", 1, 0, 1 },
+        { studio, [&] { return tile("complementary.1"); }, "Copied Complement · #767300", 1, 0, 1 },
+        { studio, [&] { return tile("tone.950"); }, "Copied 950 · #0C0228", 1, 0, 1 },
+        { themes, [&] { return tile("dark.background"); }, "Copied Background · #050509", 1, 0, 1 },
+        { themes, [&] { return button("Save + Install"); }, "Saved and installed Tintwell.clr", 0,
+            1, 2 },
+        { saved, [&] { return button("Use"); }, "Loaded Red", 0, 0, 1 },
+        { saved, [&] { return button("Install"); }, "Installed Tintwell.clr", 0, 1, 1 },
+        { saved, [&] { return button("Delete palette"); }, "Deleted Red", 0, 0, 0 },
+    };
+    for (const auto& action : actions)
+        for (const auto& [how, press] : presses) {
+            openOn({ palette(1, "Red") });
+            choose(action.tab);
+            auto* control = action.control();
+            ASSERT_NE(control, nullptr);
+            SCOPED_TRACE(nameOf(control).toStdString() + " by " + how);
+            press(control);
+            // A press by a reader is shown for a moment before it acts.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return model_->status() == action.status; }))
+                << model_->status();
+            settle();
+            EXPECT_NE(label(model_->status()), nullptr);
+            EXPECT_EQ(desktop_->pasteboard.contents.size(), action.copied);
+            EXPECT_EQ(desktop_->installer.calls.size(), action.installed);
+            EXPECT_EQ(model_->savedPalettes().size(), action.left);
+        }
+}
+
+TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
+{
+    struct Way {
+        const char* name;
+        std::function<void(const char* item, int row)> choose;
+    };
+    const Way ways[] = {
+        { "mouse",
+            [&](const char* item, int) {
+                QTest::mouseClick(button("More"), Qt::LeftButton);
+                QTest::mouseClick(button(item), Qt::LeftButton);
+            } },
+        { "keys",
+            [&](const char*, int row) {
+                pressWithKey(button("More"), Qt::Key_Space);
+                for (int i = 0; i < row; ++i)
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            } },
+    };
+    for (const auto& [name, chooseItem] : ways) {
+        SCOPED_TRACE(name);
+        open();
+        QTest::mouseMove(view_.get(), QPoint(2, 2));
+        chooseItem("Open macOS Colors", 0);
+        settle();
+        EXPECT_EQ(opened_, 1);
+        EXPECT_EQ(model_->status(), "Opened macOS Colors");
+        EXPECT_EQ(quits_, 0);
+        QTest::mouseMove(view_.get(), QPoint(2, 2));
+        chooseItem("Quit Tintwell", 1);
+        settle();
+        EXPECT_EQ(quits_, 1);
+        EXPECT_EQ(opened_, 1);
+        EXPECT_EQ(part<platform::PopupMenu>(), nullptr);
+    }
+}
+
+TEST_F(TintwellViewTest, SamplingTakesTheButtonAndTheShortcutUntilItEnds)
+{
+    const auto pressShortcut = [&] {
+        QTest::keyClick(view_.get(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        settle();
+    };
+    for (const bool picked : { false, true }) {
+        pressShortcut();
+        auto* sampling = button("Sampling…");
+        ASSERT_NE(sampling, nullptr);
+        EXPECT_FALSE(sampling->isEnabled());
+        EXPECT_GE(sampling->width(), sampling->sizeHint().width());
+        EXPECT_LT(sampling->geometry().right(), button("Copy #6E56CF")->x());
+        pressShortcut();
+        QTest::mouseClick(sampling, Qt::LeftButton);
+        EXPECT_EQ(desktop_->sampler->picks.size(), 1U);
+        desktop_->sampler->answer(picked ? RGBAColor::fromHex("#F2C14E") : std::nullopt);
+        settle();
+        EXPECT_EQ(sampling, button("Sample"));
+        EXPECT_TRUE(sampling->isEnabled());
+    }
+    EXPECT_NE(label("#F2C14E"), nullptr);
+    EXPECT_NE(button("Copy #F2C14E"), nullptr);
+    EXPECT_EQ(button("Copy #F2C14E")->toolTip(), QLatin1String("Copy #F2C14E"));
+}
+
+TEST_F(TintwellViewTest, OnlyWhatWasCopiedLastWearsTheMark)
+{
+    using Ids = std::vector<std::string>;
+    const auto click = [](QWidget* control) {
+        QTest::mouseClick(control, Qt::LeftButton);
+        settle();
+    };
+    click(tile("triadic.1"));
+    EXPECT_EQ(marks(), Ids { "triadic.1" });
+    click(sourceSwatch());
+    EXPECT_EQ(marks(), Ids { "source" });
+    click(tile("tone.50"));
+    EXPECT_EQ(marks(), Ids { "tone.50" });
+    choose(WorkspaceTab::themes);
+    click(tile("light.background"));
+    EXPECT_EQ(model_->lastCopiedID(), "light.background");
+    // The workspace out of sight catches up when it comes back.
+    choose(WorkspaceTab::studio);
+    choose(WorkspaceTab::themes);
+    EXPECT_EQ(marks(), Ids { "light.background" });
+    desktop_->scheduler.advance(950ms);
+    settle();
+    EXPECT_EQ(marks(), Ids {});
+}
+
+TEST_F(TintwellViewTest, CellsLiveOnThroughAChangeOfTheSourceAndBlend)
+{
+    for (const auto tab : { WorkspaceTab::studio, WorkspaceTab::themes }) {
+        choose(tab);
+        const auto before = cells();
+        ASSERT_GE(before.size(), 20U);
+        model_->apply(*RGBAColor::fromHex("#F2C14E"));
+        model_->setSelectedTab(tab);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(cells(), before);
+        settle();
+        for (const auto& [id, cell] : before) {
+            EXPECT_EQ(cell->tile()->color().red, cell->shown().namedColor.color.red) << id;
+            EXPECT_EQ(cell->tile()->label(), cell->shown().namedColor.name) << id;
+        }
+        apply("#6E56CF");
+    }
+    EXPECT_EQ(model_->selectedTab(), WorkspaceTab::studio);
+    auto* const base = cells().at("complementary.0");
+    const double from = base->tile()->color().green;
+    model_->apply(*RGBAColor::fromHex("#F2C14E"));
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(base->tile()->color().green, from, 1e-6);
+    platform::MotionClock::instance().advance(0.1);
+    EXPECT_GT(base->tile()->color().green, from + 0.05);
+    EXPECT_LT(base->tile()->color().green, 0xC1 / 255.0 - 0.05);
+}
+
+TEST_F(TintwellViewTest, GridsShareTheWidthInTheirColumns)
+{
+    const auto expectPlace = [&](const std::string& id, QRect place) {
+        auto* const cell = cells().at(id);
+        EXPECT_EQ(QRect(cell->pos(), cell->tile()->size()), place) << id;
+    };
+    // 412 points: two, three, four and five columns with gaps of nine.
+    expectPlace("complementary.1", { 211, 0, 201, 50 });
+    expectPlace("triadic.2", { 281, 0, 131, 50 });
+    expectPlace("tetradic.3", { 316, 0, 96, 50 });
+    expectPlace("monochromatic.4", { 0, 96, 96, 50 });
+    expectPlace("tone.950", { 0, 2 * 83, 75, 38 });
+    choose(WorkspaceTab::themes);
+    expectPlace("dark.error", { 337, 83, 75, 38 });
+}
+
+TEST_F(TintwellViewTest, UseSlidesTheStudioInAndThePickersPlateAlong)
+{
+    openOn({ palette(1, "Red") });
+    choose(WorkspaceTab::saved);
+    auto* picker = part<platform::SegmentedPicker>();
+    const auto* stack = part<platform::PageStack>();
+    const auto start = picker->plateRect().left();
+    QTest::mouseClick(button("Use"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(stack->isMoving());
+    EXPECT_TRUE(part<platform::RollingText>()->isMoving());
+    EXPECT_TRUE(part<platform::FadingName>()->isMoving());
+    EXPECT_EQ(picker->plateRect().left(), start);
+
+    constexpr double moment = 0.1;
+    platform::MotionClock::instance().advance(moment);
+    const double progress = platform::springProgress(moment, { 0.32, 0.85 });
+    EXPECT_NEAR(picker->plateRect().left(),
+        start + (picker->segmentRect(0).left() - start) * progress, 0.01);
+    // What will be the middle of a tile is on its way from the left, and still fades.
+    auto* const cell = cells().at("complementary.1");
+    const auto at = cell->tile()->mapTo(view_.get(), cell->tile()->rect().center())
+        - QPoint(qRound(448 * (1 - progress)), 0);
+    ASSERT_GT(at.x(), 0);
+    const auto seen = view_->grab().toImage().pixelColor(at);
+    const auto& color = cell->shown().namedColor.color;
+    const auto expected = platform::blended(platform::currentTheme().windowBackground,
+        QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+            static_cast<float>(color.blue)),
+        progress);
+    EXPECT_NEAR(seen.red(), expected.red(), 2);
+    EXPECT_NEAR(seen.green(), expected.green(), 2);
+    EXPECT_NEAR(seen.blue(), expected.blue(), 2);
+
+    settle();
+    EXPECT_FALSE(stack->isMoving());
+    EXPECT_EQ(picker->plateRect(), picker->segmentRect(0));
+}
+
+TEST_F(TintwellViewTest, ALibraryOfAnySizeBuildsOnlyTheRowsInSight)
+{
+    constexpr std::size_t count = 10'000;
+    std::vector<SavedPalette> palettes;
+    for (std::size_t i = 0; i < count; ++i) {
+        palettes.push_back(palette(1, "Palette " + std::to_string(i)));
+        palettes.back().id.bytes[14] = static_cast<std::uint8_t>(i / 256);
+        palettes.back().id.bytes[15] = static_cast<std::uint8_t>(i % 256);
+    }
+    openOn(palettes);
+    choose(WorkspaceTab::saved);
+    auto* list = part<platform::RecyclingList>();
+    auto* bar = part<SavedWorkspace>()->findChild<platform::ScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    settle();
+    EXPECT_NE(label("Palette 9999"), nullptr);
+    EXPECT_EQ(list->height(), static_cast<int>(count) * SavedPaletteRow::rowHeight());
+    EXPECT_LE(list->builtRows(), 9U);
+    // Rows that were filled again act on the palette that they show now.
+    QTest::mouseClick(
+        label("Palette 9999")->parentWidget()->findChildren<platform::Button*>().at(1),
+        Qt::LeftButton);
+    settle();
+    EXPECT_EQ(model_->status(), "Installed Tintwell.clr");
+    QTest::mouseClick(
+        label("Palette 9999")->parentWidget()->findChildren<platform::Button*>().at(2),
+        Qt::LeftButton);
+    settle();
+    EXPECT_EQ(model_->status(), "Deleted Palette 9999");
+    EXPECT_NE(label("Palette 9998"), nullptr);
+    EXPECT_LE(list->builtRows(), 9U);
+}
+
+TEST_F(TintwellViewTest, TheListAndItsHintReplaceEachOther)
+{
+    choose(WorkspaceTab::saved);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_NE(label("No saved palettes"), nullptr);
+        EXPECT_NE(
+            label("Save + Install keeps the current system here and adds it to macOS Colors."),
+            nullptr);
+        // Two of one name are two rows.
+        for (int i = 0; i < 2; ++i)
+            QTest::mouseClick(button("Save + Install"), Qt::LeftButton);
+        settle();
+        EXPECT_EQ(label("No saved palettes"), nullptr);
+        ASSERT_NE(button("Delete palette", 1), nullptr);
+        EXPECT_EQ(button("Delete palette", 2), nullptr);
+        button("Delete palette", 1)->setFocus(Qt::TabFocusReason);
+        for (const std::size_t left : { 1U, 0U }) {
+            QTest::mouseClick(button("Delete palette"), Qt::LeftButton);
+            settle();
+            EXPECT_EQ(model_->savedPalettes().size(), left);
+            EXPECT_EQ(button("Delete palette") != nullptr, left > 0);
+        }
+    }
+}
+
+TEST_F(TintwellViewTest, LongAndRightToLeftNamesStayInTheirPlaces)
+{
+    std::string hebrew;
+    for (int i = 0; i < 250; ++i)
+        hebrew += "ש";
+    const std::string names[] = { std::string(500, 'W'), hebrew, "سماوي فاتح", "", "a\nb\tc" };
+    for (const auto& name : names) {
+        openOn({ palette(1, name) });
+        choose(WorkspaceTab::saved);
+        auto* row = part<SavedPaletteRow>();
+        const auto texts = row->findChildren<platform::Label*>();
+        ASSERT_EQ(texts.size(), 2);
+        EXPECT_EQ(texts.at(0)->text().toStdString(), name);
+        EXPECT_EQ(texts.at(0)->height(), 17);
+        EXPECT_LT(texts.at(0)->geometry().right(), button("Use")->x());
+        EXPECT_EQ(row->size(), QSize(448, SavedPaletteRow::rowHeight()));
+        QTest::mouseClick(button("Install"), Qt::LeftButton);
+        QTest::mouseClick(button("Use"), Qt::LeftButton);
+        settle();
+        auto* status = label("Loaded " + name);
+        ASSERT_NE(status, nullptr);
+        EXPECT_EQ(view_->size(), QSize(448, 680));
+        EXPECT_LT(status->geometry().right(), button("Save + Install")->x());
+        EXPECT_EQ(status->width(),
+            status->parentWidget()->width() - 18
+                - (status->parentWidget()->width() - button("Save + Install")->x()) - 10);
+    }
+}
+
+TEST_F(TintwellViewTest, StripsShowUpToTwelveColorsInEqualBands)
+{
+    struct Case {
+        int colors;
+        int bands;
+    };
+    for (const auto& [colors, bands] :
+        { Case { 0, 0 }, Case { 1, 1 }, Case { 3, 3 }, Case { 40, 12 } }) {
+        auto saved = palette(1, "Strip");
+        saved.colors.clear();
+        for (int i = 0; i < colors; ++i)
+            saved.colors.push_back({ std::to_string(i), "C", { i / 255.0, 0.5, 0.25, 1 }, {} });
+        openOn({ saved });
+        choose(WorkspaceTab::saved);
+        const auto row = part<SavedPaletteRow>()->grab().toImage();
+        const int y = row.height() - 1 - 18 - 8;
+        std::vector<int> seen;
+        for (int band = 0; band < std::max(bands, 1); ++band) {
+            const auto color
+                = row.pixelColor(18 + (2 * band + 1) * 412 / (2 * std::max(bands, 1)), y);
+            if (color.green() == 128)
+                seen.push_back(color.red());
+        }
+        std::vector<int> expected(static_cast<std::size_t>(bands));
+        std::iota(expected.begin(), expected.end(), 0);
+        EXPECT_EQ(seen, expected) << colors;
+        QTest::mouseClick(button("Install"), Qt::LeftButton);
+        EXPECT_EQ(desktop_->installer.calls.back().colors, saved.colors);
+    }
+}
+
+TEST_F(TintwellViewTest, ABrokenLibraryIsToldAndASaveStartsANewOne)
+{
+    platform::writeContent(library(), "[ not json");
+    open();
+    EXPECT_NE(label("Saved palettes could not be loaded"), nullptr);
+    choose(WorkspaceTab::saved);
+    EXPECT_NE(label("No saved palettes"), nullptr);
+    QTest::mouseClick(button("Save + Install"), Qt::LeftButton);
+    settle();
+    EXPECT_NE(label("Saved and installed Tintwell.clr"), nullptr);
+    EXPECT_NE(button("Delete palette"), nullptr);
+    EXPECT_EQ(folder_.names().size(), 3U) << "the unreadable file is kept beside the lock";
+}
+
+TEST_F(TintwellViewTest, RepaintsAllOfItselfWhenTheDesktopTurnsDark)
+{
+    const auto pixel = [&](QPoint at) { return view_->grab().toImage().pixelColor(at); };
+    using platform::Appearance;
+    for (const auto tab : allWorkspaceTabs) {
+        choose(tab);
+        for (const auto appearance : { Appearance::dark, Appearance::light }) {
+            platform::ThemeSource::instance().setAppearance(appearance);
+            settle();
+            const auto background = platform::themeOf(appearance).windowBackground;
+            // Header, between workspace and edge, footer.
+            for (const auto at : { QPoint(4, 4), QPoint(4, 400), QPoint(4, 675) })
+                EXPECT_EQ(pixel(at), background) << at.y();
+        }
+    }
+}
+
+} // namespace tintwell
