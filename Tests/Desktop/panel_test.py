@@ -1,0 +1,203 @@
+#!/usr/bin/python3
+"""Uses the panel as another process sees it: finds every control of the three workspaces in the accessibility tree by
+role and name, presses it through its action, and looks at what reached the clipboard and the disk.
+
+Usage: panel_test.py TINTWELL   (under with-desktop --a11y)"""
+
+import json
+import os
+import subprocess
+import sys
+import time
+import unittest
+
+import pyatspi
+
+APPLICATION = sys.argv.pop(1)
+LIBRARY = os.path.join(os.environ["XDG_DATA_HOME"], "Tintwell/saved-palettes.json")
+COLOR_LIST = os.path.join(os.environ["HOME"], "Library/Colors/Tintwell.clr")
+LIMIT = 20.0
+HELP = "Click to copy this color, or drag it into a compatible color control."
+
+HARMONY_NAMES = [
+    "Base", "Complement", "Left", "Base", "Right", "Base", "Split left", "Split right", "Base", "Triad two",
+    "Triad three", "Base", "Tetrad two", "Tetrad three", "Tetrad four", "Air", "Mist", "Base", "Deep", "Ink"]
+TONES = ["50", "100", "200", "300", "400", "500", "600", "700", "800", "900", "950"]
+# What Studio shows of the colour that the program starts with, where the exact hex text is known.
+HEXES = {"Violet": "#6E56CF", "Complement": "#767300", "Left": "#1D6AD4", "Triad three": "#008363", "Air": "#EAE8FF",
+         "950": "#0C0228"}
+ROLES = ["Background", "Surface", "Text", "Primary", "On primary", "Secondary", "Accent", "Success", "Warning", "Error"]
+
+
+def wait_for(condition, what):
+    """The first true value of condition, asked again and again; fails after LIMIT seconds."""
+    end = time.monotonic() + LIMIT
+    while True:
+        try:
+            value = condition()
+        except Exception:  # the tree changes while it is walked
+            value = None
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {LIMIT:.0f} s in vain for {what}")
+        time.sleep(0.02)
+
+
+def walk(node):
+    yield node
+    for index in range(node.childCount):
+        child = node.getChildAtIndex(index)
+        if child is not None:
+            yield from walk(child)
+
+
+def showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def press(node):
+    action = node.queryAction()
+    for index in range(action.nActions):
+        if action.getName(index).lower() in ("press", "click", "toggle", "select", "switch"):
+            assert action.doAction(index)
+            return
+    raise AssertionError(f"{node.name} has no press action")
+
+
+def clipboard(target):
+    return subprocess.run(["xclip", "-selection", "clipboard", "-o", "-t", target],
+                          capture_output=True, timeout=10, check=False).stdout
+
+
+class Panel(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.process = subprocess.Popen([APPLICATION, "--preview-window"])
+        cls.window = wait_for(cls.find_window, "the preview window")
+
+    @classmethod
+    def tearDownClass(cls):
+        if cls.process.poll() is None:
+            cls.process.terminate()
+            cls.process.wait(LIMIT)
+
+    @classmethod
+    def find_window(cls):
+        for application in pyatspi.Registry.getDesktop(0):
+            for window in application:
+                if window.name == "Tintwell Preview":
+                    return window
+        return None
+
+    def controls(self, role):
+        return [node for node in walk(self.window) if node.getRole() == role and showing(node)]
+
+    def button(self, name):
+        return wait_for(lambda: next((node for node in self.controls(pyatspi.ROLE_PUSH_BUTTON)
+                                      if node.name == name), None), f'a button named "{name}"')
+
+    def value(self, node):
+        return node.queryText().getText(0, -1)
+
+    def state(self, node, state):
+        return node.getState().contains(state)
+
+    def button_names(self):
+        return [node.name for node in self.controls(pyatspi.ROLE_PUSH_BUTTON)]
+
+    def texts(self):
+        return {node.name for node in walk(self.window) if showing(node)}
+
+    def wait_text(self, text):
+        return wait_for(lambda: text in self.texts(), f'the text "{text}"')
+
+    def choose(self, tab):
+        segment = wait_for(lambda: next((node for node in self.controls(pyatspi.ROLE_RADIO_BUTTON)
+                                         if node.name == tab), None), f"the segment {tab}")
+        press(segment)
+        wait_for(lambda: self.state(segment, pyatspi.STATE_CHECKED), f"{tab} to be the chosen one")
+
+    def test_1_header_and_studio(self):
+        self.choose("Studio")
+        self.wait_text("Complementary")
+        names = self.button_names()
+        for name in ["Violet", "Sample", "Copy #6E56CF", "Save + Install", "More"]:
+            self.assertIn(name, names)
+        tiles = [name for name in names if name in HARMONY_NAMES or name in TONES]
+        self.assertEqual(tiles, (HARMONY_NAMES + TONES)[:len(tiles)])
+        self.assertGreaterEqual(len(tiles), 5)
+        press(self.button("Complement"))
+        self.wait_text("Copied Complement · #767300")
+        wait_for(lambda: clipboard("UTF8_STRING") == b"#767300", "the hex text on the clipboard")
+        self.assertEqual(clipboard("application/x-color"),
+                         b"".join(bytes([v, v]) for v in (0x76, 0x73, 0x00, 0xFF)))
+        press(self.button("Copy #6E56CF"))
+        self.wait_text("Copied Violet · #6E56CF")
+
+    def test_2_every_control_says_what_it_is(self):
+        group = next(node for node in walk(self.window) if node.name == "Workspace")
+        self.assertEqual([(node.getRole(), node.name) for node in group],
+                         [(pyatspi.ROLE_RADIO_BUTTON, name) for name in ("Studio", "Themes", "Saved")])
+        for tab in ("Themes", "Saved", "Studio"):
+            self.choose(tab)
+            checked = [node.name for node in group if self.state(node, pyatspi.STATE_CHECKED)]
+            self.assertEqual(checked, [tab])
+            for node in walk(self.window):
+                if showing(node) and self.state(node, pyatspi.STATE_FOCUSABLE):
+                    self.assertTrue(node.name, f"a {node.getRoleName()} without a name in {tab}")
+        for name, color in HEXES.items():
+            swatch = self.button(name)
+            self.assertEqual(self.value(swatch), color, name)
+            self.assertEqual(swatch.description, HELP)
+
+    def test_3_themes(self):
+        self.choose("Themes")
+        self.wait_text("Light system")
+        roles = [name for name in self.button_names() if name in ROLES]
+        self.assertEqual(roles[:10], ROLES)
+        self.assertTrue(any(text.endswith(":1 contrast") for text in self.texts()))
+        press(self.button("Primary"))
+        wait_for(lambda: any(text.startswith("Copied Primary · #") for text in self.texts()), "the status")
+
+    def test_4_save_use_install_delete(self):
+        self.choose("Saved")
+        self.wait_text("No saved palettes")
+        press(self.button("Save + Install"))
+        self.wait_text("Saved and installed Tintwell.clr")
+        with open(LIBRARY, encoding="utf-8") as file:
+            library = json.load(file)
+        self.assertEqual([entry["name"] for entry in library], ["Violet"])
+        with open(COLOR_LIST, encoding="utf-8") as file:
+            self.assertEqual(json.load(file)["colors"][0]["key"], "Source — Violet")
+        os.remove(COLOR_LIST)
+        press(self.button("Install"))
+        self.wait_text("Installed Tintwell.clr")
+        self.assertTrue(os.path.exists(COLOR_LIST))
+        press(self.button("Use"))
+        self.wait_text("Loaded Violet")
+        self.wait_text("Complementary")
+        self.choose("Saved")
+        self.assertEqual(self.button("Delete palette").description, "Violet")
+        press(self.button("Delete palette"))
+        self.wait_text("Deleted Violet")
+        self.wait_text("No saved palettes")
+        with open(LIBRARY, encoding="utf-8") as file:
+            self.assertEqual(json.load(file), [])
+
+    def item(self, name):
+        press(self.button("More"))
+        items = wait_for(lambda: self.controls(pyatspi.ROLE_MENU_ITEM), "the menu")
+        self.assertEqual([item.name for item in items], ["Open macOS Colors", "Quit Tintwell"])
+        return next(item for item in items if item.name == name)
+
+    def test_5_menu(self):
+        press(self.item("Open macOS Colors"))
+        self.wait_text("Opened macOS Colors")
+        wait_for(lambda: not self.controls(pyatspi.ROLE_MENU_ITEM), "the menu to close")
+        press(self.item("Quit Tintwell"))
+        self.assertEqual(self.process.wait(LIMIT), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
