@@ -19,7 +19,7 @@ struct Press {
     void (*press)(QWidget*);
 };
 
-const Press presses[] = {
+const std::vector<Press> presses {
     { "mouse", [](QWidget* control) { QTest::mouseClick(control, Qt::LeftButton); } },
     { "Space", [](QWidget* control) { pressWithKey(control, Qt::Key_Space); } },
     { "Return", [](QWidget* control) { pressWithKey(control, Qt::Key_Return); } },
@@ -44,7 +44,7 @@ TEST_F(TintwellViewTest, EveryControlDoesItsActionHoweverItIsPressed)
         std::size_t installed;
         std::size_t left; ///< Palettes in the library, which had one.
     };
-    const Action actions[] = {
+    const std::vector<Action> actions {
         { studio, [&] { return button("Sample"); }, "Choose any visible color", 0, 0, 1 },
         { themes, [&] { return button("Copy #6E56CF"); }, "Copied Violet · #6E56CF", 1, 0, 1 },
         { saved, [&] { return sourceSwatch(); }, "Copied Violet · #6E56CF", 1, 0, 1 },
@@ -82,7 +82,7 @@ TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
         const char* name;
         std::function<void(const char* item, int row)> choose;
     };
-    const Way ways[] = {
+    const std::vector<Way> ways {
         { "mouse",
             [&](const char* item, int) {
                 QTest::mouseClick(button("More"), Qt::LeftButton);
@@ -311,7 +311,8 @@ TEST_F(TintwellViewTest, LongAndRightToLeftNamesStayInTheirPlaces)
     std::string hebrew;
     for (int i = 0; i < 250; ++i)
         hebrew += "ש";
-    const std::string names[] = { std::string(500, 'W'), hebrew, "سماوي فاتح", "", "a\nb\tc" };
+    const std::vector<std::string> names { std::string(500, 'W'), hebrew, "سماوي فاتح", "",
+        "a\nb\tc" };
     for (const auto& name : names) {
         openOn({ palette(1, name) });
         choose(WorkspaceTab::saved);
