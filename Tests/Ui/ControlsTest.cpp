@@ -5,6 +5,7 @@
 #include "SegmentedPicker.h"
 #include "ThemeSource.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
@@ -91,7 +92,7 @@ TEST_F(ButtonTest, FadesItsPlateInUnderThePointerAndIsDarkerAtOnceWhilePressed)
         QColor hover;
         QColor pressed;
     };
-    const Case cases[] = {
+    const auto cases = std::to_array<Case>({
         { add(prominentButton(QStringLiteral("Sample"), Symbol::eyedropper), { 20, 20 }),
             kTint.fill, overlaid(0.1), overlaid(0.2) },
         { add(borderedIcon(Symbol::copy, QStringLiteral("Copy")), { 20, 60 }),
@@ -101,7 +102,7 @@ TEST_F(ButtonTest, FadesItsPlateInUnderThePointerAndIsDarkerAtOnceWhilePressed)
             onWindow(theme.controlHover), onWindow(theme.controlPressed) },
         { add(destructiveIcon(Symbol::trash, QStringLiteral("Delete")), { 20, 140 }),
             theme.windowBackground, onWindow(theme.controlHover), onWindow(theme.controlPressed) },
-    };
+    });
     for (const auto& [button, normal, hover, pressed] : cases) {
         const QSignalSpy clicked(button, &QAbstractButton::clicked);
         expectColor(plateOf(button), normal, "normal");
@@ -373,7 +374,7 @@ TEST_F(PopupMenuTest, IsWalkedAndChosenByKeys)
 
 TEST_F(PopupMenuTest, ClosesWithoutAnAction)
 {
-    const std::function<void(PopupMenu*)> ways[] = {
+    const auto ways = std::to_array<std::function<void(PopupMenu*)>>({
         [](PopupMenu* menu) { QTest::keyClick(menu, Qt::Key_Escape); },
         [](PopupMenu* menu) { QTest::keyClick(menu, Qt::Key_Tab); },
         [](PopupMenu* menu) { QTest::mouseClick(menu, Qt::LeftButton, {}, QPoint(50, 50)); },
@@ -381,7 +382,7 @@ TEST_F(PopupMenuTest, ClosesWithoutAnAction)
             QEvent deactivate(QEvent::WindowDeactivate);
             QApplication::sendEvent(&window_, &deactivate);
         },
-    };
+    });
     for (const auto& way : ways) {
         QPointer<PopupMenu> menu = open();
         way(menu);

@@ -31,16 +31,15 @@ public:
     [[nodiscard]] bool wasAsked() const { return call_.type() == QDBusMessage::MethodCallMessage; }
     [[nodiscard]] QStringList askedGroups() const { return asked_; }
 
-public Q_SLOTS:
-    void ReadAll(const QStringList& groups)
+    Q_SLOT void ReadAll(const QStringList& groups)
     {
         asked_ = groups;
         call_ = message();
         setDelayedReply(true);
     }
 
-Q_SIGNALS:
-    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    Q_SIGNAL void SettingChanged(
+        const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
     QDBusConnection bus_ = QDBusConnection(QStringLiteral("portal"));

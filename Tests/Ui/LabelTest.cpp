@@ -5,6 +5,7 @@
 #include "Stack.h"
 #include "ThemeSource.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
@@ -29,8 +30,8 @@ int inkIn(const QImage& image)
 
 TEST(LineHeight, IsFixedForEverySizeOfTheDesign)
 {
-    constexpr std::pair<double, int> kExpected[] = { { 24, 29 }, { 15, 18 }, { 14, 17 }, { 13, 16 },
-        { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 }, { 20, 24 } };
+    constexpr auto kExpected = std::to_array<std::pair<double, int>>({ { 24, 29 }, { 15, 18 },
+        { 14, 17 }, { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 }, { 20, 24 } });
     for (const auto& [size, height] : kExpected) {
         EXPECT_EQ(lineHeightOf(size), height);
         const TextStyle style { .size = size };

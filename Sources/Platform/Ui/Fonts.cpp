@@ -1,5 +1,6 @@
 #include "Fonts.h"
 
+#include <array>
 #include <cmath>
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -14,8 +15,8 @@ struct LineHeight {
     int height;
 };
 
-constexpr LineHeight kLineHeights[] = { { 24, 29 }, { 15, 18 }, { 14, 17 }, { 13, 16 }, { 12, 15 },
-    { 11, 14 }, { 10, 13 }, { 9, 11 } };
+constexpr auto kLineHeights = std::to_array<LineHeight>({ { 24, 29 }, { 15, 18 }, { 14, 17 },
+    { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 } });
 
 QString& chosenFamily()
 {

@@ -22,6 +22,7 @@ namespace platform {
 namespace {
 
 constexpr int kDividerHeight = 11;
+constexpr int kDividerLine = 5;
 constexpr int kDividerInset = 9;
 constexpr double kOutlineWidth = 0.75;
 constexpr int kMinimumWidth = 196;
@@ -210,8 +211,8 @@ void PopupMenu::paintEvent(QPaintEvent* /*event*/)
         if (row == nullptr) {
             const auto inset = Metrics::menuPadding + kDividerInset;
             fillSharp(painter,
-                QRectF(plate_.left() + inset, top + (kDividerHeight - 1) / 2,
-                    plate_.width() - 2 * inset, Metrics::separatorThickness),
+                QRectF(plate_.left() + inset, top + kDividerLine, plate_.width() - 2 * inset,
+                    Metrics::separatorThickness),
                 theme.separator);
         }
         top += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;

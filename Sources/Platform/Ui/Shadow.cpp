@@ -24,21 +24,27 @@ std::vector<float> gaussianKernel(double sigma, int reach)
     return kernel;
 }
 
-/// Blurs the rows of `from` and writes them as the columns of the result.
-std::vector<float> blurredRowsTurned(
-    const std::vector<float>& from, int width, int height, const std::vector<float>& kernel)
+/// Opacities, row by row.
+struct Plane {
+    std::size_t width;
+    std::size_t height;
+    std::vector<float> samples;
+};
+
+/// Blurs the rows of `from` and turns the result, so that twice does rows and columns.
+Plane blurredAndTurned(const Plane& from, const std::vector<float>& kernel)
 {
-    const auto reach = static_cast<int>(kernel.size()) / 2;
-    std::vector<float> to(from.size());
-    for (int y = 0; y < height; ++y) {
-        const auto* row = from.data() + static_cast<std::ptrdiff_t>(y) * width;
-        for (int x = 0; x < width; ++x) {
+    const auto reach = static_cast<std::ptrdiff_t>(kernel.size() / 2);
+    const auto width = static_cast<std::ptrdiff_t>(from.width);
+    Plane to { from.height, from.width, std::vector<float>(from.samples.size()) };
+    for (std::size_t y = 0; y < from.height; ++y) {
+        const auto* row = from.samples.data() + y * from.width;
+        for (std::ptrdiff_t x = 0; x < width; ++x) {
             auto sum = 0.0F;
-            for (int k = std::max(-reach, -x); k <= std::min(reach, width - 1 - x); ++k)
+            const auto last = std::min(reach, width - 1 - x);
+            for (auto k = std::max(-reach, -x); k <= last; ++k)
                 sum += row[x + k] * kernel[static_cast<std::size_t>(k + reach)];
-            to[static_cast<std::size_t>(x) * static_cast<std::size_t>(height)
-                + static_cast<std::size_t>(y)]
-                = sum;
+            to.samples[static_cast<std::size_t>(x) * to.width + y] = sum;
         }
     }
     return to;
@@ -85,16 +91,15 @@ void Shadow::blur(const QSize& size)
     paintPlate(painter, QRectF(QPointF(room, room), size), radius_, Qt::black);
     painter.end();
 
-    std::vector<float> samples;
-    samples.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    Plane plane { static_cast<std::size_t>(width), static_cast<std::size_t>(height), {} };
+    plane.samples.reserve(plane.width * plane.height);
     for (int y = 0; y < height; ++y) {
         const auto* line = mask_.constScanLine(y);
-        samples.insert(samples.end(), line, line + width);
+        plane.samples.insert(plane.samples.end(), line, line + width);
     }
     const auto kernel = gaussianKernel(sigma_, room);
-    samples = blurredRowsTurned(samples, width, height, kernel);
-    samples = blurredRowsTurned(samples, height, width, kernel);
-    auto sample = samples.cbegin();
+    plane = blurredAndTurned(blurredAndTurned(plane, kernel), kernel);
+    auto sample = plane.samples.cbegin();
     for (int y = 0; y < height; ++y) {
         auto* line = mask_.scanLine(y);
         for (int x = 0; x < width; ++x)

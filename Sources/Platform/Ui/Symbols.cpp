@@ -4,6 +4,7 @@
 #include "Shapes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <numbers>
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -35,7 +37,7 @@ struct Step {
 
 struct Drawing {
     Symbol symbol;
-    std::initializer_list<Step> steps;
+    std::vector<Step> steps;
     double turnDegrees = 0;
 };
 
@@ -52,7 +54,7 @@ constexpr auto kDropperContent
       "16.7V13.2Z";
 constexpr auto kSlash = "M4 2.5L20 21.7";
 
-const Drawing kDrawings[] = {
+const auto kDrawings = std::to_array<Drawing>({
     { Symbol::eyedropper, { { Ink::stroke, kDropper } }, 45 },
     { Symbol::eyedropperHalf, { { Ink::stroke, kDropper }, { Ink::fill, kDropperContent } }, 45 },
     { Symbol::copy,
@@ -83,7 +85,7 @@ const Drawing kDrawings[] = {
             "M4.2 6.6H19.8M9.1 6.3V5.2A2 2 0 0 1 11.1 3.2H12.9A2 2 0 0 1 14.9 5.2V6.3M6.2 6.8L7 "
             "18.1A2.7 2.7 0 0 0 9.7 20.7H14.3A2.7 2.7 0 0 0 17 18.1L17.8 6.8M10.1 10.9V16.4M13.9 "
             "10.9V16.4" } } },
-};
+});
 
 QPainterPath sealShape()
 {
@@ -191,7 +193,8 @@ void paintBrand(QPainter& painter, const QRectF& box, double radius)
         double turnDegrees;
         QRgb color;
     };
-    constexpr Chip kChips[] = { { -36, 0xFF9784FF }, { 36, 0xFFFFC470 }, { 0, 0xFFFF94A8 } };
+    constexpr auto kChips
+        = std::to_array<Chip>({ { -36, 0xFF9784FF }, { 36, 0xFFFFC470 }, { 0, 0xFFFF94A8 } });
     constexpr double kSide = 64;
     constexpr QPointF kPivot(32, 45);
     static const auto chipShape = parsePathData(

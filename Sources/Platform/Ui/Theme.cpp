@@ -1,6 +1,7 @@
 #include "Theme.h"
 
 #include <algorithm>
+#include <array>
 
 namespace platform {
 
@@ -19,7 +20,7 @@ struct Token {
 };
 
 // clang-format off
-constexpr Token kTokens[] = {
+constexpr auto kTokens = std::to_array<Token>({
     // field                   light                    dark
     { &Theme::windowBackground, { 0xFFF7F7F8 },          { 0xFF232326 } },
     { &Theme::text,             { 0xFF18181B },          { 0xFFF5F5F7 } },
@@ -35,7 +36,7 @@ constexpr Token kTokens[] = {
     { &Theme::fieldBackground,  { 0xFFFFFFFF },          { 0xFF1B1B1E } },
     { &Theme::menuBackground,   { 0xFFFFFFFF },          { 0xFF303034 } },
     { &Theme::destructive,      { 0xFFC22B3F },          { 0xFFFF7D88 } },
-};
+});
 // clang-format on
 
 Theme makeTheme(Appearance appearance)

@@ -51,11 +51,11 @@ ThemeSource& ThemeSource::instance()
 
 ThemeSource::ThemeSource(QObject* parent)
     : QObject(parent)
+    , toolkitAppearance_(appearanceOf(QApplication::palette()))
+    , appearance_(toolkitAppearance_)
+    , reducesMotion_(styleReducesMotion())
 {
     parent->installEventFilter(this);
-    toolkitAppearance_ = appearanceOf(QApplication::palette());
-    appearance_ = toolkitAppearance_;
-    reducesMotion_ = styleReducesMotion();
     QApplication::setPalette(paletteOf(theme()));
 }
 

@@ -52,9 +52,9 @@ private:
     std::optional<Appearance> fixedAppearance_;
     std::optional<bool> fixedReducesMotion_;
     DesktopPreferences desktop_;
-    Appearance toolkitAppearance_ = Appearance::light;
-    Appearance appearance_ = Appearance::light;
-    bool reducesMotion_ = false;
+    Appearance toolkitAppearance_;
+    Appearance appearance_;
+    bool reducesMotion_;
     bool readingPalette_ = false;
     DesktopSettings* settings_ = nullptr;
 };
