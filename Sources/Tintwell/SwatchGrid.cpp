@@ -3,6 +3,7 @@
 #include "Fonts.h"
 #include "QtColor.h"
 #include "Stack.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <algorithm>
@@ -48,10 +49,8 @@ void drawLine(QPainter& painter, const QRectF& box, const QString& text, const T
     const QColor& color)
 {
     const auto font = platform::fontOf(style);
-    painter.setFont(font);
-    painter.setPen(color);
-    painter.drawText(QPointF(box.left(), box.top() + platform::baselineOf(style)),
-        QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()));
+    platform::paintText(painter, { box.left(), box.top() + platform::baselineOf(style) },
+        QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()), font, color);
 }
 
 } // namespace

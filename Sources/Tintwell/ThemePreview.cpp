@@ -4,6 +4,7 @@
 #include "QtColor.h"
 #include "Shapes.h"
 #include "Symbols.h"
+#include "TextPainting.h"
 #include "Theme.h"
 #include "ThemeSource.h"
 
@@ -42,9 +43,8 @@ const TextStyle contrastStyle { .size = 10, .weight = QFont::Medium };
 void drawText(QPainter& painter, const QPointF& topLeft, const QString& text,
     const TextStyle& style, const QColor& color)
 {
-    painter.setFont(platform::fontOf(style));
-    painter.setPen(color);
-    painter.drawText(QPointF(topLeft.x(), topLeft.y() + platform::baselineOf(style)), text);
+    platform::paintText(painter, { topLeft.x(), topLeft.y() + platform::baselineOf(style) }, text,
+        platform::fontOf(style), color);
 }
 
 double widthOf(const QString& text, const TextStyle& style)

@@ -5,6 +5,7 @@
 #include "RecyclingList.h"
 #include "ScrollArea.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <QMenu>
@@ -83,11 +84,11 @@ protected:
                                    : theme.controlFill;
         paintPlate(
             painter, rect(), kRadius, fill, hasFocus() ? theme.tertiary : theme.controlStroke);
-        painter.setFont(fontOf(kBoxStyle));
-        painter.setPen(isEnabled() ? theme.text : theme.tertiary);
+        const auto font = fontOf(kBoxStyle);
         const double top = (height() - lineHeightOf(kBoxStyle)) / 2.0;
-        const auto fitted = painter.fontMetrics().elidedText(text(), Qt::ElideRight, width() - 44);
-        painter.drawText(QPointF(10, top + baselineOf(kBoxStyle)), fitted);
+        const auto fitted = QFontMetrics(font).elidedText(text(), Qt::ElideRight, width() - 44);
+        paintText(painter, { 10, top + baselineOf(kBoxStyle) }, fitted, font,
+            isEnabled() ? theme.text : theme.tertiary);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(linePen(theme.secondary));
         const QPointF middle(width() - 18, height() / 2.0);

@@ -3,6 +3,7 @@
 
 #include "ColorRow.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <QIntValidator>
@@ -189,11 +190,10 @@ void ColorMixer::paintEvent(QPaintEvent* /*event*/)
     }
     paintPlate(painter, kPreview, kPreviewRadius, color_, theme.swatchEdge, 0.75);
 
-    painter.setFont(fontOf(kLabelStyle));
-    painter.setPen(theme.secondary);
-    const auto label = [&painter](const QRect& row, const QString& text) {
+    const auto label = [&](const QRect& row, const QString& text) {
         const double top = row.y() + (row.height() - lineHeightOf(kLabelStyle)) / 2.0;
-        painter.drawText(QPointF(kLabelLeft, top + baselineOf(kLabelStyle)), text);
+        paintText(painter, { kLabelLeft, top + baselineOf(kLabelStyle) }, text, fontOf(kLabelStyle),
+            theme.secondary);
     };
     for (std::size_t index = 0; index < channels_.size(); ++index)
         label(channelRow(index), QString::fromUtf16(kChannels[index].label));

@@ -4,6 +4,7 @@
 #include "ColorDrag.h"
 #include "Fonts.h"
 #include "Shapes.h"
+#include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <QFontMetricsF>
@@ -30,10 +31,8 @@ constexpr TextStyle kHexStyle { .size = 11, .design = FontDesign::monospaced };
 void drawLine(QPainter& painter, const TextStyle& style, double x, double rowHeight,
     const QColor& color, const QString& text)
 {
-    painter.setFont(fontOf(style));
-    painter.setPen(color);
     const double top = (rowHeight - lineHeightOf(style)) / 2;
-    painter.drawText(QPointF(x, top + baselineOf(style)), text);
+    paintText(painter, { x, top + baselineOf(style) }, text, fontOf(style), color);
 }
 
 } // namespace
