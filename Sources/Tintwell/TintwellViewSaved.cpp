@@ -10,6 +10,7 @@
 #include "ThemeSource.h"
 #include "Workspaces.h"
 
+#include <functional>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -191,11 +192,11 @@ QWidget* SavedWorkspace::makeRow(QWidget* parent)
 {
     // The row is not known yet when its actions are made.
     auto made = std::make_shared<SavedPaletteRow*>(nullptr);
-    const auto withPalette = [this, made](void (TintwellModel::*action)(const SavedPalette&)) {
-        return [this, made, action] {
-            for (const auto& palette : model_.savedPalettes())
+    const auto withPalette = [&model = model_, made](auto action) {
+        return [&model, made, action] {
+            for (const auto& palette : model.savedPalettes())
                 if (palette.id == (*made)->shown().id)
-                    return (model_.*action)(palette);
+                    return std::invoke(action, model, palette);
         };
     };
     auto* row = new SavedPaletteRow(
