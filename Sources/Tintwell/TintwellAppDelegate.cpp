@@ -9,6 +9,13 @@ namespace tintwell {
 
 /// The window is declared last: its view goes before the model that it shows.
 struct TintwellAppDelegate::WindowController {
+    WindowController(DesktopServices& services, std::function<void()> closed)
+        : content(makePanelContent(services))
+        , window(QStringLiteral("Tintwell Preview"), std::move(closed))
+    {
+        window.setContent(content.view);
+    }
+
     PanelContent content;
     platform::ContentWindow window;
 };
@@ -36,12 +43,8 @@ void TintwellAppDelegate::applicationDidFinishLaunching(const std::vector<std::s
 
 void TintwellAppDelegate::showPreviewWindow()
 {
-    if (!previewWindowController_) {
-        previewWindowController_
-            = std::unique_ptr<WindowController>(new WindowController { makePanelContent(services_),
-                platform::ContentWindow(QStringLiteral("Tintwell Preview"), windowClosed_) });
-        previewWindowController_->window.setContent(previewWindowController_->content.view);
-    }
+    if (!previewWindowController_)
+        previewWindowController_ = std::make_unique<WindowController>(services_, windowClosed_);
     previewWindowController_->window.present();
 }
 
