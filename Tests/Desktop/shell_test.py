@@ -56,9 +56,14 @@ class Window:
         return output("xprop", "-id", self.number, "_NET_WM_STATE")
 
     def close(self):
-        """As the window manager's close button does."""
-        subprocess.run(["xdotool", "windowactivate", "--sync", self.number, "key", "alt+F4"],
-                       check=True)
+        """As the window manager's close button does. A key can reach the manager before it has taken the window
+        into its care, so it is pressed until the window is gone."""
+        def is_gone():
+            if subprocess.run(["timeout", "3", "xdotool", "windowactivate", "--sync", self.number, "key", "alt+F4"],
+                              check=False, stderr=subprocess.DEVNULL).returncode:
+                return True
+            return eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number), seconds=2)
+        eventually(is_gone)
 
 
 def windows(title):
