@@ -1,0 +1,198 @@
+#include "QtColorPanel.h"
+
+#include "ColorRow.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <functional>
+
+namespace platform {
+namespace {
+
+class RecordingPasteboard final : public Pasteboard {
+public:
+    void write(const ColorContent& content) override { written.push_back(content); }
+
+    std::vector<ColorContent> written;
+};
+
+bool eventually(const std::function<bool()>& condition)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < 10'000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return condition();
+}
+
+class ColorPanelTest : public testing::Test {
+protected:
+    ColorPanelTest()
+        : registry_(std::filesystem::path(home_.path().toStdString()) / "Library/Colors")
+    {
+        save("Kept", { { "Violet", { 0.5, 0, 1 } }, { "Sea Green", { 0, 0.5, 0.4 } } });
+        panel_
+            = makeColorPanel({ pasteboard_, registry_, [](const QColor&) { return Qt::white; } });
+        panel_->orderFront();
+        for (auto* widget : QApplication::topLevelWidgets())
+            if (widget->windowTitle() == QStringLiteral("Colors"))
+                window_ = widget;
+    }
+
+    void save(const std::string& name, const std::vector<std::pair<std::string, Color>>& colors)
+    {
+        ColorList list(name);
+        for (const auto& [key, color] : colors)
+            list.setColor(color, key);
+        ASSERT_TRUE(registry_.write(list).hasValue());
+    }
+
+    template <typename Widget> [[nodiscard]] Widget* named(const char16_t* name) const
+    {
+        const auto all = window_->findChildren<QWidget*>();
+        for (auto* widget : all)
+            if (auto* found = dynamic_cast<Widget*>(widget);
+                found != nullptr && widget->accessibleName() == QString::fromUtf16(name))
+                return found;
+        return nullptr;
+    }
+
+    void enter(const char16_t* field, const QString& text) const
+    {
+        auto* edit = named<QLineEdit>(field);
+        edit->setText(text);
+        Q_EMIT edit->textEdited(text);
+        Q_EMIT edit->editingFinished();
+    }
+
+    [[nodiscard]] QString valueOf(const char16_t* field) const
+    {
+        return named<QLineEdit>(field)->text();
+    }
+
+    /// What the rows in sight say, from top to bottom.
+    [[nodiscard]] QStringList rows() const
+    {
+        auto found = window_->findChildren<QWidget*>();
+        std::sort(found.begin(), found.end(),
+            [](const QWidget* a, const QWidget* b) { return a->y() < b->y(); });
+        QStringList names;
+        for (const auto* widget : found)
+            if (dynamic_cast<const ColorRow*>(widget) != nullptr && widget->isVisible())
+                names.append(widget->accessibleName());
+        return names;
+    }
+
+    static void click(QWidget* widget)
+    {
+        for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
+            QMouseEvent event(type, QPointF(9, 9), widget->mapToGlobal(QPointF(9, 9)),
+                Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(widget, &event);
+        }
+    }
+
+    const QTemporaryDir home_;
+    ColorListRegistry registry_;
+    RecordingPasteboard pasteboard_;
+    std::unique_ptr<ColorPanel> panel_;
+    QWidget* window_ = nullptr;
+};
+
+TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
+{
+    struct Case {
+        const char16_t* field;
+        const char* entered;
+        const char* hex;
+        const char* channels;
+    };
+    // Each row goes on from the one before.
+    const Case cases[] = {
+        { u"Hex", "#102030", "#102030", "16 32 48 255" },
+        { u"Hex", " a0B0c0 ", "#A0B0C0", "160 176 192 255" },
+        { u"Hex", "A0B0C080", "#A0B0C0", "160 176 192 128" },
+        { u"Hex", "#12345", "#A0B0C0", "160 176 192 128" },
+        { u"Hex", "no color", "#A0B0C0", "160 176 192 128" },
+        { u"Green", "0", "#A000C0", "160 0 192 128" },
+        { u"Green", "300", "#A000C0", "160 0 192 128" },
+        { u"Green", "", "#A000C0", "160 0 192 128" },
+        { u"Alpha", "255", "#A000C0", "160 0 192 255" },
+    };
+    for (const auto& row : cases) {
+        enter(row.field, QString::fromLatin1(row.entered));
+        EXPECT_EQ(valueOf(u"Hex").toStdString(), row.hex) << row.entered;
+        const QStringList channels { valueOf(u"Red"), valueOf(u"Green"), valueOf(u"Blue"),
+            valueOf(u"Alpha") };
+        EXPECT_EQ(channels.join(u' ').toStdString(), row.channels) << row.entered;
+    }
+}
+
+TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
+{
+    const auto press = [](QWidget* widget, int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    };
+    enter(u"Hex", QStringLiteral("#808080"));
+    // The number and the slider of a channel share a name.
+    for (auto* widget : window_->findChildren<QWidget*>())
+        if (widget->accessibleName() == QStringLiteral("Red")
+            && dynamic_cast<QLineEdit*>(widget) == nullptr)
+            press(widget, Qt::Key_Right);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#818080"));
+    press(named<QWidget>(u"Brightness"), Qt::Key_Home);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#000000"));
+    press(named<QWidget>(u"Hue and saturation"), Qt::Key_Right);
+    press(named<QWidget>(u"Brightness"), Qt::Key_End);
+    EXPECT_EQ(valueOf(u"Red"), QStringLiteral("255")) << "the hue outlives black";
+    EXPECT_LT(valueOf(u"Green").toInt(), 255);
+}
+
+TEST_F(ColorPanelTest, ChosenRowIsCopiedAndShown)
+{
+    ASSERT_EQ(rows(),
+        QStringList({ QStringLiteral("Violet, #8000FF"), QStringLiteral("Sea Green, #008066") }));
+    click(named<QWidget>(u"Sea Green, #008066"));
+    ASSERT_EQ(pasteboard_.written.size(), 1U);
+    EXPECT_EQ(pasteboard_.written[0].text, "#008066");
+    EXPECT_NEAR(pasteboard_.written[0].color.green, 0.5, 0.01);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#008066"));
+}
+
+TEST_F(ColorPanelTest, SearchLooksAtNamesAndHexTexts)
+{
+    auto* search = named<QLineEdit>(u"Search colors");
+    EXPECT_EQ(search->placeholderText(), QStringLiteral("Search colors"));
+    for (const auto& [text, count] :
+        { std::pair("green", 1), std::pair("#80", 1), std::pair(" E", 2), std::pair("pink", 0) }) {
+        search->setText(QString::fromLatin1(text));
+        EXPECT_EQ(rows().size(), count) << text;
+    }
+}
+
+TEST_F(ColorPanelTest, FollowsTheFolderWhileItIsOpen)
+{
+    save("Kept", { { "Coral", { 1, 0.5, 0.3 } } });
+    EXPECT_TRUE(eventually([this] { return rows().size() == 1; }));
+    std::filesystem::remove_all(registry_.folder());
+    EXPECT_TRUE(eventually([this] { return rows().isEmpty(); }));
+    save("Another", { { "Mint", { 0.2, 0.9, 0.7 } } });
+    EXPECT_TRUE(eventually([this] { return rows().size() == 1; }))
+        << "a folder that comes back is found";
+
+    window_->close();
+    save("Another", { { "One", {} }, { "Two", {} } });
+    panel_->orderFront();
+    EXPECT_EQ(rows().size(), 2) << "read again when it opens";
+}
+
+} // namespace
+} // namespace platform
