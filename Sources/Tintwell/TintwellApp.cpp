@@ -3,13 +3,11 @@
 
 #include "PanelWindow.h"
 #include "QtStatusItem.h"
-#include "Symbols.h"
 #include "TerminationSignals.h"
 #include "ThemeSource.h"
+#include "TrayIcon.h"
 
 #include <QApplication>
-#include <QPainter>
-#include <QPixmap>
 #include <QScreen>
 
 #include <cstdio>
@@ -23,19 +21,6 @@ using Outcome = platform::SingleInstance::Outcome;
 
 constexpr auto kApplicationID = TINTWELL_APP_ID;
 constexpr auto kPreviewAction = "preview";
-
-QPixmap paintStatusIcon(int size, const QColor& ink)
-{
-    // A box of 22 leaves 2 free on each side.
-    const double margin = size * 2 / 22.0;
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    platform::paintSymbol(painter, platform::Symbol::eyedropperHalf,
-        QRectF(pixmap.rect()).adjusted(margin, margin, -margin, -margin), ink);
-    return pixmap;
-}
 
 /// Trays are at the far end of the bar: the edge of the screen that is not available.
 QRect likelyItemPlace()
@@ -94,7 +79,7 @@ void TintwellApp::launch()
                 { "Quit Tintwell", [] { QApplication::quit(); } } } },
         { [this](const std::optional<platform::ScreenRect>& place) { itemActivated(place); },
             [this](Presence presence) { trayChanged(presence); } },
-        paintStatusIcon);
+        paintTrayIcon);
     appDelegate_.applicationDidFinishLaunching(arguments_);
 }
 

@@ -84,6 +84,8 @@ public:
 
     /// Shows what the model holds now, without waiting for the event loop.
     void showNow() { bridge_.showNow(); }
+    /// The accent that the controls show at this moment.
+    [[nodiscard]] const platform::Tint& tint() const { return tint_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -153,12 +153,12 @@ void SavedPaletteRow::show(const SavedRowState& state)
 
 void SavedPaletteRow::resizeEvent(QResizeEvent*)
 {
-    const int baseline = margin + qRound(name_->baseline());
+    const int buttonTop = margin + qRound(name_->baseline() - use_->baseline());
     int right = width() - margin + platform::Metrics::opticalOverhang;
     for (auto* button : { delete_, install_, use_ }) {
         right -= button->width();
         // The icon is centred on the texts beside it.
-        button->move(right, baseline - qRound(use_->baseline()));
+        button->move(right, buttonTop);
         right -= platform::Metrics::borderlessGap;
     }
     const int textWidth = right - margin;
