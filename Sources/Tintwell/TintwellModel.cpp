@@ -84,6 +84,20 @@ void TintwellModel::copySource()
     copy({ "source", generated_.sourceName, generated_.source, std::nullopt });
 }
 
+void TintwellModel::paste()
+{
+    const auto content = services_.pasteboard.read();
+    auto color = RGBAColor::fromHex(content.text);
+    if (!color && content.color)
+        color = fromPlatformColor(*content.color);
+    if (!color) {
+        setStatus("Nothing pasted: the clipboard holds no color");
+        return;
+    }
+    apply(*color);
+    setStatus(withHex("Pasted " + generated_.sourceName, *color));
+}
+
 void TintwellModel::sampleFromScreen()
 {
     if (isSampling_)

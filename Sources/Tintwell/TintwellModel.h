@@ -53,6 +53,8 @@ public:
     void apply(const RGBAColor& color);
     void copy(const NamedColor& color);
     void copySource();
+    /// Makes the colour on the pasteboard the source: its hex text, else the colour itself.
+    void paste();
     /// Starts a pick and returns at once.
     void beginSampling() { sampleFromScreen(); }
     /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running.

@@ -117,6 +117,7 @@ void TintwellView::addShortcuts()
         connect(shortcut, &QShortcut::activated, this, std::move(action));
     };
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { model_.beginSampling(); });
+    add(QKeySequence::Paste, [this] { model_.paste(); });
     for (std::size_t i = 0; i < allWorkspaceTabs.size(); ++i)
         add(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i),
             [this, i] { model_.setSelectedTab(allWorkspaceTabs.at(i)); });

@@ -94,7 +94,9 @@ void CaptureHeader::placeMark()
 {
     constexpr int side = static_cast<int>(markBox) + 2 * markPadding;
     const auto swatch = swatch_->geometry();
-    mark_->setGeometry(swatch.right() + 1 - side, swatch.top(), side, side);
+    const auto left
+        = layoutDirection() == Qt::LeftToRight ? swatch.right() + 1 - side : swatch.left();
+    mark_->setGeometry(left, swatch.top(), side, side);
 }
 
 void CaptureHeader::resizeEvent(QResizeEvent*)

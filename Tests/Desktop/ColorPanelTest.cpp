@@ -19,6 +19,7 @@ namespace {
 class RecordingPasteboard final : public Pasteboard {
 public:
     void write(const ColorContent& content) override { written.push_back(content); }
+    [[nodiscard]] PastedContent read() const override { return {}; }
 
     std::vector<ColorContent> written;
 };

@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 
 class NoPasteboard final : public platform::Pasteboard {
     void write(const platform::ColorContent&) override { }
+    [[nodiscard]] platform::PastedContent read() const override { return {}; }
 };
 
 /// A pick that never ends.

@@ -47,7 +47,10 @@ class FakePasteboard final : public platform::Pasteboard {
 public:
     void write(const platform::ColorContent& content) override { contents.push_back(content); }
 
+    [[nodiscard]] platform::PastedContent read() const override { return pasted; }
+
     std::vector<platform::ColorContent> contents;
+    platform::PastedContent pasted;
 };
 
 /// Keeps every pick open until it is answered.

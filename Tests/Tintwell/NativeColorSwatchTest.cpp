@@ -3,12 +3,14 @@
 #include "ColorDrag.h"
 #include "ColorMimeData.h"
 #include "MacColorIntegration.h"
+#include "QtPasteboard.h"
 #include "ThemeSource.h"
 
 #include <gtest/gtest.h>
 #include <limits>
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -296,6 +298,23 @@ TEST(ColorMimeData, CarriesTheColorBesideItsText)
     const auto text = platform::colorMimeData(content, /*withColor=*/false);
     EXPECT_EQ(text->formats(), QStringList { QStringLiteral("text/plain") });
     EXPECT_EQ(text->text(), QStringLiteral("#FF8040"));
+}
+
+TEST(QtPasteboard, ReadsWhatProgramsCopy)
+{
+    platform::QtPasteboard pasteboard;
+    auto* clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    EXPECT_EQ(pasteboard.read().color, std::nullopt);
+    EXPECT_EQ(pasteboard.read().text, "");
+    clipboard->setText(QStringLiteral("#F2C14E"));
+    EXPECT_EQ(pasteboard.read().color, std::nullopt);
+    EXPECT_EQ(pasteboard.read().text, "#F2C14E");
+    const auto content = ColorPasteboard::content({ 1, 0.2, 0.4, 0.6 });
+    pasteboard.write(content);
+    ASSERT_TRUE(pasteboard.read().color.has_value());
+    EXPECT_EQ(fromPlatformColor(*pasteboard.read().color)->hex(), "#FF3366");
+    EXPECT_EQ(pasteboard.read().text, "#FF3366");
 }
 
 } // namespace

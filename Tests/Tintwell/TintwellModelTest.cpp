@@ -108,6 +108,24 @@ TEST(TintwellModel, ReportsEveryOutcomeInTheStatusLine)
                 s.model().copy({ "tone.500", "500", { 1, 0, 0, 0.5 }, "Tone 500" });
             },
             "Copied 500 · #FF0000" },
+        { "hex text pasted",
+            [](Scene& s) {
+                s.pasteboard.pasted = { platform::Color { 1, 0, 0, 1 }, " #f2c14e\n" };
+                s.model().paste();
+            },
+            "Pasted Pale Gold · #F2C14E" },
+        { "colour pasted",
+            [](Scene& s) {
+                s.pasteboard.pasted = { platform::Color { 1, 0, 0, 1 }, "a fine red" };
+                s.model().paste();
+            },
+            "Pasted Vivid Coral · #FF0000" },
+        { "no colour to paste",
+            [](Scene& s) {
+                s.pasteboard.pasted = { std::nullopt, "a fine red" };
+                s.model().paste();
+            },
+            "Nothing pasted: the clipboard holds no color" },
         { "source copied", [](Scene& s) { s.model().copySource(); }, "Copied Violet · #6E56CF" },
         { "saved and installed", [](Scene& s) { s.model().saveAndInstallCurrent(); },
             "Saved and installed Tintwell.clr" },

@@ -140,6 +140,16 @@ TEST_F(TintwellViewTest, SamplingTakesTheButtonAndTheShortcutUntilItEnds)
     EXPECT_EQ(button("Copy #F2C14E")->toolTip(), QLatin1String("Copy #F2C14E"));
 }
 
+TEST_F(TintwellViewTest, PastesByTheShortcutOnly)
+{
+    desktop_->pasteboard.pasted.text = "F2C14E";
+    QTest::keyClick(view_.get(), Qt::Key_V);
+    EXPECT_EQ(model_->generated().source.hex(), "#6E56CF");
+    QTest::keyClick(view_.get(), Qt::Key_V, Qt::ControlModifier);
+    settle();
+    EXPECT_NE(button("Copy #F2C14E"), nullptr);
+}
+
 TEST_F(TintwellViewTest, OnlyWhatWasCopiedLastWearsTheMark)
 {
     using Ids = std::vector<std::string>;

@@ -59,6 +59,16 @@ TEST(Label, CutsWhatDoesNotFitAndKeepsTheWholeTextForReaders)
     EXPECT_EQ(accessible->text(QAccessible::Name), label.text());
 }
 
+TEST(Label, CutsATextThatRunsToTheLeftOnItsLeft)
+{
+    Label label({ .size = 24 }, ColorRole::text, QString(40, QChar(0x05DD)));
+    label.resize(120, 29);
+    const auto image = label.grab().toImage();
+    const auto upperInk = [&](int left) { return inkIn(image.copy(left, 0, 8, 20)); };
+    EXPECT_EQ(upperInk(0), 0) << "The dots of the ellipsis stand on the baseline";
+    EXPECT_GT(upperInk(100), 0);
+}
+
 TEST(Label, WrapsAtItsWidthInLinesOfItsHeight)
 {
     Label label({ .size = 11, .lineHeight = 15 }, ColorRole::secondary);

@@ -3,6 +3,7 @@
 
 #include "Color.h"
 
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -15,13 +16,21 @@ struct ColorContent {
     bool operator==(const ColorContent&) const = default;
 };
 
-/// A place that other programs paste from. Writing never fails.
+/// What another program has copied, as far as it can stand for a colour.
+struct PastedContent {
+    std::optional<Color> color;
+    std::string text;
+};
+
+/// A place that programs copy to and paste from. Writing never fails.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 
     /// Replaces whatever was there by `content` in both its forms.
     virtual void write(const ColorContent& content) = 0;
+
+    [[nodiscard]] virtual PastedContent read() const = 0;
 };
 
 } // namespace platform

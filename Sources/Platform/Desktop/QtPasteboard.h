@@ -5,10 +5,11 @@
 
 namespace platform {
 
-/// Writes to the clipboard; needs a running application.
+/// The clipboard; needs a running application.
 class QtPasteboard final : public Pasteboard {
 public:
     void write(const ColorContent& content) override;
+    [[nodiscard]] PastedContent read() const override;
 };
 
 } // namespace platform

@@ -33,6 +33,9 @@ void paintText(QPainter& painter, const QPointF& position, const QString& text, 
         at = toDevice.inverted().map(device);
     }
     painter.setPen(color);
+    // By the text, not by the interface: the end of a line, where it is cut, is on the left side of
+    // a text that runs to the left.
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     // The engine's device is what is painted on in the end, also when a widget draws elsewhere.
     const auto scale = painter.paintEngine()->paintDevice()->devicePixelRatioF();
     if (scale == 1) {
