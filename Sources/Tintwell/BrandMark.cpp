@@ -85,6 +85,8 @@ void BrandMark::paintEvent(QPaintEvent*)
         scaled.setDevicePixelRatio(devicePixelRatioF());
         QBrush brush;
         brush.setTextureImage(scaled);
+        const auto excess = tile.size() - scaled.deviceIndependentSize();
+        brush.setTransform(QTransform::fromTranslate(excess.width() / 2, excess.height() / 2));
         painter.fillPath(shape, brush);
     }
     platform::paintPlate(painter, tile, radius, Qt::transparent, theme.separator, outlineWidth);

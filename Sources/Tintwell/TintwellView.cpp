@@ -9,7 +9,6 @@
 #include "Stack.h"
 #include "ThemeSource.h"
 
-#include <QAccessible>
 #include <QPainter>
 #include <QShortcut>
 
@@ -41,7 +40,7 @@ QStringList tabTitles()
 UtilityFooter::UtilityFooter(TintwellModel& model, const ViewActions& actions, QWidget* parent)
     : QWidget(parent)
     , model_(model)
-    , status_(new platform::Label({ .size = 10 }, platform::ColorRole::secondary))
+    , status_(new platform::StatusLine({ .size = 10 }, platform::ColorRole::secondary))
     , menu_(platform::menuButton(QStringLiteral("More")))
 {
     using platform::Metrics::margin;
@@ -59,12 +58,7 @@ UtilityFooter::UtilityFooter(TintwellModel& model, const ViewActions& actions, Q
 
 void UtilityFooter::show(const std::string& status)
 {
-    const auto text = QString::fromStdString(status);
-    if (text == status_->text())
-        return;
-    status_->setText(text);
-    QAccessibleEvent announcement(status_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&announcement);
+    status_->announce(QString::fromStdString(status));
 }
 
 void UtilityFooter::openMenu(const ViewActions& actions)
@@ -172,6 +166,9 @@ void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)
         saved_->show();
         break;
     }
+    // What was built just now has not seen the tint yet.
+    if (page != workspace_->currentPage())
+        platform::applyTint(*page, tint_);
     workspace_->showPage(page, spring);
 }
 
@@ -182,7 +179,6 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
         if (page == nullptr) {
             page = make();
             workspace_->addPage(page, edge);
-            platform::applyTint(*page, tint_);
         }
         return page;
     };

@@ -43,9 +43,11 @@ protected:
 
 private:
     QLayout* makeColumn();
+    void setCanSample(bool canSample);
     void placeMark();
 
     HeaderState shown_;
+    bool focusReturns_ = false;
     TintwellModel& model_;
     DraggableColorView* swatch_;
     CopiedMark* mark_;
@@ -71,7 +73,7 @@ private:
     void openMenu(const ViewActions& actions);
 
     TintwellModel& model_;
-    platform::Label* status_;
+    platform::StatusLine* status_;
     platform::Button* menu_;
     platform::Tint tint_;
 };

@@ -83,20 +83,33 @@ void CaptureHeader::show(const HeaderState& state, const std::optional<platform:
     hex_->rollTo(QString::fromStdString(state.hex), spring);
     mark_->show(state.isCopied, toQColor(state.mark));
     sample_->setTitle(QString::fromStdString(state.sampleTitle));
-    sample_->setEnabled(state.canSample);
+    setCanSample(state.canSample);
     copy_->setToolTip(tooltip);
     copy_->setAccessibleName(tooltip);
     shown_ = state;
     placeMark();
 }
 
+/// The button that started the pick has the focus again when the pick is over, unless the user has
+/// gone elsewhere. Left alone, the toolkit would move it on as if Tab had been pressed.
+void CaptureHeader::setCanSample(bool canSample)
+{
+    if (canSample == sample_->isEnabled())
+        return;
+    if (!canSample) {
+        focusReturns_ = window()->focusWidget() == sample_;
+        sample_->clearFocus();
+    }
+    sample_->setEnabled(canSample);
+    if (canSample && focusReturns_ && window()->focusWidget() == nullptr)
+        sample_->setFocus(Qt::OtherFocusReason);
+}
+
 void CaptureHeader::placeMark()
 {
     constexpr int side = static_cast<int>(markBox) + 2 * markPadding;
     const auto swatch = swatch_->geometry();
-    const auto left
-        = layoutDirection() == Qt::LeftToRight ? swatch.right() + 1 - side : swatch.left();
-    mark_->setGeometry(left, swatch.top(), side, side);
+    mark_->setGeometry(swatch.right() + 1 - side, swatch.top(), side, side);
 }
 
 void CaptureHeader::resizeEvent(QResizeEvent*)

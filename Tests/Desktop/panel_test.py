@@ -12,6 +12,7 @@ import time
 import unittest
 
 import pyatspi
+from gi.repository import GLib
 
 APPLICATION = sys.argv.pop(1)
 LIBRARY = os.path.join(os.environ["XDG_DATA_HOME"], "Tintwell/saved-palettes.json")
@@ -185,13 +186,36 @@ class Panel(unittest.TestCase):
         with open(LIBRARY, encoding="utf-8") as file:
             self.assertEqual(json.load(file), [])
 
+    def test_5_a_new_status_is_announced(self):
+        announced = []
+        context = GLib.MainContext.default()
+
+        def listen(event):
+            if event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+                announced.append(event.source.name)
+
+        def heard(text):
+            while context.iteration(False):
+                pass
+            return text in announced
+
+        self.choose("Studio")
+        pyatspi.Registry.registerEventListener(listen, "object:state-changed:showing")
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, listen, "object:state-changed:showing")
+        press(self.button("Complement"))
+        wait_for(lambda: heard("Copied Complement · #767300"), "the announcement")
+
     def item(self, name):
-        press(self.button("More"))
+        more = self.button("More")
+        self.assertTrue(self.state(more, pyatspi.STATE_EXPANDABLE))
+        self.assertFalse(self.state(more, pyatspi.STATE_EXPANDED))
+        press(more)
+        wait_for(lambda: self.state(more, pyatspi.STATE_EXPANDED), "the open menu")
         items = wait_for(lambda: self.controls(pyatspi.ROLE_MENU_ITEM), "the menu")
         self.assertEqual([item.name for item in items], ["Open macOS Colors", "Quit Tintwell"])
         return next(item for item in items if item.name == name)
 
-    def test_5_menu(self):
+    def test_6_menu(self):
         press(self.item("Open macOS Colors"))
         self.wait_text("Opened macOS Colors")
         wait_for(lambda: not self.controls(pyatspi.ROLE_MENU_ITEM), "the menu to close")

@@ -1,3 +1,4 @@
+#include "ContentWindow.h"
 #include "ScrollArea.h"
 #include "TintwellViewFixture.h"
 
@@ -118,10 +119,69 @@ TEST_F(TintwellViewFocusTest, FocusGoesBackToWhatIsBeforeAControlThatGoes)
     pressWithKey(button("Use"), Qt::Key_Space);
     settle();
     EXPECT_EQ(focusName(), "Studio");
-    // While sampling the button cannot be pressed, so the focus goes on.
-    pressWithKey(button("Sample"), Qt::Key_Space);
-    settle();
-    EXPECT_EQ(focusName(), "Copy #E5484D");
+}
+
+TEST_F(TintwellViewFocusTest, TheFocusReturnsToSampleAfterAPick)
+{
+    struct Case {
+        bool byKeyboard;
+        bool hides; ///< As the window does while the loupe is open.
+        const char* elsewhere; ///< Where the user goes meanwhile.
+        const char* expected;
+    };
+    for (const auto& [byKeyboard, hides, elsewhere, expected] :
+        { Case { true, false, "", "Sample" }, { true, true, "", "Sample" },
+            { false, false, "", "Sample" }, { true, false, "Themes", "Themes" } }) {
+        openOn({});
+        auto* sample = button("Sample");
+        if (byKeyboard)
+            pressWithKey(sample, Qt::Key_Space);
+        else
+            QTest::mouseClick(sample, Qt::LeftButton);
+        view_->setVisible(!hides);
+        settle();
+        EXPECT_EQ(view_->focusWidget(), nullptr);
+        if (*elsewhere != '\0')
+            QTest::mouseClick(button(elsewhere), Qt::LeftButton);
+        view_->QWidget::show();
+        view_->activateWindow();
+        desktop_->sampler->answer({});
+        settle();
+        EXPECT_EQ(nameOf(view_->focusWidget()).toStdString(), expected);
+        EXPECT_EQ(
+            sample->findChild<platform::FocusRing*>()->isShown(), byKeyboard && sample->hasFocus());
+    }
+}
+
+TEST_F(TintwellViewFocusTest, EveryRingHasTheColorOfTheSource)
+{
+    for (const auto tab : { WorkspaceTab::studio, WorkspaceTab::themes, WorkspaceTab::saved })
+        for (const auto* source : { "#6E56CF", "#F2C14E" }) {
+            apply(source);
+            choose(tab);
+            for (const auto* ring : view_->findChildren<platform::FocusRing*>())
+                EXPECT_EQ(ring->color(), view_->tint().focusRing)
+                    << static_cast<QWidget*>(ring->parent())->metaObject()->className();
+        }
+}
+
+TEST_F(TintwellViewFocusTest, TabStartsInTheOrderOfReadingAndShowsEvenInASmallWindow)
+{
+    for (const auto& [key, first] :
+        { std::pair(Qt::Key_Tab, "Violet"), std::pair(Qt::Key_Backtab, "More") }) {
+        openOn({});
+        platform::ContentWindow window(QStringLiteral("Small"), [] {});
+        window.setContent(view_.get());
+        window.setMinimumSize(0, 0);
+        window.resize(300, 250);
+        window.findChild<QWidget*>()->resize(window.size());
+        window.present();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, key);
+        EXPECT_EQ(focusName(), first);
+        EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
+        EXPECT_EQ(window.takeContent(), view_.get());
+    }
 }
 
 TEST_F(TintwellViewFocusTest, AHeldKeyPressesOnce)

@@ -100,6 +100,10 @@ TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
         SCOPED_TRACE(name);
         open();
         QTest::mouseMove(view_.get(), QPoint(2, 2));
+        QTest::mouseClick(button("More"), Qt::LeftButton);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_2, Qt::ControlModifier);
+        EXPECT_EQ(model_->selectedTab(), WorkspaceTab::studio);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         chooseItem("Open macOS Colors", 0);
         settle();
         EXPECT_EQ(opened_, 1);

@@ -1,7 +1,7 @@
 // Shows a widget of fixed size in whatever room there is.
 #include "ContentViewport.h"
 
-#include <QScrollArea>
+#include "ScrollArea.h"
 
 #include <utility>
 
@@ -48,9 +48,8 @@ void ContentViewport::fit()
         return;
     const bool fits = width() >= content_->width() && height() >= content_->height();
     if (!fits && scroller_ == nullptr) {
-        scroller_ = new QScrollArea(this);
-        scroller_->setFrameShape(QFrame::NoFrame);
-        scroller_->setWidget(content_);
+        scroller_ = new ScrollArea(content_, this);
+        scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         scroller_->show();
     } else if (fits && scroller_ != nullptr) {
         setContent(takeContent());

@@ -3,9 +3,9 @@
 
 #include <QWidget>
 
-class QScrollArea;
-
 namespace platform {
+
+class ScrollArea;
 
 /// As large as its content it simply shows it; smaller, on a small screen, it scrolls.
 class ContentViewport : public QWidget {
@@ -27,7 +27,7 @@ private:
     void fit();
 
     QWidget* content_ = nullptr;
-    QScrollArea* scroller_ = nullptr;
+    ScrollArea* scroller_ = nullptr;
 };
 
 } // namespace platform

@@ -1,6 +1,8 @@
 // An ordinary window of fixed size around one widget.
 #include "ContentWindow.h"
 
+#include "ReadingOrder.h"
+
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -53,6 +55,12 @@ void ContentWindow::present()
     windowHandle()->installEventFilter(this);
     raise();
     activateWindow();
+}
+
+/// While nothing inside has the focus, the keys come here.
+bool ContentWindow::focusNextPrevChild(bool next)
+{
+    return moveFocusInReadingOrder(*this, next);
 }
 
 void ContentWindow::closeEvent(QCloseEvent* event)

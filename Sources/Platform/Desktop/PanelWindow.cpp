@@ -2,6 +2,7 @@
 #include "PanelWindow.h"
 
 #include "PanelFrame.h"
+#include "ReadingOrder.h"
 #include "X11Window.h"
 
 #include <QApplication>
@@ -202,6 +203,12 @@ void PanelWindow::keyPressEvent(QKeyEvent* event)
         dismiss();
     else
         QWidget::keyPressEvent(event);
+}
+
+/// While nothing inside has the focus, the keys come here.
+bool PanelWindow::focusNextPrevChild(bool next)
+{
+    return moveFocusInReadingOrder(*this, next);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)

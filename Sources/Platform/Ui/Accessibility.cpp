@@ -1,5 +1,7 @@
 #include "Accessibility.h"
 
+#include "Button.h"
+
 #include <array>
 #include <QAbstractButton>
 #include <QAccessible>
@@ -19,32 +21,57 @@ struct RoleOfClass {
 // Buttons are not listed: the toolkit knows them by their base class.
 constexpr std::array kRoles {
     RoleOfClass { "platform::Label", QAccessible::StaticText },
+    RoleOfClass { "platform::StatusLine", QAccessible::Notification },
     RoleOfClass { "platform::SegmentedPicker", QAccessible::Grouping },
     RoleOfClass { "platform::PopupMenu", QAccessible::PopupMenu },
     RoleOfClass { "platform::Separator", QAccessible::Separator },
 };
 
-/// A row of a menu: what a menu offers is an item, not a button.
-class MenuRow : public QAccessibleWidget {
+/// A button that to a reader is something else.
+class ButtonInRole : public QAccessibleWidget {
 public:
-    explicit MenuRow(QAbstractButton& row)
-        : QAccessibleWidget(&row, QAccessible::MenuItem)
+    ButtonInRole(QAbstractButton& button, QAccessible::Role role)
+        : QAccessibleWidget(&button, role)
     {
     }
 
     [[nodiscard]] QString text(QAccessible::Text which) const override
     {
-        return which == QAccessible::Name ? row().text() : QAccessibleWidget::text(which);
+        const auto text = QAccessibleWidget::text(which);
+        return which == QAccessible::Name && text.isEmpty() ? button().text() : text;
     }
     [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
     void doAction(const QString& name) override
     {
         if (name == pressAction())
-            row().click();
+            button().click();
     }
 
-private:
-    [[nodiscard]] QAbstractButton& row() const { return static_cast<QAbstractButton&>(*widget()); }
+protected:
+    [[nodiscard]] QAbstractButton& button() const
+    {
+        return static_cast<QAbstractButton&>(*widget());
+    }
+};
+
+/// The button of a menu says that there is one, and whether it is open.
+class MenuOpener : public ButtonInRole {
+public:
+    explicit MenuOpener(Button& button)
+        : ButtonInRole(button, QAccessible::ButtonMenu)
+    {
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = ButtonInRole::state();
+        const bool isOpen = static_cast<Button&>(button()).isMenuOpen();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = isOpen;
+        state.collapsed = !isOpen;
+        return state;
+    }
 };
 
 QAccessibleInterface* makeInterface(const QString& className, QObject* object)
@@ -58,8 +85,9 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
     auto* button = qobject_cast<QAbstractButton*>(object);
     if (button != nullptr && button->parent() != nullptr
         && button->parent()->inherits("platform::PopupMenu"))
-        return new MenuRow(*button);
-    return nullptr;
+        return new ButtonInRole(*button, QAccessible::MenuItem);
+    auto* opener = qobject_cast<Button*>(object);
+    return opener != nullptr && opener->opensMenu() ? new MenuOpener(*opener) : nullptr;
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cmath>
+#include <QAccessible>
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
@@ -85,9 +86,15 @@ void Button::setTint(const Tint& tint)
 
 void Button::setMenuOpen(bool open)
 {
+    if (open == menuOpen_)
+        return;
     menuOpen_ = open;
     updateHover();
     update();
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 double Button::baseline() const

@@ -31,8 +31,10 @@ public:
     /// Changes the label and with it the size.
     void setTitle(const QString& title);
     void setTint(const Tint& tint) override;
+    [[nodiscard]] bool opensMenu() const { return style_ == ButtonStyle::menu; }
     /// Keeps the plate of a menu's button while the menu is open.
     void setMenuOpen(bool open);
+    [[nodiscard]] bool isMenuOpen() const { return menuOpen_; }
 
     /// Where the text's baseline lies below the button's top.
     [[nodiscard]] double baseline() const;

@@ -5,6 +5,7 @@
 #include "ThemeSource.h"
 
 #include <cmath>
+#include <QAccessible>
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
@@ -125,6 +126,17 @@ void Label::paintLine(QPainter& painter, const QString& line, double top, const 
         left = alignment.testFlag(Qt::AlignRight) ? rest : rest / 2;
     }
     paintText(painter, { left, top + baseline_ }, line, font_, color);
+}
+
+void StatusLine::announce(const QString& text)
+{
+    if (text == this->text())
+        return;
+    setText(text);
+    // Readers speak a notification when it appears; that a text has changed they keep to
+    // themselves.
+    QAccessibleEvent appeared(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&appeared);
 }
 
 void Label::wrap()

@@ -59,4 +59,13 @@ private:
     QStringList lines_;
 };
 
+/// A line whose every new text is read out to the user of a screen reader, wherever the focus is.
+class StatusLine : public Label {
+    Q_OBJECT
+public:
+    using Label::Label;
+
+    void announce(const QString& text);
+};
+
 } // namespace platform

@@ -180,6 +180,14 @@ void PopupMenu::dismiss()
     deleteLater();
 }
 
+bool PopupMenu::event(QEvent* event)
+{
+    // The shortcuts of the window rest while the menu is open.
+    if (event->type() == QEvent::ShortcutOverride)
+        event->accept();
+    return QWidget::event(event);
+}
+
 bool PopupMenu::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == window()) {

@@ -60,12 +60,16 @@ void ScrollArea::glideTo(int value)
 void ScrollArea::wheelEvent(QWheelEvent* event)
 {
     auto* bar = verticalScrollBar();
+    const int wanted = event->angleDelta().y() > 0 ? bar->minimum() : bar->maximum();
+    const bool gliding = glide_.state() == QAbstractAnimation::Running;
+    // At its end it leaves the wheel to what scrolls around it.
+    if (bar->value() == wanted && !gliding)
+        return event->ignore();
     if (const int pixels = event->pixelDelta().y(); pixels != 0) {
         glide_.stop();
         bar->setValue(bar->value() - pixels);
     } else if (const int angle = event->angleDelta().y(); angle != 0) {
         // A notch that comes during a glide goes on from where that one was heading.
-        const bool gliding = glide_.state() == QAbstractAnimation::Running;
         const int from = gliding ? glide_.endValue().toInt() : bar->value();
         glideTo(from - qRound(angle / anglePerNotch * pixelsPerNotch));
     }

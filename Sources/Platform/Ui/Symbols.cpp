@@ -59,7 +59,7 @@ const auto kDrawings = std::to_array<Drawing>({
     { Symbol::eyedropperHalf, { { Ink::stroke, kDropper }, { Ink::fill, kDropperContent } }, 45 },
     { Symbol::copy,
         { { Ink::stroke,
-            "M8.6 15.9H7.1A2.6 2.6 0 0 1 4.5 13.3V5.5A2.6 2.6 0 0 1 7.1 2.9H12.3A2.6 2.6 0 0 1 "
+            "M8.9 15.9H7.1A2.6 2.6 0 0 1 4.5 13.3V5.5A2.6 2.6 0 0 1 7.1 2.9H12.3A2.6 2.6 0 0 1 "
             "14.9 5.5V7.6 M11.5 7.9H16.9A2.6 2.6 0 0 1 19.5 10.5V18.5A2.6 2.6 0 0 1 16.9 21.1"
             "H11.5A2.6 2.6 0 0 1 8.9 18.5V10.5A2.6 2.6 0 0 1 11.5 7.9Z" } } },
     { Symbol::checkmark, { { Ink::stroke, "M4.6 12.9L9.6 17.9L19.4 6.6" } } },
