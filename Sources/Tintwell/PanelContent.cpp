@@ -1,6 +1,7 @@
 // What a panel shows: a model and the root view that stands on it.
 #include "PanelContent.h"
 
+#include "BrandMark.h"
 #include "DateText.h"
 #include "TintwellView.h"
 
@@ -22,6 +23,11 @@ PanelContent makePanelContent(DesktopServices& services)
             = [dates = std::make_shared<platform::DateText>(platform::DateText::userLocale())](
                   platform::Timestamp time) { return (*dates)(time); } });
     return content;
+}
+
+QIcon applicationIcon()
+{
+    return QPixmap::fromImage(BrandMark::mascot());
 }
 
 } // namespace tintwell

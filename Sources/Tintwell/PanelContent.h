@@ -4,6 +4,7 @@
 #include "DesktopServices.h"
 #include "TintwellModel.h"
 
+#include <QIcon>
 #include <QPointer>
 #include <QWidget>
 
@@ -20,5 +21,8 @@ struct PanelContent {
 /// A new model of the seed colour over the user's library, independent of every other, and its
 /// view.
 [[nodiscard]] PanelContent makePanelContent(DesktopServices& services);
+
+/// For windows that the desktop lists.
+[[nodiscard]] QIcon applicationIcon();
 
 } // namespace tintwell

@@ -1,6 +1,7 @@
 // The desktop application: a status item whose panel shows the root view.
 #include "TintwellApp.h"
 
+#include "ColorDrag.h"
 #include "PanelWindow.h"
 #include "QtStatusItem.h"
 #include "TerminationSignals.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QShortcut>
 
 #include <cstdio>
 
@@ -128,12 +130,12 @@ QRect TintwellApp::anchor() const
 
 void TintwellApp::trayChanged(Presence presence)
 {
-    const bool isFallback = window_ && window_->isVisible();
-    if (presence == Presence::absent && !isFallback
-        && (appDelegate_.previewWindow() == nullptr || !appDelegate_.previewWindow()->isVisible()))
+    if (presence == Presence::absent && !hasOpenWindow()) {
         showPanelAsWindow();
-    // The window stood in for the item; nobody has touched it and the item is there after all.
-    if (presence == Presence::shown && isFallback && !window_->wasUsed())
+        standsIn_ = true;
+    }
+    // Nobody asked for the window and nobody has touched it, and the item is there after all.
+    if (presence == Presence::shown && standsIn_ && !window_->wasUsed())
         window_->hide();
 }
 
@@ -177,6 +179,7 @@ void TintwellApp::showAfterPick()
 
 void TintwellApp::showPanel()
 {
+    standsIn_ = false;
     if (window_ && window_->isVisible())
         window_->present();
     else if (isDocked())
@@ -203,10 +206,7 @@ platform::PanelWindow& TintwellApp::panel()
     if (!panel_)
         panel_ = std::make_unique<platform::PanelWindow>(platform::PanelWindow::Policy {
             // A pick by the desktop's own means, or a drag into another program.
-            [this] {
-                return content().model->isSampling()
-                    || QGuiApplication::mouseButtons() != Qt::NoButton;
-            },
+            [this] { return content().model->isSampling() || platform::isColorDragRunning(); },
             [this](const QWindow* focus) {
                 const auto* preview = appDelegate_.previewWindow();
                 return preview == nullptr || preview->windowHandle() != focus;
@@ -220,9 +220,17 @@ platform::PanelWindow& TintwellApp::panel()
 platform::ContentWindow& TintwellApp::window()
 {
     auto* view = content().view.data();
-    if (!window_)
+    if (!window_) {
         window_ = std::make_unique<platform::ContentWindow>(
             QStringLiteral("Tintwell"), [this] { windowClosed(); });
+        window_->setWindowIcon(applicationIcon());
+        // The item brings the window back.
+        auto* escape = new QShortcut(Qt::Key_Escape, window_.get());
+        QObject::connect(escape, &QShortcut::activated, window_.get(), [this] {
+            if (hasTray())
+                window_->hide();
+        });
+    }
     if (view->window() != window_.get())
         window_->setContent(panel_ ? panel_->takeContent() : view);
     return *window_;
@@ -231,10 +239,15 @@ platform::ContentWindow& TintwellApp::window()
 /// Without an item nobody could reach a process that shows no window.
 void TintwellApp::windowClosed()
 {
+    if (item_->presence() == Presence::absent && !hasOpenWindow())
+        QApplication::quit();
+}
+
+bool TintwellApp::hasOpenWindow() const
+{
     const auto isOpen
         = [](const QWidget* widget) { return widget != nullptr && widget->isVisible(); };
-    if (!hasTray() && !isOpen(window_.get()) && !isOpen(appDelegate_.previewWindow()))
-        QApplication::quit();
+    return isOpen(window_.get()) || isOpen(appDelegate_.previewWindow());
 }
 
 } // namespace tintwell

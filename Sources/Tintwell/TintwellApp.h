@@ -51,6 +51,7 @@ private:
     /// True where the panel stands beside an item; else it is a window like any other.
     [[nodiscard]] bool isDocked() const;
     [[nodiscard]] bool hasTray() const;
+    [[nodiscard]] bool hasOpenWindow() const;
     void windowClosed();
     [[nodiscard]] PanelContent& content();
     [[nodiscard]] platform::PanelWindow& panel();
@@ -65,6 +66,8 @@ private:
     /// The two frames around the one view; whichever is open has it.
     std::unique_ptr<platform::PanelWindow> panel_;
     std::unique_ptr<platform::ContentWindow> window_;
+    /// The window opened by itself, for want of a tray.
+    bool standsIn_ = false;
     std::unique_ptr<platform::StatusItem> item_;
     std::optional<QRect> lastPlace_;
     std::vector<QPointer<QWidget>> hiddenForPick_;

@@ -14,6 +14,7 @@ struct TintwellAppDelegate::WindowController {
         , window(QStringLiteral("Tintwell Preview"), std::move(closed))
     {
         window.setContent(content.view);
+        window.setWindowIcon(applicationIcon());
     }
 
     PanelContent content;

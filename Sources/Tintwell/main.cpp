@@ -1,4 +1,5 @@
 // Starts the desktop application.
+#include "DesktopReach.h"
 #include "TintwellApp.h"
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <sysexits.h>
 #include <vector>
 
 namespace {
@@ -43,11 +45,10 @@ int main(int argc, char* argv[])
         std::puts("tintwell " TINTWELL_VERSION);
         return EXIT_SUCCESS;
     }
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!platform::isDesktopReachable()) {
         std::fputs(
             "Tintwell needs a desktop to appear on; tintwell-cli works without one.\n", stderr);
-        return EXIT_FAILURE;
+        return EX_UNAVAILABLE;
     }
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tintwell"));

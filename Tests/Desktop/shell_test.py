@@ -30,6 +30,33 @@ Gtk.main()
 """
 
 
+# Tells the desktop's appearance: 1 is dark, 2 is light; a line of the input changes it.
+SETTINGS_PORTAL = """
+import sys
+import dbus, dbus.mainloop.glib, dbus.service
+from gi.repository import GLib
+SETTINGS = "org.freedesktop.portal.Settings"
+class Portal(dbus.service.Object):
+    scheme = 2
+    @dbus.service.method(SETTINGS, in_signature="as", out_signature="a{sa{sv}}")
+    def ReadAll(self, namespaces):
+        return {"org.freedesktop.appearance": {"color-scheme": dbus.UInt32(self.scheme)}}
+    @dbus.service.signal(SETTINGS, signature="ssv")
+    def SettingChanged(self, namespace, key, value):
+        pass
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+bus = dbus.SessionBus()
+portal = Portal(bus, "/org/freedesktop/portal/desktop")
+name = dbus.service.BusName("org.freedesktop.portal.Desktop", bus)
+def read(*_):
+    portal.scheme = int(sys.stdin.readline())
+    portal.SettingChanged("org.freedesktop.appearance", "color-scheme", dbus.UInt32(portal.scheme))
+    return True
+GLib.io_add_watch(sys.stdin, GLib.IO_IN, read)
+GLib.MainLoop().run()
+"""
+
+
 def output(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout
 
@@ -253,6 +280,30 @@ class EmbeddedTest(TrayTest):
         self.place = self.expect(self.item, "the item in the new tray")
         self.open_panel()
 
+    def test_panel_stays_during_a_drag(self):
+        self.start_with_item()
+        other = self.open_other_window()
+        opened = self.open_panel()
+        self.expect(lambda: output("xdotool", "getactivewindow").strip() == opened.number, "focus")
+        source = opened.x + 70, opened.y + 80
+        subprocess.run(["xdotool", "mousemove", *map(str, source), "mousedown", "1"], check=True)
+        for x in range(source[0], other.x + 100, -20):
+            subprocess.run(["xdotool", "mousemove", str(x), str(source[1])], check=True)
+        subprocess.run(["xdotool", "windowactivate", "--sync", other.number], check=True)
+        self.expect(lambda: output("xdotool", "getactivewindow").strip() == other.number, "the other window")
+        self.assertIsNotNone(panel())
+        subprocess.run(["xdotool", "mouseup", "1"], check=True)
+        self.expect(lambda: panel() is None, "then the focus is gone, and with it the panel")
+
+    def test_tray_goes_for_good(self):
+        process = self.start_with_item()
+        self.open_panel()
+        key("Escape")
+        self.expect(lambda: panel() is None, "Escape closes the panel")
+        self.end(self.tray)
+        self.expect(panel, "the panel as a window").close()
+        self.expect_end(process)
+
     def test_quit_through_menu(self):
         process = self.start_with_item()
         click(*self.place, button=3)
@@ -297,6 +348,19 @@ class NotifierTest(TrayTest):
                       "1", "[]")
         self.assertEqual(re.findall(r"'label': <'([^']*)'>", layout),
                          ["Open Tintwell", "Sample", "Quit Tintwell"])
+
+    def test_icon_follows_the_appearance(self):
+        portal = subprocess.Popen([sys.executable, "-c", SETTINGS_PORTAL], stdin=subprocess.PIPE, text=True,
+                                  stdout=subprocess.DEVNULL)
+        self.addCleanup(self.end, portal)
+        self.expect(lambda: owner_process("org.freedesktop.portal.Desktop"), "the settings")
+        self.start_with_item()
+        # A pixel in the middle of the 16 points: alpha and ink.
+        inks = ("0xff, 0x2a, 0x2a, 0x2e", "0xff, 0xf2, 0xf2, 0xf4")
+        for scheme, ink in zip((2, 1, 2), (inks[0], inks[1], inks[0])):
+            portal.stdin.write(f"{scheme}\n")
+            portal.stdin.flush()
+            self.expect(lambda ink=ink: ink in self.item_property("IconPixmap"), f"the ink for {scheme}")
 
     def test_menu_acts(self):
         process = self.start_with_item()
@@ -355,6 +419,12 @@ class NoTrayTest(ShellTest):
         self.open_other_window()
         self.assertEqual(self.start().wait(timeout=10), 0)
         self.expect(lambda: output("xdotool", "getactivewindow").strip() == window.number, "focus")
+        self.assertIsNone(process.poll())
+        self.start_trayer()
+        self.expect(embedded_item, "the item")
+        self.assertIsNotNone(panel(), "somebody asked for this window")
+        key("Escape")
+        self.expect(lambda: panel() is None, "with an item, Escape closes it")
         self.assertIsNone(process.poll())
 
 
@@ -429,10 +499,13 @@ class ArgumentsTest(ShellTest):
             self.assertIn(text, answer.stdout)
 
     def test_without_a_display(self):
-        answer = subprocess.run([PROGRAM], capture_output=True, text=True, check=False,
-                                env={"PATH": os.environ["PATH"]})
-        self.assertEqual(answer.returncode, 1)
-        self.assertIn("needs a desktop", answer.stderr)
+        for display in ({}, {"DISPLAY": ""}, {"DISPLAY": ":987"}, {"WAYLAND_DISPLAY": "wayland-none"}):
+            with self.subTest(display=display):
+                answer = subprocess.run([PROGRAM], capture_output=True, text=True, check=False,
+                                        env={"PATH": os.environ["PATH"], **display})
+                self.assertEqual(answer.returncode, os.EX_UNAVAILABLE)
+                self.assertEqual(answer.stderr.count("\n"), 1)
+                self.assertIn("needs a desktop", answer.stderr)
 
 
 if __name__ == "__main__":

@@ -13,7 +13,7 @@ namespace platform {
 
 namespace {
 
-/// The tray has placed and painted the item well before.
+/// Well before, the tray has placed the item, or painted its bar anew.
 constexpr std::chrono::milliseconds kDockingTime { 300 };
 
 } // namespace
@@ -34,6 +34,11 @@ EmbeddedItem::EmbeddedItem(
     item_.setToolTip(QString::fromStdString(content.title));
     setIcon(bar_);
     item_.show();
+    followBar();
+}
+
+void EmbeddedItem::followBar()
+{
     QTimer::singleShot(kDockingTime, &item_, [this] { matchBar(); });
 }
 

@@ -23,6 +23,8 @@ public:
 
     /// Empty while no tray has taken the item in.
     [[nodiscard]] QRect place() const { return item_.geometry(); }
+    /// Matches the icon to the bar after the tray has had the time to paint it.
+    void followBar();
 
 private:
     void setIcon(StatusIcon::Bar bar);

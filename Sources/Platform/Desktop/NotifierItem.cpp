@@ -110,14 +110,14 @@ void NotifierItem::announce()
     QDBusConnection::sessionBus().send(call);
 }
 
-void NotifierItem::Activate(int /*x*/, int /*y*/) const
+void NotifierItem::Activate(int x, int y) const
 {
-    handlers_.activated();
+    handlers_.activated({ x, y });
 }
 
-void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) const
+void NotifierItem::SecondaryActivate(int x, int y) const
 {
-    handlers_.activated();
+    handlers_.activated({ x, y });
 }
 
 void NotifierItem::ContextMenu(int /*x*/, int /*y*/) const

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QObject>
 #include <QPixmap>
+#include <QPoint>
 
 #include <functional>
 #include <memory>
@@ -59,7 +60,8 @@ class NotifierItem : public QObject {
 
 public:
     struct Handlers {
-        std::function<void()> activated;
+        /// Where the tray says that the click was, in its own coordinates; null where it does not.
+        std::function<void(QPoint)> activated;
         std::function<void()> menuWanted;
     };
 

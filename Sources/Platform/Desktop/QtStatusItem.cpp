@@ -4,12 +4,14 @@
 #include "EmbeddedItem.h"
 #include "NotifierItem.h"
 #include "StatusIcon.h"
+#include "ThemeSource.h"
 #include "TrayWatch.h"
 #include "X11Display.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QPoint>
 #include <QTimer>
 
 #include <chrono>
@@ -18,8 +20,8 @@ namespace platform {
 
 namespace {
 
-/// How long a start waits for a tray before it counts as a desktop without one. A tray that comes
-/// later is still used.
+/// How long the item waits for a tray, at the start and after one has gone, before the desktop
+/// counts as one without. A tray that comes later is still used.
 constexpr std::chrono::milliseconds kGraceTime { 2000 };
 
 class QtStatusItem final : public StatusItem {
@@ -34,10 +36,12 @@ public:
             if (notifier_)
                 notifier_->announce();
         });
-        QTimer::singleShot(kGraceTime, &watch_, [this] {
-            if (presence_ == Presence::waiting)
-                setPresence(Presence::absent);
-        });
+        QObject::connect(
+            &ThemeSource::instance(), &ThemeSource::changed, &watch_, [this] { followTheme(); });
+        QObject::connect(
+            &grace_, &QTimer::timeout, &watch_, [this] { setPresence(Presence::absent); });
+        grace_.setSingleShot(true);
+        grace_.start(kGraceTime);
         QTimer::singleShot(0, &watch_, [this] { follow(); });
     }
 
@@ -81,7 +85,8 @@ private:
     void showNotifier()
     {
         notifier_ = std::make_unique<NotifierItem>(content_, StatusIcon::themeName(content_.id),
-            NotifierItem::Handlers { [this] { activate(); }, [this] { popUpMenu(); } });
+            NotifierItem::Handlers {
+                [this](QPoint hint) { activate(hint); }, [this] { popUpMenu(); } });
         notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
         notifier_->announce();
     }
@@ -89,21 +94,35 @@ private:
     void showEmbedded()
     {
         embedded_ = std::make_unique<EmbeddedItem>(content_, icon_,
-            EmbeddedItem::Handlers { [this] { activate(); }, [this] { popUpMenu(); } });
+            EmbeddedItem::Handlers { [this] { activate({}); }, [this] { popUpMenu(); } });
     }
 
-    void activate() const
+    /// The bar mostly changes with the desktop's appearance.
+    void followTheme()
+    {
+        if (notifier_)
+            notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
+        if (embedded_)
+            embedded_->followBar();
+    }
+
+    void activate(QPoint hint) const
     {
         const auto item = place();
-        events_.activated(item ? item : pointerAnchor());
+        events_.activated(item ? item : pointerAnchor(hint));
     }
 
-    /// The pointer is on the item that it clicks; only X11 tells where that is.
-    [[nodiscard]] static std::optional<ScreenRect> pointerAnchor()
+    /// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland
+    /// desktop its emulation knows the pointer over X11 windows only, so there the tray's own hint
+    /// counts, if it gives one.
+    [[nodiscard]] static std::optional<ScreenRect> pointerAnchor(QPoint hint)
     {
         if (!X11Display::current())
             return std::nullopt;
-        const auto pointer = QCursor::pos();
+        const bool isEmulated = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+        const auto pointer = isEmulated ? hint : QCursor::pos();
+        if (isEmulated && hint.isNull())
+            return std::nullopt;
         return ScreenRect { pointer.x(), pointer.y(), 1, 1 };
     }
 
@@ -123,6 +142,10 @@ private:
         if (presence_ == presence)
             return;
         presence_ = presence;
+        if (presence == Presence::waiting)
+            grace_.start(kGraceTime);
+        else
+            grace_.stop();
         events_.presenceChanged(presence);
     }
 
@@ -130,6 +153,7 @@ private:
     Events events_;
     StatusIcon icon_;
     TrayWatch watch_;
+    QTimer grace_;
     TrayWatch::Tray tray_ = TrayWatch::Tray::unknown;
     Presence presence_ = Presence::waiting;
     std::unique_ptr<NotifierItem> notifier_;

@@ -26,7 +26,8 @@ public:
         /// No tray so far, or the tray went away.
         waiting,
         shown,
-        /// No tray turned up in the time that a desktop needs to start one; one may still come.
+        /// No tray turned up, or came back, in the time that a desktop needs to start one; one may
+        /// still come.
         absent
     };
 

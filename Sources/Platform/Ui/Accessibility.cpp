@@ -82,6 +82,11 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
         if (className == QLatin1String(entry.className))
             return new QAccessibleWidget(static_cast<QWidget*>(object), entry.role);
     }
+    // To the toolkit a plain widget is a filler, even as a window. What has no parent yet has no
+    // title either.
+    auto* widget = static_cast<QWidget*>(object);
+    if (className == QLatin1String("QWidget") && !widget->windowTitle().isEmpty())
+        return new QAccessibleWidget(widget, QAccessible::Window);
     auto* button = qobject_cast<QAbstractButton*>(object);
     if (button != nullptr && button->parent() != nullptr
         && button->parent()->inherits("platform::PopupMenu"))
