@@ -25,11 +25,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds kLimit { 20 };
-constexpr int kClicks = 9;
+constexpr std::chrono::seconds timeLimit { 20 };
+constexpr int clickCount = 9;
 /// What is smaller is an icon or a helper window.
-constexpr int kSmallestWindow = 100;
-constexpr int kIcon = 22;
+constexpr int smallestWindow = 100;
+constexpr int iconSide = 22;
 
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
@@ -97,7 +97,7 @@ public:
         std::this_thread::sleep_for(std::chrono::milliseconds(500));
         double first = 0;
         std::vector<double> later;
-        for (int round = 0; round < kClicks; ++round) {
+        for (int round = 0; round < clickCount; ++round) {
             const auto pressed = Clock::now();
             click(icon);
             const auto panel = waitForWindow();
@@ -131,7 +131,7 @@ private:
     /// Returns once an event of `type` fits; others are passed over.
     void waitFor(int type, const std::function<bool(const xcb_generic_event_t*)>& fits) const
     {
-        const auto limit = Clock::now() + kLimit;
+        const auto limit = Clock::now() + timeLimit;
         while (Clock::now() < limit) {
             const Reply<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
             if (event && (event->response_type & 0x7F) == type && fits(event.get()))
@@ -149,7 +149,7 @@ private:
             found = reinterpret_cast<const xcb_map_notify_event_t*>(event)->window;
             const Reply<xcb_get_geometry_reply_t> size(
                 xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, found), nullptr));
-            return size && size->width >= kSmallestWindow && size->height >= kSmallestWindow;
+            return size && size->width >= smallestWindow && size->height >= smallestWindow;
         });
         return found;
     }
@@ -157,7 +157,7 @@ private:
     /// The screen is black before: painted is what mostly is not.
     void waitForPaint(xcb_window_t window) const
     {
-        const auto limit = Clock::now() + kLimit;
+        const auto limit = Clock::now() + timeLimit;
         while (Clock::now() < limit) {
             const auto cookie
                 = xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 50, 90, 1, ~0U);
@@ -188,8 +188,8 @@ private:
         tray_ = xcb_generate_id(connection_);
         const std::array<std::uint32_t, 2> values { screen_->white_pixel,
             XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY };
-        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, tray_, screen_->root, 1200, 0, kIcon,
-            kIcon, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, screen_->root_visual,
+        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, tray_, screen_->root, 1200, 0,
+            iconSide, iconSide, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, screen_->root_visual,
             XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
         xcb_map_window(connection_, tray_);
         xcb_set_selection_owner(connection_, tray_, atom("_NET_SYSTEM_TRAY_S0"), XCB_CURRENT_TIME);
@@ -206,7 +206,7 @@ private:
             return message->type == opcode && message->data.data32[1] == 0;
         });
         xcb_reparent_window(connection_, icon, tray_, 0, 0);
-        const std::array<std::uint32_t, 2> size { kIcon, kIcon };
+        const std::array<std::uint32_t, 2> size { iconSide, iconSide };
         xcb_configure_window(
             connection_, icon, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size.data());
         xcb_map_window(connection_, icon);
@@ -221,10 +221,10 @@ private:
         event.detail = XCB_BUTTON_INDEX_1;
         event.root = screen_->root;
         event.event = icon;
-        event.root_x = 1200 + kIcon / 2;
-        event.root_y = kIcon / 2;
-        event.event_x = kIcon / 2;
-        event.event_y = kIcon / 2;
+        event.root_x = 1200 + iconSide / 2;
+        event.root_y = iconSide / 2;
+        event.event_x = iconSide / 2;
+        event.event_y = iconSide / 2;
         event.same_screen = 1;
         event.time = static_cast<xcb_timestamp_t>(millisecondsSince({}));
         send(icon, XCB_EVENT_MASK_BUTTON_PRESS, event);

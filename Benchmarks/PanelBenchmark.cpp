@@ -19,8 +19,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr int kPalettes = 10'000;
-constexpr int kChanges = 40;
+constexpr int paletteCount = 10'000;
+constexpr int changes = 40;
 
 /// Sees when the window has been told to paint.
 class PaintWatch : public QObject {
@@ -73,7 +73,7 @@ void fillLibrary()
 {
     const tintwell::PaletteGenerator generator;
     std::vector<tintwell::SavedPalette> palettes;
-    for (int index = 0; index < kPalettes; ++index) {
+    for (int index = 0; index < paletteCount; ++index) {
         const auto source = tintwell::RGBAColor(index % 97 / 97.0, index % 89 / 89.0, 0.6, 1);
         const auto palette = generator.generate(source);
         palettes.push_back(
@@ -87,7 +87,7 @@ void fillLibrary()
 void measureChanges(tintwell::TintwellModel& model, PaintWatch& watch)
 {
     std::vector<double> first;
-    for (int index = 0; index < kChanges; ++index) {
+    for (int index = 0; index < changes; ++index) {
         const tintwell::RGBAColor color(index * 7 % 40 / 40.0, 0.3, 0.8 - index / 80.0, 1);
         first.push_back(watch.measure([&] { model.apply(color); }));
         settle();

@@ -11,9 +11,9 @@ namespace tintwell {
 
 PanelContent makePanelContent(DesktopServices& services)
 {
-    constexpr auto kSeed = "#6E56CF";
+    constexpr auto seed = "#6E56CF";
     PanelContent content;
-    content.model = std::make_unique<TintwellModel>(RGBAColor::fromHex(kSeed).value_or(RGBAColor()),
+    content.model = std::make_unique<TintwellModel>(RGBAColor::fromHex(seed).value_or(RGBAColor()),
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
         services.forModel());
     content.view = new TintwellView(*content.model,

@@ -21,8 +21,8 @@ namespace {
 using Presence = platform::StatusItem::Presence;
 using Outcome = platform::SingleInstance::Outcome;
 
-constexpr auto kApplicationID = TINTWELL_APP_ID;
-constexpr auto kPreviewAction = "preview";
+constexpr auto applicationID = TINTWELL_APP_ID;
+constexpr auto previewAction = "preview";
 
 /// Trays are at the far end of the bar: the edge of the screen that is not available.
 QRect likelyItemPlace()
@@ -39,7 +39,7 @@ QRect likelyItemPlace()
 TintwellApp::TintwellApp(std::vector<std::string> arguments)
     : arguments_(std::move(arguments))
     , instance_(
-          kApplicationID, [this](const platform::ActivationRequest& request) { handle(request); })
+          applicationID, [this](const platform::ActivationRequest& request) { handle(request); })
     , services_({ .willShow = [this] { hideForPick(); }, .didEnd = [this] { showAfterPick(); } })
     , appDelegate_(services_, [this] { windowClosed(); })
 {
@@ -57,7 +57,7 @@ int TintwellApp::run()
 {
     const bool preview = TintwellAppDelegate::asksForPreview(arguments_);
     const auto outcome = instance_.claim(
-        platform::ActivationRequest::fromEnvironment(preview ? kPreviewAction : ""));
+        platform::ActivationRequest::fromEnvironment(preview ? previewAction : ""));
     switch (outcome) {
     case Outcome::handedOver:
         return 0;
@@ -76,7 +76,7 @@ int TintwellApp::run()
 void TintwellApp::launch()
 {
     item_ = platform::makeStatusItem(
-        { kApplicationID, "Tintwell",
+        { applicationID, "Tintwell",
             { { "Open Tintwell", [this] { showPanel(); } }, { "Sample", [this] { sample(); } },
                 { "Quit Tintwell", [] { QApplication::quit(); } } } },
         { [this](const std::optional<platform::ScreenRect>& place) { itemActivated(place); },
@@ -90,7 +90,7 @@ void TintwellApp::handle(const platform::ActivationRequest& request)
     // Qt's Wayland plugin takes the right to the focus from there.
     if (!request.token.empty())
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
-    if (request.action == kPreviewAction)
+    if (request.action == previewAction)
         appDelegate_.showPreviewWindow();
     else
         showPanel();

@@ -23,7 +23,7 @@ struct TintwellAppDelegate::WindowController {
 
 bool TintwellAppDelegate::asksForPreview(const std::vector<std::string>& arguments)
 {
-    return std::find(arguments.begin(), arguments.end(), kPreviewSwitch) != arguments.end();
+    return std::find(arguments.begin(), arguments.end(), previewSwitch) != arguments.end();
 }
 
 TintwellAppDelegate::TintwellAppDelegate(

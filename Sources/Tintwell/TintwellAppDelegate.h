@@ -16,7 +16,7 @@ namespace tintwell {
 class TintwellAppDelegate {
 public:
     /// The switch that opens the preview window; nothing but these very characters.
-    static constexpr auto kPreviewSwitch = "--preview-window";
+    static constexpr auto previewSwitch = "--preview-window";
 
     [[nodiscard]] static bool asksForPreview(const std::vector<std::string>& arguments);
 

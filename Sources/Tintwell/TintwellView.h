@@ -25,7 +25,7 @@ namespace tintwell {
 struct ViewActions {
     std::function<void()> openColorPanel;
     std::function<void()> quit;
-    DateText dateText;
+    DateFormatter dateText;
 };
 
 /// The source colour: its swatch, name and hex text, and the buttons that pick and copy it.

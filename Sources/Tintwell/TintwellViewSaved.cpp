@@ -171,7 +171,7 @@ void SavedPaletteRow::resizeEvent(QResizeEvent*)
         0, height() - separator_->sizeHint().height(), width(), separator_->sizeHint().height());
 }
 
-SavedWorkspace::SavedWorkspace(TintwellModel& model, DateText dateText, QWidget* parent)
+SavedWorkspace::SavedWorkspace(TintwellModel& model, DateFormatter dateText, QWidget* parent)
     : QWidget(parent)
     , model_(model)
     , dateText_(std::move(dateText))

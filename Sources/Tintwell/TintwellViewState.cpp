@@ -164,7 +164,7 @@ std::vector<ThemeState> themesState(const TintwellModel& model)
         themeState(model.generated().darkTheme, model.lastCopiedID()) };
 }
 
-SavedRowState savedRowState(const SavedPalette& palette, const DateText& dateText)
+SavedRowState savedRowState(const SavedPalette& palette, const DateFormatter& dateText)
 {
     SavedRowState state { palette.id, palette.name, dateText(palette.createdAt), {} };
     const auto count = std::min(mostStripColors, palette.colors.size());

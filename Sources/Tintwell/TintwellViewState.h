@@ -105,8 +105,9 @@ struct SavedRowState {
     bool operator==(const SavedRowState&) const = default;
 };
 
-using DateText = std::function<std::string(platform::Timestamp)>;
+using DateFormatter = std::function<std::string(platform::Timestamp)>;
 
-[[nodiscard]] SavedRowState savedRowState(const SavedPalette& palette, const DateText& dateText);
+[[nodiscard]] SavedRowState savedRowState(
+    const SavedPalette& palette, const DateFormatter& dateText);
 
 } // namespace tintwell

@@ -111,7 +111,7 @@ private:
 class SavedWorkspace : public QWidget, public platform::Tinted {
     Q_OBJECT
 public:
-    SavedWorkspace(TintwellModel& model, DateText dateText, QWidget* parent = nullptr);
+    SavedWorkspace(TintwellModel& model, DateFormatter dateText, QWidget* parent = nullptr);
 
     void show();
     void setTint(const platform::Tint& tint) override { tint_ = tint; }
@@ -123,7 +123,7 @@ private:
     [[nodiscard]] QWidget* makeRow(QWidget* parent);
 
     TintwellModel& model_;
-    DateText dateText_;
+    DateFormatter dateText_;
     platform::Tint tint_;
     platform::RecyclingList* list_;
     platform::ScrollArea* area_;

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr auto kHelp = R"(Usage: tintwell [--preview-window]
+constexpr auto helpText = R"(Usage: tintwell [--preview-window]
 
 Tintwell derives a complete colour system from one colour. It waits in the system tray; a second start
 shows the panel of the running one.
@@ -38,7 +38,7 @@ int main(int argc, char* argv[])
     // Before Qt takes out what it knows.
     const std::vector<std::string> arguments(argv, argv + argc);
     if (contains(arguments, "--help")) {
-        std::fputs(kHelp, stdout);
+        std::fputs(helpText, stdout);
         return EXIT_SUCCESS;
     }
     if (contains(arguments, "--version")) {

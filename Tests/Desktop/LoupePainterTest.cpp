@@ -7,14 +7,14 @@
 namespace platform {
 namespace {
 
-constexpr int kSide = 900;
+constexpr int sideSpace = 900;
 
 /// A desktop on which every pixel differs from its neighbours.
 QImage desktop()
 {
-    QImage image(kSide, kSide, QImage::Format_RGB32);
-    for (int y = 0; y < kSide; ++y)
-        for (int x = 0; x < kSide; ++x)
+    QImage image(sideSpace, sideSpace, QImage::Format_RGB32);
+    for (int y = 0; y < sideSpace; ++y)
+        for (int x = 0; x < sideSpace; ++x)
             image.setPixel(x, y, qRgb(x * 37 & 255, y * 53 & 255, (x + y) & 255));
     return image;
 }
@@ -76,7 +76,7 @@ TEST_P(LoupePainterTest, LeavesTheRestOfTheDesktopAlone)
     const QRect area(loupe.topLeft, loupe.image.size());
     for (const QPoint corner : { area.topLeft(), area.topRight(), area.bottomLeft() })
         EXPECT_EQ(shown(corner), frozen.pixel(corner));
-    for (const QPoint pixel : { QPoint(0, 0), QPoint(kSide - 1, kSide - 1) }) {
+    for (const QPoint pixel : { QPoint(0, 0), QPoint(sideSpace - 1, sideSpace - 1) }) {
         paint(pixel);
         EXPECT_TRUE(frozen.rect().contains(QRect(loupe.topLeft, loupe.image.size())));
         EXPECT_EQ(shown(pixel), frozen.pixel(pixel));
@@ -85,17 +85,17 @@ TEST_P(LoupePainterTest, LeavesTheRestOfTheDesktopAlone)
 
 TEST_P(LoupePainterTest, KeepsTheLabelOnTheMonitor)
 {
-    constexpr double kNearEdge = 95; // of the label, above or below the pointer
+    constexpr double nearEdge = 95; // of the label, above or below the pointer
     const struct {
         const char* name;
         QPoint pixel;
         double labelX;
         double labelY;
     } rows[] = {
-        { "below", { 451, 430 }, 0, kNearEdge },
-        { "above at the bottom", { 451, kSide - 60 }, 0, -kNearEdge },
-        { "pushed right at the left", { 0, 430 }, 12, kNearEdge },
-        { "pushed left at the right", { kSide - 1, 430 }, -12, kNearEdge },
+        { "below", { 451, 430 }, 0, nearEdge },
+        { "above at the bottom", { 451, sideSpace - 60 }, 0, -nearEdge },
+        { "pushed right at the left", { 0, 430 }, 12, nearEdge },
+        { "pushed left at the right", { sideSpace - 1, 430 }, -12, nearEdge },
     };
     for (const auto& row : rows) {
         for (const auto appearance : { Appearance::light, Appearance::dark }) {

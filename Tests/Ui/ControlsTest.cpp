@@ -15,7 +15,7 @@
 namespace platform {
 namespace {
 
-const Tint kTint { QColor(0x6E, 0x56, 0xCF), Qt::white, QColor(0x6E, 0x56, 0xCF), Qt::blue,
+const Tint violetTint { QColor(0x6E, 0x56, 0xCF), Qt::white, QColor(0x6E, 0x56, 0xCF), Qt::blue,
     Qt::black, false };
 
 /// A window in front in which one may press things.
@@ -38,7 +38,7 @@ protected:
     template <typename Widget> Widget* add(Widget* widget, QPoint place)
     {
         widget->setParent(&window_);
-        widget->setTint(kTint);
+        widget->setTint(violetTint);
         widget->resize(widget->sizeHint());
         widget->move(place);
         widget->show();
@@ -85,7 +85,7 @@ TEST_F(ButtonTest, FadesItsPlateInUnderThePointerAndIsDarkerAtOnceWhilePressed)
 {
     const auto& theme = themeOf(Appearance::light);
     const auto overlaid
-        = [](double opacity) { return composited(faded(Qt::black, opacity), kTint.fill); };
+        = [](double opacity) { return composited(faded(Qt::black, opacity), violetTint.fill); };
     struct Case {
         Button* button;
         QColor normal;
@@ -94,7 +94,7 @@ TEST_F(ButtonTest, FadesItsPlateInUnderThePointerAndIsDarkerAtOnceWhilePressed)
     };
     const auto cases = std::to_array<Case>({
         { add(prominentButton(QStringLiteral("Sample"), Symbol::eyedropper), { 20, 20 }),
-            kTint.fill, overlaid(0.1), overlaid(0.2) },
+            violetTint.fill, overlaid(0.1), overlaid(0.2) },
         { add(borderedIcon(Symbol::copy, QStringLiteral("Copy")), { 20, 60 }),
             onWindow(theme.controlFill), onWindow(theme.controlHover),
             onWindow(theme.controlPressed) },
@@ -139,13 +139,13 @@ TEST_F(ButtonTest, IsPressedBySpaceAndReturnButNotWhileDisabled)
     button->setEnabled(false);
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(clicked.count(), 3);
-    expectColor(plateOf(button), onWindow(faded(kTint.fill, 0.35)), "disabled");
+    expectColor(plateOf(button), onWindow(faded(violetTint.fill, 0.35)), "disabled");
 }
 
 TEST_F(ButtonTest, DrawsALineInsideATintThatHardlyShows)
 {
     auto* button = add(prominentButton(QStringLiteral("Sample"), Symbol::eyedropper), { 20, 20 });
-    auto tint = kTint;
+    auto tint = violetTint;
     tint.fill = QColor(0xF6, 0xF5, 0xF2);
     tint.ink = Qt::black;
     tint.stroked = true;
@@ -199,7 +199,7 @@ TEST_F(FocusRingTest, EndsAtTheEdgesOfItsScrollArea)
     content->setFixedSize(200, 1000);
     auto* button = new Button(ButtonStyle::bordered, {}, Symbol::copy, content);
     button->setAccessibleName(QStringLiteral("Copy"));
-    button->setTint(kTint);
+    button->setTint(violetTint);
     button->setGeometry(20, 60, 34, 28);
     auto* area = new ScrollArea(content, &window_);
     area->setGeometry(0, 100, 200, 200);
@@ -329,7 +329,7 @@ protected:
                 {},
                 { QStringLiteral("Quit"), Symbol::power,
                     [this] { chosen_ += QLatin1Char('q'); } } },
-            kTint, byKeyboard);
+            violetTint, byKeyboard);
     }
 
     static void turnEventLoop()
@@ -401,7 +401,7 @@ TEST_F(PopupMenuTest, IsChosenByThePointerAndShowsTheRowBelowIt)
     auto* quit = menu->findChildren<QAbstractButton*>()[1];
     QTest::mouseMove(quit);
     EXPECT_EQ(menu->selected(), 2);
-    EXPECT_EQ(quit->grab().toImage().pixelColor(4, 15), kTint.fill);
+    EXPECT_EQ(quit->grab().toImage().pixelColor(4, 15), violetTint.fill);
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->plate().center());
     EXPECT_TRUE(menu->isVisible());
     QTest::mouseClick(quit, Qt::LeftButton);

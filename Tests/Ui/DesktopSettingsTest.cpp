@@ -13,10 +13,10 @@
 namespace platform {
 namespace {
 
-const auto kPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto kService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto kScheme = QStringLiteral("color-scheme");
-const auto kAppearance = QStringLiteral("org.freedesktop.appearance");
+const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto schemeKey = QStringLiteral("color-scheme");
+const auto appearance = QStringLiteral("org.freedesktop.appearance");
 
 /// Answers when it is told to, as a portal that is still starting does.
 class FakePortal : public QObject, protected QDBusContext {
@@ -57,9 +57,9 @@ protected:
             = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
         ASSERT_TRUE(bus.isConnected()) << "needs a private session bus";
         portal_ = std::make_unique<FakePortal>();
-        ASSERT_TRUE(bus.registerObject(kPath, portal_.get(),
+        ASSERT_TRUE(bus.registerObject(path, portal_.get(),
             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
-        ASSERT_TRUE(bus.registerService(kService));
+        ASSERT_TRUE(bus.registerService(service));
         QObject::connect(&settings_, &DesktopSettings::changed, [this] { ++changes_; });
     }
     void TearDown() override
@@ -86,13 +86,13 @@ TEST_F(DesktopSettingsTest, ReadsOnceAndFollowsEveryChange)
 {
     settings_.start();
     ASSERT_TRUE(waitForQuestion());
-    EXPECT_TRUE(portal_->askedGroups().contains(kAppearance));
-    portal_->answer({ { kAppearance, { { kScheme, 1U } } },
+    EXPECT_TRUE(portal_->askedGroups().contains(appearance));
+    portal_->answer({ { appearance, { { schemeKey, 1U } } },
         { QStringLiteral("org.gnome.desktop.interface"),
             { { QStringLiteral("enable-animations"), false } } } });
     ASSERT_TRUE(waitForChanges(1));
     EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, true }));
-    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(2U));
+    Q_EMIT portal_->SettingChanged(appearance, schemeKey, QDBusVariant(2U));
     ASSERT_TRUE(waitForChanges(2));
     EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::light, true }));
 }
@@ -101,11 +101,11 @@ TEST_F(DesktopSettingsTest, KeepsAChangeThatOvertakesTheFirstAnswer)
 {
     settings_.start();
     ASSERT_TRUE(waitForQuestion());
-    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(1U));
+    Q_EMIT portal_->SettingChanged(appearance, schemeKey, QDBusVariant(1U));
     ASSERT_TRUE(waitForChanges(1));
     portal_->answer({ { QStringLiteral("org.gnome.desktop.interface"),
                           { { QStringLiteral("enable-animations"), false } } },
-        { kAppearance, { { kScheme, 2U } } } });
+        { appearance, { { schemeKey, 2U } } } });
     ASSERT_TRUE(waitForChanges(2));
     EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, true }));
 }
@@ -115,8 +115,8 @@ TEST_F(DesktopSettingsTest, HasNoWishesWhenTheAnswerIsNotOne)
     settings_.start();
     ASSERT_TRUE(waitForQuestion());
     portal_->answerWithNonsense();
-    Q_EMIT portal_->SettingChanged(kAppearance, QStringLiteral("contrast"), QDBusVariant(1U));
-    Q_EMIT portal_->SettingChanged(kAppearance, kScheme, QDBusVariant(1U));
+    Q_EMIT portal_->SettingChanged(appearance, QStringLiteral("contrast"), QDBusVariant(1U));
+    Q_EMIT portal_->SettingChanged(appearance, schemeKey, QDBusVariant(1U));
     ASSERT_TRUE(waitForChanges(1));
     EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, {} }));
 }
@@ -128,7 +128,7 @@ TEST_F(DesktopSettingsTest, TurnsTheWholeApplicationDark)
     source.followDesktop();
     ASSERT_TRUE(waitForQuestion());
     EXPECT_EQ(source.appearance(), Appearance::light);
-    portal_->answer({ { kAppearance, { { kScheme, 1U } } } });
+    portal_->answer({ { appearance, { { schemeKey, 1U } } } });
     EXPECT_TRUE(QTest::qWaitFor([&source] { return source.appearance() == Appearance::dark; }));
     EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(0x23, 0x23, 0x26));
 }

@@ -13,9 +13,9 @@
 namespace platform {
 namespace {
 
-constexpr Spring kSpring { .response = 0.32, .dampingFraction = 0.85, .blendDuration = 0 };
-const TextStyle kBody { .size = 11 };
-const TextStyle kCode { .size = 13, .design = FontDesign::monospaced };
+constexpr Spring testSpring { .response = 0.32, .dampingFraction = 0.85, .blendDuration = 0 };
+const TextStyle body { .size = 11 };
+const TextStyle code { .size = 13, .design = FontDesign::monospaced };
 
 /// How many pixels of a picture differ from its first one.
 int inkIn(const QImage& image)
@@ -30,9 +30,9 @@ int inkIn(const QImage& image)
 
 TEST(LineHeight, IsFixedForEverySizeOfTheDesign)
 {
-    constexpr auto kExpected = std::to_array<std::pair<double, int>>({ { 24, 29 }, { 15, 18 },
+    constexpr auto expected = std::to_array<std::pair<double, int>>({ { 24, 29 }, { 15, 18 },
         { 14, 17 }, { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 }, { 20, 24 } });
-    for (const auto& [size, height] : kExpected) {
+    for (const auto& [size, height] : expected) {
         EXPECT_EQ(lineHeightOf(size), height);
         const TextStyle style { .size = size };
         EXPECT_GT(baselineOf(style), height * 0.6);
@@ -43,7 +43,7 @@ TEST(LineHeight, IsFixedForEverySizeOfTheDesign)
 
 TEST(Label, CutsWhatDoesNotFitAndKeepsTheWholeTextForReaders)
 {
-    Label label(kBody, ColorRole::text, QStringLiteral("A rather long name of a colour"));
+    Label label(body, ColorRole::text, QStringLiteral("A rather long name of a colour"));
     const auto full = label.sizeHint();
     EXPECT_EQ(full.height(), 14);
     EXPECT_EQ(label.minimumSizeHint().width(), 0);
@@ -117,16 +117,16 @@ protected:
     void TearDown() override { clock_.releaseTime(); }
 
     MotionClock& clock_ = MotionClock::instance();
-    RollingText text_ { kCode };
+    RollingText text_ { code };
 };
 
 TEST_F(RollingTextTest, MovesOnlyChangedCellsEachALittleLaterThanTheOneToItsLeft)
 {
-    text_.rollTo(QStringLiteral("#F2C14E"), kSpring);
+    text_.rollTo(QStringLiteral("#F2C14E"), testSpring);
     clock_.advance(0.1);
     EXPECT_EQ(text_.cellProgress(0), 1);
     for (int i = 1; i < 7; ++i) {
-        EXPECT_NEAR(text_.cellProgress(i), springProgress(0.1 - 0.018 * i, kSpring), 1e-12);
+        EXPECT_NEAR(text_.cellProgress(i), springProgress(0.1 - 0.018 * i, testSpring), 1e-12);
     }
     EXPECT_LT(text_.cellProgress(6), text_.cellProgress(1));
     clock_.advance(0.45);
@@ -139,13 +139,13 @@ TEST_F(RollingTextTest, MovesOnlyChangedCellsEachALittleLaterThanTheOneToItsLeft
 TEST_F(RollingTextTest, LooksLikePlainTextBeforeAndAfter)
 {
     const auto before = text_.grab().toImage();
-    text_.rollTo(QStringLiteral("#6E56C0"), kSpring);
+    text_.rollTo(QStringLiteral("#6E56C0"), testSpring);
     const auto atStart = text_.grab().toImage();
     EXPECT_EQ(atStart.copy(0, 0, 20, 16), before.copy(0, 0, 20, 16));
     clock_.advance(0.2);
     EXPECT_NE(text_.grab().toImage(), before);
     clock_.advance(1);
-    RollingText plain(kCode, ColorRole::text, QStringLiteral("#6E56C0"));
+    RollingText plain(code, ColorRole::text, QStringLiteral("#6E56C0"));
     plain.resize(text_.size());
     EXPECT_EQ(text_.grab().toImage(), plain.grab().toImage());
 }
@@ -166,7 +166,7 @@ TEST(FadingName, ShowsTheOldTextFirstAndTheNewOneAtTheEnd)
     name.resize(200, 29);
     name.show();
     const auto old = name.grab().toImage();
-    name.fadeTo(QStringLiteral("Pale Gold"), kSpring);
+    name.fadeTo(QStringLiteral("Pale Gold"), testSpring);
     EXPECT_EQ(name.grab().toImage(), old);
     clock.advance(0.2);
     EXPECT_NE(name.grab().toImage(), old);

@@ -12,25 +12,25 @@
 namespace platform {
 namespace {
 
-constexpr Spring kSpring { .response = 0.32, .dampingFraction = 0.85, .blendDuration = 0 };
+constexpr Spring testSpring { .response = 0.32, .dampingFraction = 0.85, .blendDuration = 0 };
 
 /// Integrates x'' = w^2 (1 - x) - 2 z w x' in small steps.
 double integratedSpring(double seconds, const Spring& spring)
 {
     const auto w = 2 * std::numbers::pi / spring.response;
-    constexpr double kStep = 1e-6;
+    constexpr double step = 1e-6;
     double x = 0;
     double v = 0;
-    for (int i = 0; i < static_cast<int>(std::lround(seconds / kStep)); ++i) {
-        v += kStep * (w * w * (1 - x) - 2 * spring.dampingFraction * w * v);
-        x += kStep * v;
+    for (int i = 0; i < static_cast<int>(std::lround(seconds / step)); ++i) {
+        v += step * (w * w * (1 - x) - 2 * spring.dampingFraction * w * v);
+        x += step * v;
     }
     return x;
 }
 
 TEST(SpringProgress, AgreesWithTheEquationOfMotion)
 {
-    for (const auto& spring : { kSpring, Spring { 0.5, 0.4 }, Spring { 0.32, 1 } }) {
+    for (const auto& spring : { testSpring, Spring { 0.5, 0.4 }, Spring { 0.32, 1 } }) {
         for (const auto t : { 0.01, 0.05, 0.1, 0.2, 0.3, 0.45 })
             EXPECT_NEAR(springProgress(t, spring), integratedSpring(t, spring), 1e-3) << t;
     }
@@ -38,14 +38,14 @@ TEST(SpringProgress, AgreesWithTheEquationOfMotion)
 
 TEST(SpringProgress, StartsAtRestOvershootsALittleAndIsDoneWhenItSays)
 {
-    EXPECT_EQ(springProgress(-1, kSpring), 0);
-    EXPECT_EQ(springProgress(0, kSpring), 0);
+    EXPECT_EQ(springProgress(-1, testSpring), 0);
+    EXPECT_EQ(springProgress(0, testSpring), 0);
     EXPECT_EQ(springProgress(0.1, Spring {}), 1);
-    EXPECT_DOUBLE_EQ(springDuration(kSpring), 0.45);
-    EXPECT_NEAR(springProgress(springDuration(kSpring), kSpring), 1, 0.002);
+    EXPECT_DOUBLE_EQ(springDuration(testSpring), 0.45);
+    EXPECT_NEAR(springProgress(springDuration(testSpring), testSpring), 1, 0.002);
     double peak = 0;
     for (double t = 0; t < 1; t += 0.001)
-        peak = std::max(peak, springProgress(t, kSpring));
+        peak = std::max(peak, springProgress(t, testSpring));
     EXPECT_GT(peak, 1.001);
     EXPECT_LT(peak, 1.01);
 }
@@ -193,10 +193,10 @@ TEST_F(PageStackTest, SwitchesAtOnceWithoutASpring)
 TEST_F(PageStackTest, SlidesBothPagesTheirOwnWay)
 {
     stack_.showPage(saved_);
-    stack_.showPage(studio_, kSpring);
+    stack_.showPage(studio_, testSpring);
     EXPECT_EQ(colorAt(100), QColor(Qt::blue));
     clock_.advance(0.08);
-    const auto progress = springProgress(0.08, kSpring);
+    const auto progress = springProgress(0.08, testSpring);
     const auto seam = static_cast<int>(std::lround(200 * progress));
     ASSERT_GT(seam, 20);
     ASSERT_LT(seam, 180);
@@ -210,10 +210,10 @@ TEST_F(PageStackTest, SlidesBothPagesTheirOwnWay)
 
 TEST_F(PageStackTest, OnlyFadesAPageWithoutAnEdgeAndShowsItsChanges)
 {
-    stack_.showPage(themes_, kSpring);
+    stack_.showPage(themes_, testSpring);
     clock_.advance(0.1);
     themes_->color_ = Qt::black;
-    const auto progress = springProgress(0.1, kSpring);
+    const auto progress = springProgress(0.1, testSpring);
     const auto& ground = themeOf(Appearance::light).windowBackground;
     const auto oldPage = 200 - static_cast<int>(std::lround(200 * progress));
     EXPECT_NEAR(colorAt(oldPage + 20).red(), blended(ground, Qt::black, progress).red(), 3);

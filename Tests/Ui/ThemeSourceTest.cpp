@@ -31,24 +31,24 @@ TEST_P(Preference, IsReadFromTheDesktopsSettings)
     EXPECT_EQ(preferencesIn(groups), test.expected);
 }
 
-constexpr auto kCommon = "org.freedesktop.appearance";
-constexpr auto kGnome = "org.gnome.desktop.interface";
-constexpr auto kKde = "org.kde.kdeglobals.KDE";
+constexpr auto common = "org.freedesktop.appearance";
+constexpr auto gnome = "org.gnome.desktop.interface";
+constexpr auto kde = "org.kde.kdeglobals.KDE";
 
 INSTANTIATE_TEST_SUITE_P(Theme, Preference,
-    ::testing::Values(PreferenceCase { "no_preference", kCommon, "color-scheme", 0U, {} },
-        PreferenceCase { "dark", kCommon, "color-scheme", 1U, { Appearance::dark, {} } },
-        PreferenceCase { "light", kCommon, "color-scheme", 2U, { Appearance::light, {} } },
-        PreferenceCase { "unknown_scheme", kCommon, "color-scheme", 7U, {} },
-        PreferenceCase { "reduced_motion", kCommon, "reduced-motion", 1U, { {}, true } },
-        PreferenceCase { "motion_not_reduced", kCommon, "reduced-motion", 0U, {} },
-        PreferenceCase { "animations_off", kGnome, "enable-animations", false, { {}, true } },
-        PreferenceCase { "animations_on", kGnome, "enable-animations", true, { {}, false } },
-        PreferenceCase { "factor_zero_as_text", kKde, "AnimationDurationFactor",
-            QStringLiteral("0"), { {}, true } },
-        PreferenceCase { "factor", kKde, "AnimationDurationFactor", 0.5, { {}, false } },
+    ::testing::Values(PreferenceCase { "no_preference", common, "color-scheme", 0U, {} },
+        PreferenceCase { "dark", common, "color-scheme", 1U, { Appearance::dark, {} } },
+        PreferenceCase { "light", common, "color-scheme", 2U, { Appearance::light, {} } },
+        PreferenceCase { "unknown_scheme", common, "color-scheme", 7U, {} },
+        PreferenceCase { "reduced_motion", common, "reduced-motion", 1U, { {}, true } },
+        PreferenceCase { "motion_not_reduced", common, "reduced-motion", 0U, {} },
+        PreferenceCase { "animations_off", gnome, "enable-animations", false, { {}, true } },
+        PreferenceCase { "animations_on", gnome, "enable-animations", true, { {}, false } },
+        PreferenceCase { "factor_zero_as_text", kde, "AnimationDurationFactor", QStringLiteral("0"),
+            { {}, true } },
+        PreferenceCase { "factor", kde, "AnimationDurationFactor", 0.5, { {}, false } },
         PreferenceCase {
-            "factor_that_is_no_number", kKde, "AnimationDurationFactor", QStringLiteral("x"), {} }),
+            "factor_that_is_no_number", kde, "AnimationDurationFactor", QStringLiteral("x"), {} }),
     [](const auto& test) { return test.param.name; });
 
 class ThemeSourceTest : public ::testing::Test {

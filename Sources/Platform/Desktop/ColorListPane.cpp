@@ -18,16 +18,16 @@ namespace platform {
 
 namespace {
 
-constexpr int kTop = 20;
-constexpr int kSide = 16;
-constexpr int kBoxHeight = 30;
-constexpr int kGap = 10;
-constexpr int kListGap = 12;
-constexpr int kRowHeight = 30;
-constexpr double kRadius = 8;
-constexpr int kLensSpace = 34;
-constexpr TextStyle kBoxStyle { .size = 13 };
-constexpr TextStyle kHintStyle { .size = 12 };
+constexpr int topSpace = 20;
+constexpr int sideSpace = 16;
+constexpr int boxHeight = 30;
+constexpr int gap = 10;
+constexpr int listGap = 12;
+constexpr int rowHeight = 30;
+constexpr double radius = 8;
+constexpr int lensSpace = 34;
+constexpr TextStyle boxStyle { .size = 13 };
+constexpr TextStyle hintStyle { .size = 12 };
 
 QPen linePen(const QColor& color)
 {
@@ -83,11 +83,11 @@ protected:
             : underMouse()         ? theme.controlHover
                                    : theme.controlFill;
         paintPlate(
-            painter, rect(), kRadius, fill, hasFocus() ? theme.tertiary : theme.controlStroke);
-        const auto font = fontOf(kBoxStyle);
-        const double top = (height() - lineHeightOf(kBoxStyle)) / 2.0;
+            painter, rect(), radius, fill, hasFocus() ? theme.tertiary : theme.controlStroke);
+        const auto font = fontOf(boxStyle);
+        const double top = (height() - lineHeightOf(boxStyle)) / 2.0;
         const auto fitted = QFontMetrics(font).elidedText(text(), Qt::ElideRight, width() - 44);
-        paintText(painter, { 10, top + baselineOf(kBoxStyle) }, fitted, font,
+        paintText(painter, { 10, top + baselineOf(boxStyle) }, fitted, font,
             isEnabled() ? theme.text : theme.tertiary);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(linePen(theme.secondary));
@@ -106,9 +106,9 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     , registry_(std::move(registry))
     , handlers_(std::move(handlers))
     , button_(new ListButton(this))
-    , search_(new PlateField(kBoxStyle, kRadius, kLensSpace, kGap, this))
+    , search_(new PlateField(boxStyle, radius, lensSpace, gap, this))
     , rows_(new RecyclingList(
-          kRowHeight, [](QWidget* parentOfRow) { return new ColorRow({}, parentOfRow); },
+          rowHeight, [](QWidget* parentOfRow) { return new ColorRow({}, parentOfRow); },
           [this](QWidget& row, std::size_t index) {
               auto& colorRow = static_cast<ColorRow&>(row);
               colorRow.show(rowState(index));
@@ -119,7 +119,7 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     search_->setPlaceholderText(QStringLiteral("Search colors"));
     search_->setAccessibleName(QStringLiteral("Search colors"));
     auto* lens = new Lens(search_);
-    lens->setGeometry(0, 0, kLensSpace, kBoxHeight);
+    lens->setGeometry(0, 0, lensSpace, boxHeight);
     connect(search_, &QLineEdit::textChanged, this, [this] {
         scroller_->scrollToTop();
         filter();
@@ -129,11 +129,11 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
 
 void ColorListPane::resizeEvent(QResizeEvent* /*event*/)
 {
-    const int inside = width() - 2 * kSide;
-    button_->setGeometry(kSide, kTop, inside, kBoxHeight);
-    search_->setGeometry(kSide, kTop + kBoxHeight + kGap, inside, kBoxHeight);
-    const int listTop = kTop + 2 * kBoxHeight + kGap + kListGap;
-    scroller_->setGeometry(kSide, listTop, inside, height() - listTop);
+    const int inside = width() - 2 * sideSpace;
+    button_->setGeometry(sideSpace, topSpace, inside, boxHeight);
+    search_->setGeometry(sideSpace, topSpace + boxHeight + gap, inside, boxHeight);
+    const int listTop = topSpace + 2 * boxHeight + gap + listGap;
+    scroller_->setGeometry(sideSpace, listTop, inside, height() - listTop);
 }
 
 void ColorListPane::showEvent(QShowEvent* /*event*/)
@@ -245,7 +245,7 @@ void ColorListPane::paintEvent(QPaintEvent* /*event*/)
     if (!matches_.empty())
         return;
     QPainter painter(this);
-    painter.setFont(fontOf(kHintStyle));
+    painter.setFont(fontOf(hintStyle));
     painter.setPen(currentTheme().tertiary);
     const auto hint = lists_.empty() ? QStringLiteral("Save + Install puts a palette here.")
                                      : QStringLiteral("No color is called that.");

@@ -16,25 +16,25 @@ namespace platform {
 
 namespace {
 
-constexpr QRect kWheel { 20, 20, 208, 208 };
+constexpr QRect wheelArea { 20, 20, 208, 208 };
 /// With the room that the knob takes on either side of its 18.
-constexpr QRect kBrightness { 238, 20, 24, 208 };
-constexpr QRect kPreview { 272, 20, 44, 208 };
-constexpr double kPreviewRadius = 10;
-constexpr int kChannelTop = 244;
-constexpr int kChannelStep = 35;
-constexpr int kRowHeight = 26;
+constexpr QRect brightnessArea { 238, 20, 24, 208 };
+constexpr QRect preview { 272, 20, 44, 208 };
+constexpr double previewRadius = 10;
+constexpr int channelTop = 244;
+constexpr int channelStep = 35;
+constexpr int rowHeight = 26;
 /// With the room that the knob takes on either side of 198.
-constexpr int kTrackLeft = 52;
-constexpr int kTrackWidth = 206;
-constexpr int kFieldLeft = 264;
-constexpr int kFieldWidth = 52;
-constexpr QRect kHex { 56, 389, 260, 28 };
-constexpr int kLabelLeft = 20;
-constexpr double kFieldRadius = 6;
-constexpr TextStyle kLabelStyle { .size = 13 };
-constexpr TextStyle kNumberStyle { .size = 13 };
-constexpr TextStyle kHexStyle { .size = 13, .design = FontDesign::monospaced };
+constexpr int trackLeft = 52;
+constexpr int trackWidth = 206;
+constexpr int fieldLeft = 264;
+constexpr int fieldWidth = 52;
+constexpr QRect hexArea { 56, 389, 260, 28 };
+constexpr int labelLeft = 20;
+constexpr double fieldRadius = 6;
+constexpr TextStyle labelStyle { .size = 13 };
+constexpr TextStyle numberStyle { .size = 13 };
+constexpr TextStyle hexStyle { .size = 13, .design = FontDesign::monospaced };
 
 struct ChannelRule {
     const char16_t* label;
@@ -44,23 +44,23 @@ struct ChannelRule {
 };
 
 // clang-format off
-constexpr std::array kChannels {
+constexpr std::array channels {
     ChannelRule { u"R", u"Red",   &QColor::redF,   &QColor::setRedF },
     ChannelRule { u"G", u"Green", &QColor::greenF, &QColor::setGreenF },
     ChannelRule { u"B", u"Blue",  &QColor::blueF,  &QColor::setBlueF },
     ChannelRule { u"A", u"Alpha", &QColor::alphaF, &QColor::setAlphaF },
 };
 // clang-format on
-constexpr std::size_t kAlpha = 3;
+constexpr std::size_t alpha = 3;
 
 QRect channelRow(std::size_t index)
 {
-    return { kLabelLeft, kChannelTop + static_cast<int>(index) * kChannelStep, 0, kRowHeight };
+    return { labelLeft, channelTop + static_cast<int>(index) * channelStep, 0, rowHeight };
 }
 
 QColor with(QColor color, std::size_t channel, double value)
 {
-    (color.*kChannels[channel].set)(static_cast<float>(value));
+    (color.*channels[channel].set)(static_cast<float>(value));
     return color;
 }
 
@@ -91,13 +91,13 @@ ColorMixer::ColorMixer(QWidget* parent)
     , brightness_(
           Qt::Vertical, QStringLiteral("Brightness"),
           [this](double value) { setHsv(hue_, saturation_, value); }, this)
-    , hex_(kHexStyle, kFieldRadius, 10, 10, this)
+    , hex_(hexStyle, fieldRadius, 10, 10, this)
 {
-    wheel_.setGeometry(kWheel);
-    brightness_.setGeometry(kBrightness);
+    wheel_.setGeometry(wheelArea);
+    brightness_.setGeometry(brightnessArea);
     for (std::size_t index = 0; index < channels_.size(); ++index)
         makeChannel(index);
-    hex_.setGeometry(kHex);
+    hex_.setGeometry(hexArea);
     hex_.setAccessibleName(QStringLiteral("Hex"));
     connect(&hex_, &QLineEdit::editingFinished, this, [this] { readHex(); });
     setColor(color_);
@@ -105,14 +105,14 @@ ColorMixer::ColorMixer(QWidget* parent)
 
 void ColorMixer::makeChannel(std::size_t index)
 {
-    const auto name = QString::fromUtf16(kChannels[index].name);
+    const auto name = QString::fromUtf16(channels[index].name);
     const auto row = channelRow(index);
     auto& channel = channels_[index];
     channel.slider = new ColorSlider(
         Qt::Horizontal, name, [this, index](double value) { setChannel(index, value); }, this);
-    channel.slider->setGeometry(kTrackLeft, row.y(), kTrackWidth, kRowHeight);
-    channel.field = new PlateField(kNumberStyle, kFieldRadius, 4, 9, this);
-    channel.field->setGeometry(kFieldLeft, row.y(), kFieldWidth, kRowHeight);
+    channel.slider->setGeometry(trackLeft, row.y(), trackWidth, rowHeight);
+    channel.field = new PlateField(numberStyle, fieldRadius, 4, 9, this);
+    channel.field->setGeometry(fieldLeft, row.y(), fieldWidth, rowHeight);
     channel.field->setAlignment(Qt::AlignRight);
     channel.field->setAccessibleName(name);
     channel.field->setValidator(new QIntValidator(0, 255, channel.field));
@@ -167,8 +167,8 @@ void ColorMixer::showColor()
     wheel_.show(hue_, saturation_, opaque);
     brightness_.show(color_.valueF(), Qt::black, brightest);
     for (std::size_t index = 0; index < channels_.size(); ++index) {
-        const auto& base = index == kAlpha ? color_ : opaque;
-        const double value = (color_.*kChannels[index].value)();
+        const auto& base = index == alpha ? color_ : opaque;
+        const double value = (color_.*channels[index].value)();
         channels_[index].slider->show(value, with(base, index, 0), with(base, index, 1));
         const auto number = QString::number(std::lround(value * 255));
         if (channels_[index].field->text() != number)
@@ -184,20 +184,20 @@ void ColorMixer::paintEvent(QPaintEvent* /*event*/)
     const auto& theme = currentTheme();
     if (color_.alpha() < 255) {
         painter.save();
-        painter.setClipPath(smoothRoundedRect(kPreview, kPreviewRadius));
-        paintChecker(painter, kPreview, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA), 6);
+        painter.setClipPath(smoothRoundedRect(preview, previewRadius));
+        paintChecker(painter, preview, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA), 6);
         painter.restore();
     }
-    paintPlate(painter, kPreview, kPreviewRadius, color_, theme.swatchEdge, 0.75);
+    paintPlate(painter, preview, previewRadius, color_, theme.swatchEdge, 0.75);
 
     const auto label = [&](const QRect& row, const QString& text) {
-        const double top = row.y() + (row.height() - lineHeightOf(kLabelStyle)) / 2.0;
-        paintText(painter, { kLabelLeft, top + baselineOf(kLabelStyle) }, text, fontOf(kLabelStyle),
+        const double top = row.y() + (row.height() - lineHeightOf(labelStyle)) / 2.0;
+        paintText(painter, { labelLeft, top + baselineOf(labelStyle) }, text, fontOf(labelStyle),
             theme.secondary);
     };
     for (std::size_t index = 0; index < channels_.size(); ++index)
-        label(channelRow(index), QString::fromUtf16(kChannels[index].label));
-    label(kHex, QStringLiteral("Hex"));
+        label(channelRow(index), QString::fromUtf16(channels[index].label));
+    label(hexArea, QStringLiteral("Hex"));
 }
 
 } // namespace platform

@@ -18,15 +18,15 @@ namespace platform {
 
 namespace {
 
-constexpr double kRowRadius = 7;
-constexpr double kSwatch = 20;
-constexpr double kSwatchRadius = 5;
-constexpr double kLeading = 8;
-constexpr double kGap = 10;
-constexpr double kTrailing = 10;
-constexpr double kDragDistance = 3;
-constexpr TextStyle kNameStyle { .size = 12, .weight = QFont::Medium };
-constexpr TextStyle kHexStyle { .size = 11, .design = FontDesign::monospaced };
+constexpr double rowRadius = 7;
+constexpr double swatch = 20;
+constexpr double swatchRadius = 5;
+constexpr double leading = 8;
+constexpr double gap = 10;
+constexpr double trailing = 10;
+constexpr double dragDistance = 3;
+constexpr TextStyle nameStyle { .size = 12, .weight = QFont::Medium };
+constexpr TextStyle hexStyle { .size = 11, .design = FontDesign::monospaced };
 
 void drawLine(QPainter& painter, const TextStyle& style, double x, double rowHeight,
     const QColor& color, const QString& text)
@@ -63,12 +63,12 @@ void ColorRow::paintSwatch(QPainter& painter, const QRectF& box) const
 {
     if (state_.color.alpha() < 255) {
         painter.save();
-        painter.setClipPath(smoothRoundedRect(box, kSwatchRadius));
+        painter.setClipPath(smoothRoundedRect(box, swatchRadius));
         paintChecker(painter, box, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA));
         painter.restore();
     }
     const auto edge = state_.selected ? faded(state_.ink, 0.5) : currentTheme().swatchEdge;
-    paintPlate(painter, box, kSwatchRadius, state_.color, edge, state_.selected ? 1 : 0.75);
+    paintPlate(painter, box, swatchRadius, state_.color, edge, state_.selected ? 1 : 0.75);
 }
 
 void ColorRow::paintEvent(QPaintEvent* /*event*/)
@@ -78,19 +78,19 @@ void ColorRow::paintEvent(QPaintEvent* /*event*/)
     auto opaque = state_.color;
     opaque.setAlpha(255);
     if (state_.selected)
-        paintPlate(painter, rect(), kRowRadius, opaque);
+        paintPlate(painter, rect(), rowRadius, opaque);
     else if (hasFocus())
-        paintPlate(painter, rect(), kRowRadius, theme.controlHover);
-    paintSwatch(painter, { kLeading, (height() - kSwatch) / 2, kSwatch, kSwatch });
+        paintPlate(painter, rect(), rowRadius, theme.controlHover);
+    paintSwatch(painter, { leading, (height() - swatch) / 2, swatch, swatch });
 
     const auto hex = hexText(state_.color);
-    const double hexWidth = QFontMetricsF(fontOf(kHexStyle)).horizontalAdvance(hex);
-    const double hexX = width() - kTrailing - hexWidth;
-    const double nameX = kLeading + kSwatch + kGap;
-    const auto name = QFontMetricsF(fontOf(kNameStyle))
-                          .elidedText(state_.name, Qt::ElideRight, hexX - kGap - nameX);
-    drawLine(painter, kNameStyle, nameX, height(), state_.selected ? state_.ink : theme.text, name);
-    drawLine(painter, kHexStyle, hexX, height(),
+    const double hexWidth = QFontMetricsF(fontOf(hexStyle)).horizontalAdvance(hex);
+    const double hexX = width() - trailing - hexWidth;
+    const double nameX = leading + swatch + gap;
+    const auto name = QFontMetricsF(fontOf(nameStyle))
+                          .elidedText(state_.name, Qt::ElideRight, hexX - gap - nameX);
+    drawLine(painter, nameStyle, nameX, height(), state_.selected ? state_.ink : theme.text, name);
+    drawLine(painter, hexStyle, hexX, height(),
         state_.selected ? faded(state_.ink, 0.8) : theme.tertiary, hex);
 }
 
@@ -102,7 +102,7 @@ void ColorRow::mousePressEvent(QMouseEvent* event)
 
 void ColorRow::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!press_ || QLineF(*press_, event->position()).length() <= kDragDistance)
+    if (!press_ || QLineF(*press_, event->position()).length() <= dragDistance)
         return;
     press_.reset();
     const ColorContent content { { state_.color.redF(), state_.color.greenF(), state_.color.blueF(),
@@ -128,13 +128,13 @@ void ColorRow::keyPressEvent(QKeyEvent* event)
 
 QPixmap ColorRow::dragPicture() const
 {
-    constexpr int kSide = 28;
+    constexpr int sideSpace = 28;
     const auto ratio = devicePixelRatioF();
-    QPixmap picture(QSize(kSide, kSide) * ratio);
+    QPixmap picture(QSize(sideSpace, sideSpace) * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    paintSwatch(painter, QRectF(1, 1, kSide - 2, kSide - 2));
+    paintSwatch(painter, QRectF(1, 1, sideSpace - 2, sideSpace - 2));
     return picture;
 }
 

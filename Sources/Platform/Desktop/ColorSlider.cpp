@@ -16,17 +16,17 @@ namespace platform {
 
 namespace {
 
-constexpr double kTrackHeight = 10;
-constexpr double kKnobRadius = 8;
+constexpr double trackHeight = 10;
+constexpr double knobRadius = 8;
 /// Between the end of a lying track and the knob's outermost centre.
-constexpr double kKnobInset = 6;
+constexpr double knobInset = 6;
 /// Room for the knob and its shadow at the ends of a lying track.
-constexpr double kLyingOverhang = 4;
-constexpr QSizeF kUprightKnob { 24, 10 };
+constexpr double lyingOverhang = 4;
+constexpr QSizeF uprightKnob { 24, 10 };
 /// Room for the knob beside the upright track.
-constexpr double kUprightOverhang = 3;
-constexpr int kSteps = 255;
-constexpr int kManySteps = 10;
+constexpr double uprightOverhang = 3;
+constexpr int stepCount = 255;
+constexpr int manySteps = 10;
 
 /// Three rings stand in for a blur that nobody could tell from them at this size.
 void paintKnobShadow(QPainter& painter, const QRectF& shape)
@@ -56,9 +56,9 @@ void paintKnob(QPainter& painter, QPointF centre, double radius, const QColor& f
     painter.setBrush(Qt::white);
     painter.drawEllipse(shape);
     if (fill.isValid()) {
-        constexpr double kRing = 2.5;
+        constexpr double ringBands = 2.5;
         painter.setBrush(fill);
-        painter.drawEllipse(shape.adjusted(kRing, kRing, -kRing, -kRing));
+        painter.drawEllipse(shape.adjusted(ringBands, ringBands, -ringBands, -ringBands));
     }
     if (focused)
         paintFocus(painter, shape);
@@ -85,20 +85,20 @@ void ColorSlider::show(double value, const QColor& low, const QColor& high)
 QRectF ColorSlider::track() const
 {
     if (orientation_ == Qt::Vertical)
-        return QRectF(rect()).adjusted(kUprightOverhang, 0, -kUprightOverhang, 0);
-    return { kLyingOverhang, (height() - kTrackHeight) / 2, width() - 2 * kLyingOverhang,
-        kTrackHeight };
+        return QRectF(rect()).adjusted(uprightOverhang, 0, -uprightOverhang, 0);
+    return { lyingOverhang, (height() - trackHeight) / 2, width() - 2 * lyingOverhang,
+        trackHeight };
 }
 
 QLineF ColorSlider::way() const
 {
     const auto bar = track();
     if (orientation_ == Qt::Vertical) {
-        const double inset = kUprightKnob.height() / 2;
+        const double inset = uprightKnob.height() / 2;
         return { bar.center().x(), bar.bottom() - inset, bar.center().x(), bar.top() + inset };
     }
     const double y = bar.center().y();
-    return { bar.left() + kKnobInset, y, bar.right() - kKnobInset, y };
+    return { bar.left() + knobInset, y, bar.right() - knobInset, y };
 }
 
 void ColorSlider::paintEvent(QPaintEvent* /*event*/)
@@ -122,10 +122,10 @@ void ColorSlider::paintEvent(QPaintEvent* /*event*/)
 
     const auto centre = way().pointAt(value_);
     if (orientation_ == Qt::Horizontal) {
-        paintKnob(painter, centre, kKnobRadius, QColor(), hasFocus());
+        paintKnob(painter, centre, knobRadius, QColor(), hasFocus());
         return;
     }
-    QRectF knob(QPointF(), kUprightKnob);
+    QRectF knob(QPointF(), uprightKnob);
     knob.moveCenter(centre);
     paintKnobShadow(painter, knob);
     painter.fillPath(capsule(knob), Qt::white);
@@ -154,12 +154,12 @@ void ColorSlider::moveTo(QPointF position)
 
 void ColorSlider::moveBy(int steps)
 {
-    moved_(std::clamp(value_ + steps / static_cast<double>(kSteps), 0.0, 1.0));
+    moved_(std::clamp(value_ + steps / static_cast<double>(stepCount), 0.0, 1.0));
 }
 
 void ColorSlider::keyPressEvent(QKeyEvent* event)
 {
-    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? kManySteps : 1;
+    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? manySteps : 1;
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Down:
@@ -168,13 +168,13 @@ void ColorSlider::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Up:
         return moveBy(step);
     case Qt::Key_PageDown:
-        return moveBy(-kManySteps);
+        return moveBy(-manySteps);
     case Qt::Key_PageUp:
-        return moveBy(kManySteps);
+        return moveBy(manySteps);
     case Qt::Key_Home:
-        return moveBy(-kSteps);
+        return moveBy(-stepCount);
     case Qt::Key_End:
-        return moveBy(kSteps);
+        return moveBy(stepCount);
     default:
         QWidget::keyPressEvent(event);
     }

@@ -15,10 +15,10 @@ namespace platform {
 
 namespace {
 
-constexpr double kTurn = 2 * std::numbers::pi;
-constexpr double kKnobRadius = 9;
+constexpr double fullTurn = 2 * std::numbers::pi;
+constexpr double knobRadius = 9;
 /// The part of the wheel's radius that an arrow key moves the knob by.
-constexpr double kKeyStep = 0.02;
+constexpr double keyStep = 0.02;
 
 QRgb discPixel(double x, double y, double radius)
 {
@@ -26,7 +26,7 @@ QRgb discPixel(double x, double y, double radius)
     const double edge = std::clamp(radius - distance + 0.5, 0.0, 1.0);
     if (edge <= 0)
         return 0;
-    const double turn = std::atan2(-y, x) / kTurn;
+    const double turn = std::atan2(-y, x) / fullTurn;
     const auto color = QColor::fromHsvF(static_cast<float>(turn < 0 ? turn + 1 : turn),
         static_cast<float>(std::min(1.0, distance / radius)), 1);
     return qPremultiply(
@@ -66,8 +66,8 @@ void ColorWheel::show(double hue, double saturation, const QColor& shown)
 QPointF ColorWheel::knob() const
 {
     const double distance = saturation_ * radius();
-    return { radius() + distance * std::cos(hue_ * kTurn),
-        radius() - distance * std::sin(hue_ * kTurn) };
+    return { radius() + distance * std::cos(hue_ * fullTurn),
+        radius() - distance * std::sin(hue_ * fullTurn) };
 }
 
 void ColorWheel::paintEvent(QPaintEvent* /*event*/)
@@ -78,7 +78,7 @@ void ColorWheel::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawImage(QRectF(rect()), disc_);
-    paintKnob(painter, knob(), kKnobRadius, shown_, hasFocus());
+    paintKnob(painter, knob(), knobRadius, shown_, hasFocus());
 }
 
 void ColorWheel::mousePressEvent(QMouseEvent* event)
@@ -93,7 +93,7 @@ void ColorWheel::mouseMoveEvent(QMouseEvent* event)
 
 void ColorWheel::keyPressEvent(QKeyEvent* event)
 {
-    const double step = kKeyStep * radius();
+    const double step = keyStep * radius();
     switch (event->key()) {
     case Qt::Key_Left:
         return pickAt(knob() + QPointF(-step, 0));
@@ -112,7 +112,7 @@ void ColorWheel::pickAt(QPointF position)
 {
     const auto offset = position - QPointF(radius(), radius());
     const double distance = std::min(1.0, std::hypot(offset.x(), offset.y()) / radius());
-    double turn = std::atan2(-offset.y(), offset.x()) / kTurn;
+    double turn = std::atan2(-offset.y(), offset.x()) / fullTurn;
     if (turn < 0)
         turn += 1;
     // The middle has every hue; it keeps the one that was.

@@ -13,7 +13,7 @@ namespace platform {
 namespace {
 
 /// What a title bar and borders take at most.
-constexpr QSize kDecoration { 8, 40 };
+constexpr QSize decoration { 8, 40 };
 
 } // namespace
 
@@ -39,7 +39,7 @@ void ContentWindow::setContent(QWidget* content)
 void ContentWindow::fitToScreen()
 {
     const auto room = QGuiApplication::primaryScreen()->availableGeometry();
-    const auto size = viewport_.sizeHint().boundedTo(room.size() - kDecoration);
+    const auto size = viewport_.sizeHint().boundedTo(room.size() - decoration);
     viewport_.resize(size);
     setFixedSize(size);
     if (!isVisible())

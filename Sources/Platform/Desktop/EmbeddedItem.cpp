@@ -14,7 +14,7 @@ namespace platform {
 namespace {
 
 /// Well before, the tray has placed the item, or painted its bar anew.
-constexpr std::chrono::milliseconds kDockingTime { 300 };
+constexpr std::chrono::milliseconds dockingTime { 300 };
 
 } // namespace
 
@@ -39,7 +39,7 @@ EmbeddedItem::EmbeddedItem(
 
 void EmbeddedItem::followBar()
 {
-    QTimer::singleShot(kDockingTime, &item_, [this] { matchBar(); });
+    QTimer::singleShot(dockingTime, &item_, [this] { matchBar(); });
 }
 
 void EmbeddedItem::setIcon(StatusIcon::Bar bar)

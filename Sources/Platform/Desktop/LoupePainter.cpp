@@ -18,32 +18,32 @@ namespace platform {
 namespace {
 
 // Lengths are in points; radii are measured from the centre of the ring.
-constexpr int kCells = 11;
-constexpr double kCell = 12;
-constexpr double kLensRadius = 66;
-constexpr double kBandRadius = 75.5;
-constexpr double kLabelDistance = 88;
-constexpr double kLabelHeight = 47;
-constexpr double kLabelHeightWithoutName = 32;
-constexpr double kLabelPadding = 14;
-constexpr double kLabelRadius = 10;
-constexpr double kLabelOutline = 0.75;
-constexpr double kHexBaseline = 20.75;
-constexpr double kNameBaseline = 35.5;
-constexpr double kHexSize = 13;
-constexpr double kNameSize = 11;
+constexpr int cells = 11;
+constexpr double cellPoints = 12;
+constexpr double lensRadius = 66;
+constexpr double bandRadius = 75.5;
+constexpr double labelDistance = 88;
+constexpr double labelHeight = 47;
+constexpr double labelHeightWithoutName = 32;
+constexpr double labelPadding = 14;
+constexpr double labelRadius = 10;
+constexpr double labelOutline = 0.75;
+constexpr double hexBaseline = 20.75;
+constexpr double nameBaseline = 35.5;
+constexpr double hexSize = 13;
+constexpr double nameSize = 11;
 // As far as any shadow can be seen.
-constexpr double kReach = 140;
+constexpr double fullReach = 140;
 
 struct Disc {
     double radius;
     QColor color; // invalid: the picked colour
 };
 
-const std::array kRing {
+const std::array ringBands {
     Disc { 77.5, QColor(0, 0, 0, 46) },
     Disc { 77, Qt::white },
-    Disc { kBandRadius, QColor() },
+    Disc { bandRadius, QColor() },
     Disc { 67.5, Qt::white },
 };
 
@@ -53,8 +53,8 @@ struct Shadow {
     double opacity;
 };
 
-constexpr std::array kRingShadows { Shadow { 8, 16, 0.28 }, Shadow { 1, 1.5, 0.22 } };
-constexpr Shadow kLabelShadow { 6, 9, 0.22 };
+constexpr std::array ringShadows { Shadow { 8, 16, 0.28 }, Shadow { 1, 1.5, 0.22 } };
+constexpr Shadow labelShadow { 6, 9, 0.22 };
 
 /// How much of a Gaussian of deviation `sigma` lies below `x`.
 double gaussianBelow(double x, double sigma)
@@ -94,12 +94,12 @@ void paintBoxShadow(QPainter& painter, const QRectF& box, const Shadow& shadow, 
 QImage magnified(const QImage& frozen, QPoint pixel, double scale)
 {
     const int cell = LoupePainter::cellSize(scale);
-    QImage lens(kCells * cell, kCells * cell, QImage::Format_RGB32);
+    QImage lens(cells * cell, cells * cell, QImage::Format_RGB32);
     lens.fill(Qt::black);
     QPainter painter(&lens);
-    for (int row = 0; row < kCells; ++row) {
-        for (int column = 0; column < kCells; ++column) {
-            const QPoint at = pixel + QPoint(column - kCells / 2, row - kCells / 2);
+    for (int row = 0; row < cells; ++row) {
+        for (int column = 0; column < cells; ++column) {
+            const QPoint at = pixel + QPoint(column - cells / 2, row - cells / 2);
             if (frozen.rect().contains(at))
                 painter.fillRect(column * cell, row * cell, cell, cell, frozen.pixelColor(at));
         }
@@ -109,7 +109,7 @@ QImage magnified(const QImage& frozen, QPoint pixel, double scale)
     const int width = std::max(1, static_cast<int>(std::lround(wanted)));
     QColor line(128, 128, 128);
     line.setAlphaF(static_cast<float>(0.22 * std::min(1.0, wanted / width)));
-    for (int index = 1; index < kCells; ++index) {
+    for (int index = 1; index < cells; ++index) {
         painter.fillRect(index * cell, 0, width, lens.height(), line);
         painter.fillRect(0, index * cell, lens.width(), width, line);
     }
@@ -122,7 +122,7 @@ void paintRing(
     painter.setPen(Qt::NoPen);
     const auto disc
         = [&](double radius) { painter.drawEllipse(centre, radius * scale, radius * scale); };
-    for (const auto& each : kRing) {
+    for (const auto& each : ringBands) {
         painter.setBrush(each.color.isValid() ? each.color : picked);
         disc(each.radius);
     }
@@ -130,13 +130,13 @@ void paintRing(
     pixels.setTransform(QTransform::fromTranslate(
         centre.x() - lens.width() / 2.0, centre.y() - lens.height() / 2.0));
     painter.setBrush(pixels);
-    disc(kLensRadius);
+    disc(lensRadius);
 
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(QColor(0, 0, 0, 28), 0.5 * scale));
-    disc(kBandRadius);
+    disc(bandRadius);
     painter.setPen(QPen(QColor(0, 0, 0, 61), 0.5 * scale));
-    disc(kLensRadius);
+    disc(lensRadius);
 }
 
 /// The frame of the centre cell; its widths are whole device pixels, so that its sides stay sharp.
@@ -169,20 +169,20 @@ Label layOutLabel(const ColorDescription& description, QPointF centre, const Lou
     const double scale = monitor.scale;
     Label label;
     label.hexFont = fontOf(
-        { .size = kHexSize * scale, .weight = QFont::Medium, .design = FontDesign::monospaced });
-    label.nameFont = fontOf({ .size = kNameSize * scale });
+        { .size = hexSize * scale, .weight = QFont::Medium, .design = FontDesign::monospaced });
+    label.nameFont = fontOf({ .size = nameSize * scale });
     label.hex = QString::fromStdString(description.hex);
     label.name = QString::fromStdString(description.name);
     const double text = std::max(QFontMetricsF(label.hexFont).horizontalAdvance(label.hex),
         QFontMetricsF(label.nameFont).horizontalAdvance(label.name));
-    const double width = 2 * std::ceil(text / 2 + kLabelPadding * scale);
+    const double width = 2 * std::ceil(text / 2 + labelPadding * scale);
     const double height
-        = std::round((label.name.isEmpty() ? kLabelHeightWithoutName : kLabelHeight) * scale);
-    const double margin = std::ceil(kLabelOutline * scale);
+        = std::round((label.name.isEmpty() ? labelHeightWithoutName : labelHeight) * scale);
+    const double margin = std::ceil(labelOutline * scale);
     const QRectF room = QRectF(monitor.geometry).adjusted(margin, margin, -margin, -margin);
 
-    const double below = std::round(centre.y() + kLabelDistance * scale);
-    const double above = std::round(centre.y() - kLabelDistance * scale - height);
+    const double below = std::round(centre.y() + labelDistance * scale);
+    const double above = std::round(centre.y() - labelDistance * scale - height);
     const double top = below + height <= room.bottom() || above < room.top() ? below : above;
     const double left = std::round(centre.x() - width / 2);
     label.box
@@ -192,14 +192,14 @@ Label layOutLabel(const ColorDescription& description, QPointF centre, const Lou
 
 void paintLabel(QPainter& painter, const Label& label, const Theme& theme, double scale)
 {
-    paintBoxShadow(painter, label.box.translated(0, kLabelShadow.y * scale), kLabelShadow, scale);
-    const double outline = kLabelOutline * scale;
+    paintBoxShadow(painter, label.box.translated(0, labelShadow.y * scale), labelShadow, scale);
+    const double outline = labelOutline * scale;
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme.menuOutline);
     painter.drawPath(smoothRoundedRect(
-        label.box.adjusted(-outline, -outline, outline, outline), kLabelRadius * scale + outline));
+        label.box.adjusted(-outline, -outline, outline, outline), labelRadius * scale + outline));
     painter.setBrush(theme.menuBackground);
-    painter.drawPath(smoothRoundedRect(label.box, kLabelRadius * scale));
+    painter.drawPath(smoothRoundedRect(label.box, labelRadius * scale));
 
     const auto line
         = [&](const QFont& font, const QString& text, double baseline, const QColor& ink) {
@@ -210,8 +210,8 @@ void paintLabel(QPainter& painter, const Label& label, const Theme& theme, doubl
                                    label.box.top() + std::round(baseline * scale)),
                   text);
           };
-    line(label.hexFont, label.hex, kHexBaseline, theme.text);
-    line(label.nameFont, label.name, kNameBaseline, theme.secondary);
+    line(label.hexFont, label.hex, hexBaseline, theme.text);
+    line(label.nameFont, label.name, nameBaseline, theme.secondary);
 }
 
 } // namespace
@@ -223,20 +223,20 @@ LoupePainter::LoupePainter(const Theme& theme)
 
 int LoupePainter::cellSize(double scale)
 {
-    return static_cast<int>(std::lround(kCell * scale));
+    return static_cast<int>(std::lround(cellPoints * scale));
 }
 
 const QImage& LoupePainter::ringShadow(double scale)
 {
     if (ringShadowScale_ == scale)
         return ringShadow_;
-    const int reach = static_cast<int>(std::ceil(kReach * scale));
+    const int reach = static_cast<int>(std::ceil(fullReach * scale));
     QImage image(2 * reach, 2 * reach, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < image.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             double light = 1;
-            for (const auto& shadow : kRingShadows) {
+            for (const auto& shadow : ringShadows) {
                 const double distance
                     = std::hypot(x + 0.5 - reach, y + 0.5 - reach - shadow.y * scale);
                 light *= 1
@@ -259,9 +259,9 @@ LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const Loupe
     const QPointF centre = QRectF(centreCell).center();
     const Label label = layOutLabel(description, centre, monitor);
 
-    const double reach = kReach * scale;
+    const double reach = fullReach * scale;
     const QRectF around(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach);
-    const double labelReach = (kLabelShadow.y + 3 * kLabelShadow.sigma) * scale;
+    const double labelReach = (labelShadow.y + 3 * labelShadow.sigma) * scale;
     const QRect area
         = around.united(label.box.adjusted(-labelReach, -labelReach, labelReach, labelReach))
               .toAlignedRect()

@@ -68,7 +68,7 @@ void LoupeWindow::createCursor()
 
 void LoupeWindow::createWindow()
 {
-    constexpr std::string_view kTitle = "Loupe";
+    constexpr std::string_view title = "Loupe";
     xcb_connection_t* connection = display_.connection();
     window_ = xcb_generate_id(connection);
     const std::array<std::uint32_t, 4> values { background_, /*override_redirect=*/1,
@@ -80,7 +80,7 @@ void LoupeWindow::createWindow()
         XCB_CW_BACK_PIXMAP | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_CURSOR,
         values.data());
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NAME,
-        XCB_ATOM_STRING, 8, kTitle.size(), kTitle.data());
+        XCB_ATOM_STRING, 8, title.size(), title.data());
 }
 
 void LoupeWindow::map()

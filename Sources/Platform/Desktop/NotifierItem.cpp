@@ -12,8 +12,8 @@ namespace platform {
 
 namespace {
 
-constexpr auto kItemPath = "/StatusNotifierItem";
-constexpr auto kMenuPath = "/MenuBar";
+constexpr auto itemPath = "/StatusNotifierItem";
+constexpr auto menuPath = "/MenuBar";
 
 NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
 {
@@ -74,9 +74,9 @@ NotifierItem::NotifierItem(const StatusItem::Content& content, QString iconName,
     qDBusRegisterMetaType<QList<NotifierPixmap>>();
     qDBusRegisterMetaType<NotifierToolTip>();
     auto bus = QDBusConnection::sessionBus();
-    bus.registerObject(QString::fromLatin1(kMenuPath), &menu_,
+    bus.registerObject(QString::fromLatin1(menuPath), &menu_,
         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
-    bus.registerObject(QString::fromLatin1(kItemPath), this, QDBusConnection::ExportAllContents);
+    bus.registerObject(QString::fromLatin1(itemPath), this, QDBusConnection::ExportAllContents);
     bus.registerService(service_);
 }
 
@@ -84,13 +84,13 @@ NotifierItem::~NotifierItem()
 {
     auto bus = QDBusConnection::sessionBus();
     bus.unregisterService(service_);
-    bus.unregisterObject(QString::fromLatin1(kItemPath));
-    bus.unregisterObject(QString::fromLatin1(kMenuPath));
+    bus.unregisterObject(QString::fromLatin1(itemPath));
+    bus.unregisterObject(QString::fromLatin1(menuPath));
 }
 
 QDBusObjectPath NotifierItem::menu() const
 {
-    return QDBusObjectPath(QString::fromLatin1(kMenuPath));
+    return QDBusObjectPath(QString::fromLatin1(menuPath));
 }
 
 void NotifierItem::setIcon(const QList<QPixmap>& sizes)

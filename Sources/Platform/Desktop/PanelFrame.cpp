@@ -13,21 +13,21 @@ namespace platform {
 
 namespace {
 
-constexpr double kRadius = 12;
-constexpr double kOutlineWidth = 0.75;
-constexpr double kShadowDrop = 16;
+constexpr double radius = 12;
+constexpr double outlineWidth = 0.75;
+constexpr double shadowDrop = 16;
 /// Half the blur of 40.
-constexpr double kShadowSigma = 20;
-constexpr double kShadowAlpha = 0.32;
+constexpr double shadowSigma = 20;
+constexpr double shadowAlpha = 0.32;
 /// Where the shadow has faded away.
-constexpr int kShadowReach = 52;
+constexpr int shadowReach = 52;
 /// A blur this wide loses nothing at a quarter of the size.
-constexpr int kShadowShrink = 4;
+constexpr int shadowShrink = 4;
 
 /// The share of a Gaussian's weight below `x`.
 double coverage(double x)
 {
-    return 0.5 * std::erfc(-x / (kShadowSigma * std::sqrt(2.0)));
+    return 0.5 * std::erfc(-x / (shadowSigma * std::sqrt(2.0)));
 }
 
 } // namespace
@@ -36,8 +36,8 @@ QMargins PanelFrame::shadowRoom(QPoint direction) const
 {
     if (!composited_)
         return {};
-    const auto drop = static_cast<int>(kShadowDrop);
-    QMargins room(kShadowReach, kShadowReach - drop, kShadowReach, kShadowReach + drop);
+    const auto drop = static_cast<int>(shadowDrop);
+    QMargins room(shadowReach, shadowReach - drop, shadowReach, shadowReach + drop);
     if (direction.y() > 0)
         room.setTop(gap());
     if (direction.y() < 0)
@@ -51,7 +51,7 @@ QMargins PanelFrame::shadowRoom(QPoint direction) const
 
 QSize PanelFrame::cornerSize() const
 {
-    const int side = static_cast<int>(std::ceil(1.25 * kRadius));
+    const int side = static_cast<int>(std::ceil(1.25 * radius));
     return composited_ ? QSize(side, side) : QSize();
 }
 
@@ -70,7 +70,7 @@ void PanelFrame::paintCorner(QPainter& painter, const QRect& corner, const QRect
 {
     QPainterPath outside;
     outside.addRect(corner);
-    outside -= smoothRoundedRect(panel, kRadius);
+    outside -= smoothRoundedRect(panel, radius);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.fillPath(outside, Qt::black);
@@ -83,37 +83,37 @@ void PanelFrame::paintCorner(QPainter& painter, const QRect& corner, const QRect
 
 void PanelFrame::paintShadow(QPainter& painter, const QRect& panel) const
 {
-    const QRect reach = panel.adjusted(-kShadowReach, -kShadowReach, kShadowReach, kShadowReach);
-    const QSize size = reach.size() / kShadowShrink;
+    const QRect reach = panel.adjusted(-shadowReach, -shadowReach, shadowReach, shadowReach);
+    const QSize size = reach.size() / shadowShrink;
     if (shadow_.size() != size) {
         shadow_ = QImage(size, QImage::Format_ARGB32_Premultiplied);
         // A blurred rectangle is the product of two blurred edges a direction; at this width the
         // round corners no longer show.
         const auto across = [](int index, int length) {
-            const double at = (index + 0.5) * kShadowShrink - kShadowReach;
+            const double at = (index + 0.5) * shadowShrink - shadowReach;
             return coverage(at) - coverage(at - length);
         };
         for (int y = 0; y < size.height(); ++y) {
             auto* line = reinterpret_cast<QRgb*>(shadow_.scanLine(y));
             const double down = across(y, panel.height());
             for (int x = 0; x < size.width(); ++x) {
-                const double alpha = 255 * kShadowAlpha * down * across(x, panel.width());
+                const double alpha = 255 * shadowAlpha * down * across(x, panel.width());
                 line[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(alpha)));
             }
         }
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(QRectF(reach.translated(0, static_cast<int>(kShadowDrop))), shadow_);
+    painter.drawImage(QRectF(reach.translated(0, static_cast<int>(shadowDrop))), shadow_);
 }
 
 void PanelFrame::paintOutline(QPainter& painter, const QRect& panel) const
 {
-    const double half = kOutlineWidth / 2;
+    const double half = outlineWidth / 2;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(currentTheme().menuOutline, kOutlineWidth));
+    painter.setPen(QPen(currentTheme().menuOutline, outlineWidth));
     painter.drawPath(
-        smoothRoundedRect(QRectF(panel).adjusted(-half, -half, half, half), kRadius + half));
+        smoothRoundedRect(QRectF(panel).adjusted(-half, -half, half, half), radius + half));
 }
 
 } // namespace platform

@@ -14,9 +14,9 @@ namespace platform {
 
 class PanelFrame {
 public:
-    static constexpr int kOpeningMilliseconds = 120;
+    static constexpr int openingMilliseconds = 120;
     /// The way that the panel travels while it opens.
-    static constexpr double kTravel = 4;
+    static constexpr double openingTravel = 4;
 
     explicit PanelFrame(bool composited)
         : composited_(composited)

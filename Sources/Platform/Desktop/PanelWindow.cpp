@@ -22,8 +22,8 @@ namespace platform {
 namespace {
 
 /// A press on the item takes the focus away and closes the panel; its click comes with the release.
-constexpr std::chrono::seconds kLongestPress { 2 };
-constexpr int kPressDrift = 8;
+constexpr std::chrono::seconds longestPress { 2 };
+constexpr int pressDrift = 8;
 
 } // namespace
 
@@ -59,7 +59,7 @@ PanelWindow::PanelWindow(Policy policy)
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
     opening_.setStartValue(0.0);
     opening_.setEndValue(1.0);
-    opening_.setDuration(PanelFrame::kOpeningMilliseconds);
+    opening_.setDuration(PanelFrame::openingMilliseconds);
     opening_.setEasingCurve(QEasingCurve::OutCubic);
     connect(&opening_, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& progress) { showOpening(progress.toDouble()); });
@@ -77,8 +77,8 @@ void PanelWindow::toggle(const QRect& anchor)
 {
     const auto press = std::exchange(closingPress_, std::nullopt);
     const bool closedByThisClick = press
-        && std::chrono::steady_clock::now() - press->time < kLongestPress
-        && (press->pointer - QCursor::pos()).manhattanLength() <= kPressDrift;
+        && std::chrono::steady_clock::now() - press->time < longestPress
+        && (press->pointer - QCursor::pos()).manhattanLength() <= pressDrift;
     if (isVisible())
         dismiss();
     else if (!closedByThisClick)
@@ -120,7 +120,7 @@ void PanelWindow::dismiss()
 
 void PanelWindow::showOpening(double progress)
 {
-    const auto travel = QPointF(placement_.direction) * PanelFrame::kTravel * (progress - 1);
+    const auto travel = QPointF(placement_.direction) * PanelFrame::openingTravel * (progress - 1);
     if (frame_.isComposited())
         setWindowOpacity(progress);
     move(placement_.frame.marginsAdded(room_).topLeft() + travel.toPoint());

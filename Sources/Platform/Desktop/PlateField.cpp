@@ -11,7 +11,7 @@ namespace platform {
 namespace {
 
 /// What QLineEdit adds to the margins on either side by itself.
-constexpr int kOwnMargin = 2;
+constexpr int ownMargin = 2;
 
 } // namespace
 
@@ -22,7 +22,7 @@ PlateField::PlateField(
 {
     setFont(fontOf(style));
     setFrame(false);
-    setTextMargins(leading - kOwnMargin, 0, trailing - kOwnMargin, 0);
+    setTextMargins(leading - ownMargin, 0, trailing - ownMargin, 0);
     // The plate is painted below.
     auto transparent = palette();
     transparent.setColor(QPalette::Base, Qt::transparent);

@@ -22,10 +22,10 @@ namespace platform {
 
 namespace {
 
-constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
-constexpr QLatin1String kDesktopPath("/org/freedesktop/portal/desktop");
-constexpr QLatin1String kScreenshot("org.freedesktop.portal.Screenshot");
-constexpr QLatin1String kRequest("org.freedesktop.portal.Request");
+constexpr QLatin1String service("org.freedesktop.portal.Desktop");
+constexpr QLatin1String desktopPath("/org/freedesktop/portal/desktop");
+constexpr QLatin1String screenshot("org.freedesktop.portal.Screenshot");
+constexpr QLatin1String requestInterface("org.freedesktop.portal.Request");
 
 /// The colour of a portal's answer; nothing when it is not three finite numbers.
 std::optional<Color> colorIn(const QVariantMap& results)
@@ -59,7 +59,7 @@ public:
         : QObject(QCoreApplication::instance())
         , ended_(std::move(ended))
         , bus_(QDBusConnection::sessionBus())
-        , gone_(kService, bus_, QDBusServiceWatcher::WatchForUnregistration)
+        , gone_(service, bus_, QDBusServiceWatcher::WatchForUnregistration)
     {
         connect(&gone_, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::failed);
         bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -84,8 +84,8 @@ public:
 private:
     Q_SLOT void responded(uint code, const QVariantMap& results)
     {
-        constexpr uint kDone = 0;
-        end(code == kDone ? colorIn(results) : std::nullopt);
+        constexpr uint done = 0;
+        end(code == done ? colorIn(results) : std::nullopt);
     }
 
     Q_SLOT void failed() { end(std::nullopt); }
@@ -96,9 +96,9 @@ private:
             QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0'));
         const auto sender = bus_.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
         // The path is known beforehand, so that not even the fastest answer can be missed.
-        listen(kDesktopPath + QStringLiteral("/request/%1/%2").arg(sender, token));
+        listen(desktopPath + QStringLiteral("/request/%1/%2").arg(sender, token));
         auto message = QDBusMessage::createMethodCall(
-            kService, kDesktopPath, kScreenshot, QStringLiteral("PickColor"));
+            service, desktopPath, screenshot, QStringLiteral("PickColor"));
         message << QString() << QVariantMap { { QStringLiteral("handle_token"), token } };
         const auto pending = bus_.asyncCall(message, limit_.interval());
         connect(new QDBusPendingCallWatcher(pending, this), &QDBusPendingCallWatcher::finished,
@@ -127,9 +127,9 @@ private:
         const auto* slot = SLOT(responded(uint, QVariantMap));
         const auto signal = QStringLiteral("Response");
         if (!handle_.isEmpty())
-            bus_.disconnect(kService, handle_, kRequest, signal, this, slot);
+            bus_.disconnect(service, handle_, requestInterface, signal, this, slot);
         handle_ = handle;
-        bus_.connect(kService, handle_, kRequest, signal, this, slot);
+        bus_.connect(service, handle_, requestInterface, signal, this, slot);
     }
 
     void expired()
@@ -142,8 +142,8 @@ private:
 
     void close()
     {
-        bus_.send(
-            QDBusMessage::createMethodCall(kService, handle_, kRequest, QStringLiteral("Close")));
+        bus_.send(QDBusMessage::createMethodCall(
+            service, handle_, requestInterface, QStringLiteral("Close")));
         deleteLater();
     }
 

@@ -20,9 +20,9 @@ class PortalRequest;
 /// closed at the portal, too.
 class PortalColorSampler final : public ColorSampler {
 public:
-    static constexpr std::chrono::milliseconds kTimeLimit { 120000 };
+    static constexpr std::chrono::milliseconds answerTime { 120000 };
 
-    explicit PortalColorSampler(std::chrono::milliseconds timeLimit = kTimeLimit);
+    explicit PortalColorSampler(std::chrono::milliseconds timeLimit = answerTime);
     ~PortalColorSampler() override;
 
     void show(SelectionHandler handler) override;

@@ -12,8 +12,8 @@ namespace platform {
 
 namespace {
 
-constexpr QSize kSize { 680, 447 };
-constexpr int kMixerWidth = 336;
+constexpr QSize windowSize { 680, 447 };
+constexpr int mixerWidth = 336;
 
 class ColorPanelWindow final : public QWidget {
 public:
@@ -33,12 +33,13 @@ public:
               this)
     {
         setWindowTitle(QStringLiteral("Colors"));
-        setFixedSize(kSize);
-        mixer_.setGeometry(0, 0, kMixerWidth, kSize.height());
+        setFixedSize(windowSize);
+        mixer_.setGeometry(0, 0, mixerWidth, windowSize.height());
         // Nothing is marked before the keyboard is used.
         setFocusPolicy(Qt::ClickFocus);
         setFocus();
-        lists_.setGeometry(kMixerWidth + 1, 0, kSize.width() - kMixerWidth - 1, kSize.height());
+        lists_.setGeometry(
+            mixerWidth + 1, 0, windowSize.width() - mixerWidth - 1, windowSize.height());
     }
 
 protected:
@@ -46,7 +47,7 @@ protected:
     {
         QPainter painter(this);
         painter.fillRect(rect(), currentTheme().windowBackground);
-        painter.fillRect(QRect(kMixerWidth, 0, 1, height()), currentTheme().separator);
+        painter.fillRect(QRect(mixerWidth, 0, 1, height()), currentTheme().separator);
     }
 
 private:

@@ -22,7 +22,7 @@ namespace {
 
 /// How long the item waits for a tray, at the start and after one has gone, before the desktop
 /// counts as one without. A tray that comes later is still used.
-constexpr std::chrono::milliseconds kGraceTime { 2000 };
+constexpr std::chrono::milliseconds graceTime { 2000 };
 
 class QtStatusItem final : public StatusItem {
 public:
@@ -41,7 +41,7 @@ public:
         QObject::connect(
             &grace_, &QTimer::timeout, &watch_, [this] { setPresence(Presence::absent); });
         grace_.setSingleShot(true);
-        grace_.start(kGraceTime);
+        grace_.start(graceTime);
         QTimer::singleShot(0, &watch_, [this] { follow(); });
     }
 
@@ -143,7 +143,7 @@ private:
             return;
         presence_ = presence;
         if (presence == Presence::waiting)
-            grace_.start(kGraceTime);
+            grace_.start(graceTime);
         else
             grace_.stop();
         events_.presenceChanged(presence);

@@ -12,8 +12,8 @@ namespace platform {
 
 namespace {
 
-constexpr auto kInterface = "org.freedesktop.Application";
-constexpr int kAnswerMilliseconds = 5000;
+constexpr auto interfaceName = "org.freedesktop.Application";
+constexpr int answerMilliseconds = 5000;
 
 /// "/io/github/name/Application": the object path that belongs to an application's bus name.
 QString objectPath(const QString& name)
@@ -25,7 +25,7 @@ QString objectPath(const QString& name)
 QDBusMessage makeCall(const QString& name, const ActivationRequest& request)
 {
     auto call
-        = QDBusMessage::createMethodCall(name, objectPath(name), QString::fromLatin1(kInterface),
+        = QDBusMessage::createMethodCall(name, objectPath(name), QString::fromLatin1(interfaceName),
             request.action.empty() ? QStringLiteral("Activate") : QStringLiteral("ActivateAction"));
     QVariantMap platformData;
     if (!request.token.empty()) {
@@ -105,7 +105,7 @@ SingleInstance::Outcome SingleInstance::claim(const ActivationRequest& request)
     for (int turn = 0; turn < 2; ++turn) {
         if (bus.registerService(name))
             return Outcome::first;
-        const auto answer = bus.call(makeCall(name, request), QDBus::Block, kAnswerMilliseconds);
+        const auto answer = bus.call(makeCall(name, request), QDBus::Block, answerMilliseconds);
         if (answer.type() == QDBusMessage::ReplyMessage)
             return Outcome::handedOver;
         if (QDBusError(answer).type() != QDBusError::ServiceUnknown)

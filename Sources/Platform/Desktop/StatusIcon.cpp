@@ -12,9 +12,9 @@ namespace platform {
 
 namespace {
 
-constexpr std::array kSizes { 16, 22, 24, 32, 48 };
-constexpr QRgb kInkOnLight = 0xFF2A2A2E;
-constexpr QRgb kInkOnDark = 0xFFF2F2F4;
+constexpr std::array iconSizes { 16, 22, 24, 32, 48 };
+constexpr QRgb inkOnLight = 0xFF2A2A2E;
+constexpr QRgb inkOnDark = 0xFFF2F2F4;
 
 /// True if `wanted` is one of the names of the running desktop ("ubuntu:GNOME").
 bool desktopIs(const char* wanted)
@@ -39,9 +39,9 @@ StatusIcon::StatusIcon(StatusIconPainter paint)
 
 QList<QPixmap> StatusIcon::pixmaps(Bar bar) const
 {
-    const QColor ink = QColor::fromRgb(bar == Bar::light ? kInkOnLight : kInkOnDark);
+    const QColor ink = QColor::fromRgb(bar == Bar::light ? inkOnLight : inkOnDark);
     QList<QPixmap> sizes;
-    for (const int size : kSizes)
+    for (const int size : iconSizes)
         sizes.append(paint_(size, ink));
     return sizes;
 }
@@ -61,8 +61,8 @@ StatusIcon::Bar StatusIcon::likelyBar()
 
 QString StatusIcon::themeName(const std::string& id)
 {
-    static constexpr std::array kRecolouring { "GNOME", "KDE", "Unity", "X-Cinnamon", "Budgie" };
-    if (std::none_of(kRecolouring.begin(), kRecolouring.end(), desktopIs))
+    static constexpr std::array recolouring { "GNOME", "KDE", "Unity", "X-Cinnamon", "Budgie" };
+    if (std::none_of(recolouring.begin(), recolouring.end(), desktopIs))
         return {};
     const auto name = QString::fromStdString(id) + QStringLiteral("-symbolic");
     const auto file = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name);

@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::array kSignals { SIGTERM, SIGINT, SIGHUP };
+constexpr std::array signals { SIGTERM, SIGINT, SIGHUP };
 int wakeUp = -1; // NOLINT: a signal handler reaches nothing else
 
 void handle(int /*signal*/)
@@ -35,13 +35,13 @@ public:
                 notifier_.setEnabled(false);
                 end();
             });
-        for (const int signal : kSignals)
+        for (const int signal : signals)
             std::signal(signal, handle);
     }
 
     ~Watch()
     {
-        for (const int signal : kSignals)
+        for (const int signal : signals)
             std::signal(signal, SIG_DFL);
         close(descriptor_);
     }

@@ -25,9 +25,9 @@ namespace platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds kRetry { 20 };
-constexpr std::chrono::milliseconds kLook { 10 };
-constexpr int kFarStep = 10;
+constexpr std::chrono::milliseconds retry { 20 };
+constexpr std::chrono::milliseconds look { 10 };
+constexpr int farStep = 10;
 
 ColorDescription hexOnly(const Color& color)
 {
@@ -116,7 +116,7 @@ private:
             stage_ = Stage::ended;
             owner_.unavailable();
         } else {
-            later(kRetry, &Pick::tryGrab);
+            later(retry, &Pick::tryGrab);
         }
     }
 
@@ -138,7 +138,7 @@ private:
         if (departure_->isOver())
             showLoupe();
         else
-            later(kLook, &Pick::awaitDeparture);
+            later(look, &Pick::awaitDeparture);
     }
 
     void showLoupe()
@@ -206,8 +206,8 @@ private:
         case LoupeKey::Action::take:
             return take();
         case LoupeKey::Action::move:
-            return nudge(QPoint(key->dx, key->dy)
-                * ((event.state & XCB_MOD_MASK_SHIFT) != 0 ? kFarStep : 1));
+            return nudge(
+                QPoint(key->dx, key->dy) * ((event.state & XCB_MOD_MASK_SHIFT) != 0 ? farStep : 1));
         }
     }
 
@@ -296,8 +296,8 @@ private:
     Color colorAt(QPoint pixel)
     {
         const QRgba64 value = window_->frozen().pixelColor(pixel).rgba64();
-        constexpr double kFull = 65535;
-        return { value.red() / kFull, value.green() / kFull, value.blue() / kFull, /*alpha=*/1,
+        constexpr double full = 65535;
+        return { value.red() / full, value.green() / full, value.blue() / full, /*alpha=*/1,
             spaceOf(monitorAt(pixel)) };
     }
 

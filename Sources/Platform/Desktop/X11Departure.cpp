@@ -9,12 +9,12 @@ namespace platform {
 namespace {
 
 // A window manager that hangs must not keep the pick from beginning.
-constexpr qint64 kLongestToUnmapMilliseconds = 2000;
+constexpr qint64 longestToUnmapMilliseconds = 2000;
 // What lies below may never stand still, such as a film.
-constexpr qint64 kLongestToSettleMilliseconds = 700;
+constexpr qint64 longestToSettleMilliseconds = 700;
 // A compositor goes on showing a window while it fades it out, without a word to anyone.
-constexpr qint64 kFadeMilliseconds = 200;
-constexpr qint64 kRepaintMilliseconds = 30;
+constexpr qint64 fadeMilliseconds = 200;
+constexpr qint64 repaintMilliseconds = 30;
 
 } // namespace
 
@@ -46,13 +46,13 @@ bool X11Departure::isOver()
     if (!unmapped_.isValid()
         && std::any_of(windows_.begin(), windows_.end(),
             [&](const Window& each) { return display_.isViewable(each.frame); }))
-        return since_.elapsed() > kLongestToUnmapMilliseconds;
+        return since_.elapsed() > longestToUnmapMilliseconds;
     if (!unmapped_.isValid())
         unmapped_.start();
-    if (unmapped_.elapsed() < (display_.hasCompositor() ? kFadeMilliseconds : kRepaintMilliseconds))
+    if (unmapped_.elapsed() < (display_.hasCompositor() ? fadeMilliseconds : repaintMilliseconds))
         return false;
     const QImage now = display_.read(display_.root(), area_);
-    if (now.isNull() || now == last_ || unmapped_.elapsed() > kLongestToSettleMilliseconds)
+    if (now.isNull() || now == last_ || unmapped_.elapsed() > longestToSettleMilliseconds)
         return true;
     last_ = now;
     return false;

@@ -25,7 +25,7 @@ struct PictureFormat {
     QImage::Format format;
 };
 
-constexpr std::array kPictureFormats {
+constexpr std::array pictureFormats {
     PictureFormat { 24, 0xff0000, 32, QImage::Format_RGB32 },
     PictureFormat { 32, 0xff0000, 32, QImage::Format_RGB32 },
     PictureFormat { 30, 0x3ff00000, 32, QImage::Format_RGB30 },
@@ -86,9 +86,9 @@ xcb_atom_t X11Display::atom(const std::string& name) const
 
 std::vector<std::byte> X11Display::rootProperty(const std::string& name) const
 {
-    constexpr std::uint32_t kLongestInWords = 4U << 20U;
+    constexpr std::uint32_t longestInWords = 4U << 20U;
     const auto cookie = xcb_get_property(
-        connection_, 0, root(), atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestInWords);
+        connection_, 0, root(), atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, longestInWords);
     const Reply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection_, cookie, nullptr));
     if (!reply)
@@ -124,10 +124,10 @@ QPoint X11Display::pointer() const
 
 bool X11Display::isButtonDown() const
 {
-    constexpr unsigned kButtons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
     const Reply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, root()), nullptr));
-    return reply && (reply->mask & kButtons) != 0;
+    return reply && (reply->mask & buttons) != 0;
 }
 
 xcb_window_t X11Display::frameOf(xcb_window_t window) const
@@ -167,11 +167,11 @@ QImage::Format X11Display::pictureFormat() const
     const PictureFormat wanted { screen_->root_depth, redMask(*screen_),
         bitsPerPixel(setup, screen_->root_depth), QImage::Format_Invalid };
     const auto* known = std::find_if(
-        kPictureFormats.begin(), kPictureFormats.end(), [&](const PictureFormat& each) {
+        pictureFormats.begin(), pictureFormats.end(), [&](const PictureFormat& each) {
             return each.depth == wanted.depth && each.redMask == wanted.redMask
                 && each.bitsPerPixel == wanted.bitsPerPixel;
         });
-    return known == kPictureFormats.end() ? QImage::Format_Invalid : known->format;
+    return known == pictureFormats.end() ? QImage::Format_Invalid : known->format;
 }
 
 QImage X11Display::read(xcb_drawable_t drawable, const QRect& area) const
@@ -195,10 +195,10 @@ QImage X11Display::read(xcb_drawable_t drawable, const QRect& area) const
 void X11Display::write(
     xcb_drawable_t drawable, xcb_gcontext_t context, const QImage& picture, QPoint topLeft) const
 {
-    constexpr qsizetype kRequestHeader = 64;
+    constexpr qsizetype requestHeader = 64;
     const qsizetype stride = picture.bytesPerLine();
     const qsizetype longest
-        = qsizetype(xcb_get_maximum_request_length(connection_)) * 4 - kRequestHeader;
+        = qsizetype(xcb_get_maximum_request_length(connection_)) * 4 - requestHeader;
     const int rowsAtOnce = static_cast<int>(std::max<qsizetype>(1, longest / stride));
     for (int row = 0; row < picture.height(); row += rowsAtOnce) {
         const int rows = std::min(rowsAtOnce, picture.height() - row);

@@ -23,7 +23,7 @@ struct KeyRule {
 
 using Action = LoupeKey::Action;
 
-constexpr std::array kKeyRules {
+constexpr std::array keyRules {
     KeyRule { XK_Escape, { Action::cancel } },
     KeyRule { XK_Return, { Action::take } },
     KeyRule { XK_KP_Enter, { Action::take } },
@@ -43,10 +43,10 @@ constexpr std::array kKeyRules {
 bool X11Grab::acquire()
 {
     xcb_connection_t* connection = display_.connection();
-    constexpr std::uint16_t kPointerEvents = XCB_EVENT_MASK_BUTTON_PRESS
+    constexpr std::uint16_t pointerEvents = XCB_EVENT_MASK_BUTTON_PRESS
         | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
     const auto pointerCookie
-        = xcb_grab_pointer(connection, /*owner_events=*/0, display_.root(), kPointerEvents,
+        = xcb_grab_pointer(connection, /*owner_events=*/0, display_.root(), pointerEvents,
             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
     const auto keyboardCookie = xcb_grab_keyboard(connection, /*owner_events=*/0, display_.root(),
         XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -64,9 +64,9 @@ bool X11Grab::acquire()
 
 void X11Grab::setCursor(xcb_cursor_t cursor)
 {
-    constexpr std::uint16_t kPointerEvents = XCB_EVENT_MASK_BUTTON_PRESS
+    constexpr std::uint16_t pointerEvents = XCB_EVENT_MASK_BUTTON_PRESS
         | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
-    xcb_change_active_pointer_grab(display_.connection(), cursor, XCB_CURRENT_TIME, kPointerEvents);
+    xcb_change_active_pointer_grab(display_.connection(), cursor, XCB_CURRENT_TIME, pointerEvents);
 }
 
 void X11Grab::release()
@@ -135,7 +135,7 @@ std::optional<LoupeKey> X11Keys::pressed(const xcb_key_press_event_t& event)
     if (isOld(event) || index < 0 || std::size_t(index) >= symbols_.size())
         return std::nullopt;
     const xcb_keysym_t symbol = symbols_[std::size_t(index)];
-    for (const auto& rule : kKeyRules)
+    for (const auto& rule : keyRules)
         if (rule.symbol == symbol)
             return rule.key;
     return std::nullopt;

@@ -37,8 +37,8 @@ void setInputRect(const X11Display& display, xcb_window_t window, const QRect& r
             .sequence);
     const auto region = xcb_generate_id(connection);
     xcb_xfixes_create_region(connection, region, 1, &inside);
-    constexpr std::uint8_t kInputShape = 2; // ShapeInput of the SHAPE extension
-    xcb_xfixes_set_window_shape_region(connection, window, kInputShape, 0, 0, region);
+    constexpr std::uint8_t inputShape = 2; // ShapeInput of the SHAPE extension
+    xcb_xfixes_set_window_shape_region(connection, window, inputShape, 0, 0, region);
     xcb_xfixes_destroy_region(connection, region);
 }
 

@@ -19,7 +19,7 @@ struct RoleOfClass {
 };
 
 // Buttons are not listed: the toolkit knows them by their base class.
-constexpr std::array kRoles {
+constexpr std::array roles {
     RoleOfClass { "platform::Label", QAccessible::StaticText },
     RoleOfClass { "platform::StatusLine", QAccessible::Notification },
     RoleOfClass { "platform::SegmentedPicker", QAccessible::Grouping },
@@ -78,7 +78,7 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 {
     if (object == nullptr || !object->isWidgetType())
         return nullptr;
-    for (const auto& entry : kRoles) {
+    for (const auto& entry : roles) {
         if (className == QLatin1String(entry.className))
             return new QAccessibleWidget(static_cast<QWidget*>(object), entry.role);
     }

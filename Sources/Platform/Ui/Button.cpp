@@ -29,10 +29,10 @@ struct Shape {
     int textPadding;
 };
 
-constexpr double kHoverOverlay = 0.10;
-constexpr double kPressedOverlay = 0.20;
-constexpr double kDisabledTint = 0.35;
-constexpr double kDisabledOpacity = 0.45;
+constexpr double hoverOverlay = 0.10;
+constexpr double pressedOverlay = 0.20;
+constexpr double disabledTint = 0.35;
+constexpr double disabledOpacity = 0.45;
 
 const Shape& shapeOf(ButtonStyle style)
 {
@@ -119,7 +119,7 @@ void Button::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     if (!isEnabled() && style_ != ButtonStyle::prominent)
-        painter.setOpacity(kDisabledOpacity);
+        painter.setOpacity(disabledOpacity);
     paintPlate(painter, rect(), shapeOf(style_).radius, plateColor(), plateEdge());
     paintContent(painter, inkColor());
 }
@@ -170,8 +170,8 @@ QColor Button::plateColor() const
     const auto& theme = currentTheme();
     if (style_ == ButtonStyle::prominent) {
         if (!isEnabled())
-            return composited(faded(tint_.fill, kDisabledTint), theme.windowBackground);
-        const auto overlay = isDown() ? kPressedOverlay : kHoverOverlay * hover_.value();
+            return composited(faded(tint_.fill, disabledTint), theme.windowBackground);
+        const auto overlay = isDown() ? pressedOverlay : hoverOverlay * hover_.value();
         return composited(faded(tint_.overlay, overlay), tint_.fill);
     }
     if (isDown())

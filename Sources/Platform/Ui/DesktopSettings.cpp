@@ -11,13 +11,13 @@ namespace platform {
 
 namespace {
 
-const auto kService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto kPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto interfaceName = QStringLiteral("org.freedesktop.portal.Settings");
 
-const auto kAppearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto kInterfaceGroup = QStringLiteral("org.gnome.desktop.interface");
-const auto kGlobalsGroup = QStringLiteral("org.kde.kdeglobals.KDE");
+const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const auto interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto globalsGroup = QStringLiteral("org.kde.kdeglobals.KDE");
 
 std::optional<QVariant> setting(
     const SettingGroups& groups, const QString& group, const QString& key)
@@ -28,7 +28,7 @@ std::optional<QVariant> setting(
 
 std::optional<Appearance> appearanceIn(const SettingGroups& groups)
 {
-    const auto scheme = setting(groups, kAppearanceGroup, QStringLiteral("color-scheme"));
+    const auto scheme = setting(groups, appearanceGroup, QStringLiteral("color-scheme"));
     switch (scheme.value_or(0).toUInt()) {
     case 1:
         return Appearance::dark;
@@ -41,13 +41,13 @@ std::optional<Appearance> appearanceIn(const SettingGroups& groups)
 
 std::optional<bool> reducedMotionIn(const SettingGroups& groups)
 {
-    const auto reduced = setting(groups, kAppearanceGroup, QStringLiteral("reduced-motion"));
+    const auto reduced = setting(groups, appearanceGroup, QStringLiteral("reduced-motion"));
     if (reduced && reduced->toUInt() == 1)
         return true;
-    if (const auto enabled = setting(groups, kInterfaceGroup, QStringLiteral("enable-animations")))
+    if (const auto enabled = setting(groups, interfaceGroup, QStringLiteral("enable-animations")))
         return !enabled->toBool();
     if (const auto factor
-        = setting(groups, kGlobalsGroup, QStringLiteral("AnimationDurationFactor"))) {
+        = setting(groups, globalsGroup, QStringLiteral("AnimationDurationFactor"))) {
         auto isNumber = false;
         const auto value = factor->toDouble(&isNumber);
         if (isNumber)
@@ -70,11 +70,11 @@ void DesktopSettings::start()
         return;
     // The slot is looked up by the names of its types, which the toolkit does not know by itself.
     qRegisterMetaType<QDBusVariant>();
-    bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+    bus.connect(service, path, interfaceName, QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message
-        = QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
-    message << QStringList { kAppearanceGroup, kInterfaceGroup, kGlobalsGroup };
+        = QDBusMessage::createMethodCall(service, path, interfaceName, QStringLiteral("ReadAll"));
+    message << QStringList { appearanceGroup, interfaceGroup, globalsGroup };
     auto* call = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::readAnswer);
 }
@@ -97,7 +97,7 @@ void DesktopSettings::readAnswer(QDBusPendingCallWatcher* call)
 void DesktopSettings::settingChanged(
     const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group != kAppearanceGroup && group != kInterfaceGroup && group != kGlobalsGroup)
+    if (group != appearanceGroup && group != interfaceGroup && group != globalsGroup)
         return;
     groups_[group][key] = value.variant();
     update();

@@ -7,9 +7,9 @@ namespace platform {
 
 namespace {
 
-constexpr double kOldGoneAt = 0.55;
-constexpr double kNewComesAt = 0.20;
-constexpr double kSmallScale = 0.985;
+constexpr double oldGoneAt = 0.55;
+constexpr double newComesAt = 0.20;
+constexpr double smallScale = 0.985;
 
 } // namespace
 
@@ -37,10 +37,10 @@ void FadingName::paintEvent(QPaintEvent* event)
         return;
     }
     QPainter painter(this);
-    const auto oldOpacity = std::clamp(1 - elapsedShare_ / kOldGoneAt, 0.0, 1.0);
+    const auto oldOpacity = std::clamp(1 - elapsedShare_ / oldGoneAt, 0.0, 1.0);
     paintLine(painter, fitted(oldText_), 0, faded(color(), oldOpacity));
-    const auto newOpacity = std::clamp((elapsedShare_ - kNewComesAt) / (1 - kNewComesAt), 0.0, 1.0);
-    const auto scale = kSmallScale + (1 - kSmallScale) * progress_;
+    const auto newOpacity = std::clamp((elapsedShare_ - newComesAt) / (1 - newComesAt), 0.0, 1.0);
+    const auto scale = smallScale + (1 - smallScale) * progress_;
     painter.translate(0, baseline());
     painter.scale(scale, scale);
     painter.translate(0, -baseline());

@@ -14,7 +14,7 @@ namespace platform {
 
 namespace {
 
-constexpr double kReach = Metrics::focusRingGap + Metrics::focusRingThickness;
+constexpr double fullReach = Metrics::focusRingGap + Metrics::focusRingThickness;
 
 /// Whether the keyboard moved the focus last: decides where the focus comes back without anyone's
 /// doing, as when a window becomes active again.
@@ -53,7 +53,7 @@ public:
     /// Takes its place around `frame`, showing only what lies in `area`; both in the window.
     void place(const QRect& frame, const QRect& area)
     {
-        const auto reach = qCeil(kReach);
+        const auto reach = qCeil(fullReach);
         const auto whole = frame.adjusted(-reach, -reach, reach, reach);
         const auto visible = whole & area;
         setGeometry(visible);
@@ -70,7 +70,7 @@ protected:
             return smoothRoundedRect(
                 QRectF(frame_).adjusted(-reach, -reach, reach, reach), ring_.radius_ + reach);
         };
-        auto ring = grown(kReach);
+        auto ring = grown(fullReach);
         ring.addPath(grown(Metrics::focusRingGap));
         ring.setFillRule(Qt::OddEvenFill);
         QPainter painter(this);

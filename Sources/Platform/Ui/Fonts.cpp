@@ -15,7 +15,7 @@ struct LineHeight {
     int height;
 };
 
-constexpr auto kLineHeights = std::to_array<LineHeight>({ { 24, 29 }, { 15, 18 }, { 14, 17 },
+constexpr auto lineHeights = std::to_array<LineHeight>({ { 24, 29 }, { 15, 18 }, { 14, 17 },
     { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 } });
 
 QString& chosenFamily()
@@ -73,7 +73,7 @@ QFont fontOf(const TextStyle& style)
 
 int lineHeightOf(double size)
 {
-    for (const auto& line : kLineHeights) {
+    for (const auto& line : lineHeights) {
         if (line.size == size)
             return line.height;
     }

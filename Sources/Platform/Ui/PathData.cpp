@@ -52,17 +52,17 @@ void addArc(QPainterPath& path, const Arc& arc)
     const auto onUnit = [&](QPointF p) { return QPointF(p.x() / rx, p.y() / ry); };
     const auto start = angleOf(onUnit(half - centre));
     auto sweep = angleOf(onUnit(-half - centre)) - start;
-    constexpr auto kTurn = 2 * std::numbers::pi;
+    constexpr auto fullTurn = 2 * std::numbers::pi;
     if (arc.clockwise && sweep < 0)
-        sweep += kTurn;
+        sweep += fullTurn;
     if (!arc.clockwise && sweep > 0)
-        sweep -= kTurn;
+        sweep -= fullTurn;
 
     auto toPage = untilt.inverted();
     const auto middle = (from + arc.to) / 2;
     const auto place
         = [&](double x, double y) { return toPage.map(QPointF(x * rx, y * ry) + centre) + middle; };
-    const auto pieces = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / (kTurn / 4))));
+    const auto pieces = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / (fullTurn / 4))));
     const auto step = sweep / pieces;
     const auto handle = 4.0 / 3 * std::tan(step / 4);
     for (int piece = 0; piece < pieces; ++piece) {
@@ -103,8 +103,8 @@ private:
 
     [[nodiscard]] bool atNumber() const
     {
-        constexpr std::string_view kStart = "0123456789.-";
-        return !rest_.empty() && kStart.find(rest_.front()) != std::string_view::npos;
+        constexpr std::string_view numberStart = "0123456789.-";
+        return !rest_.empty() && numberStart.find(rest_.front()) != std::string_view::npos;
     }
 
     template <std::size_t N> bool readNumbers(std::array<double, N>& numbers)

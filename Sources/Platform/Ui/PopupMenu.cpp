@@ -21,11 +21,11 @@ namespace platform {
 
 namespace {
 
-constexpr int kDividerHeight = 11;
-constexpr int kDividerLine = 5;
-constexpr int kDividerInset = 9;
-constexpr double kOutlineWidth = 0.75;
-constexpr int kMinimumWidth = 196;
+constexpr int dividerHeight = 11;
+constexpr int dividerLine = 5;
+constexpr int dividerInset = 9;
+constexpr double outlineWidth = 0.75;
+constexpr int leastWidth = 196;
 
 /// One of the two shadows under the plate; on dark ground they are twice as strong.
 struct Drop {
@@ -33,8 +33,8 @@ struct Drop {
     double sigma;
     double opacity;
 };
-constexpr Drop kNear { 2, 3, 0.08 };
-constexpr Drop kFar { 12, 14, 0.17 };
+constexpr Drop near { 2, 3, 0.08 };
+constexpr Drop far { 12, 14, 0.17 };
 
 TextStyle rowStyle()
 {
@@ -138,8 +138,8 @@ PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& ti
     , focusBefore_(button.window()->focusWidget())
     , items_(std::move(items))
     , tint_(tint)
-    , near_(Metrics::menuRadius, kNear.sigma)
-    , far_(Metrics::menuRadius, kFar.sigma)
+    , near_(Metrics::menuRadius, near.sigma)
+    , far_(Metrics::menuRadius, far.sigma)
     , opacity_([this] { update(); })
 {
     installAccessibility();
@@ -206,24 +206,23 @@ void PopupMenu::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setOpacity(opacity_.value());
     const QRectF plate(plate_);
-    for (const auto& [shadow, drop] : { std::pair(&far_, kFar), std::pair(&near_, kNear) })
+    for (const auto& [shadow, drop] : { std::pair(&far_, far), std::pair(&near_, near) })
         shadow->paint(
             painter, plate.translated(0, drop.offset), faded(Qt::black, drop.opacity * strength));
-    const auto outside
-        = plate.adjusted(-kOutlineWidth, -kOutlineWidth, kOutlineWidth, kOutlineWidth);
+    const auto outside = plate.adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth);
     paintPlate(painter, plate, Metrics::menuRadius, theme.menuBackground);
-    paintPlate(painter, outside, Metrics::menuRadius + kOutlineWidth, Qt::transparent,
-        theme.menuOutline, kOutlineWidth);
+    paintPlate(painter, outside, Metrics::menuRadius + outlineWidth, Qt::transparent,
+        theme.menuOutline, outlineWidth);
     auto top = plate_.top() + Metrics::menuPadding;
     for (const auto* row : rows_) {
         if (row == nullptr) {
-            const auto inset = Metrics::menuPadding + kDividerInset;
+            const auto inset = Metrics::menuPadding + dividerInset;
             fillSharp(painter,
-                QRectF(plate_.left() + inset, top + kDividerLine, plate_.width() - 2 * inset,
+                QRectF(plate_.left() + inset, top + dividerLine, plate_.width() - 2 * inset,
                     Metrics::separatorThickness),
                 theme.separator);
         }
-        top += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+        top += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
     }
 }
 
@@ -269,10 +268,10 @@ void PopupMenu::focusOutEvent(QFocusEvent* event)
 void PopupMenu::place()
 {
     setGeometry(window()->rect());
-    auto width = kMinimumWidth;
+    auto width = leastWidth;
     auto height = 2 * Metrics::menuPadding;
     for (const auto* row : rows_) {
-        height += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+        height += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
         if (row != nullptr)
             width = std::max(width, row->neededWidth() + 2 * Metrics::menuPadding);
     }
@@ -295,7 +294,7 @@ void PopupMenu::layOutRows()
         if (row != nullptr)
             row->setGeometry(plate_.left() + Metrics::menuPadding, top,
                 plate_.width() - 2 * Metrics::menuPadding, Metrics::menuRowHeight);
-        top += row == nullptr ? kDividerHeight : Metrics::menuRowHeight;
+        top += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
     }
 }
 

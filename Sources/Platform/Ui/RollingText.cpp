@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-constexpr double kCellDelay = 0.018;
+constexpr double cellDelay = 0.018;
 
 QString characterAt(const QString& text, qsizetype index)
 {
@@ -31,7 +31,7 @@ void RollingText::rollTo(const QString& text, const std::optional<Spring>& sprin
     spring_ = *spring;
     const auto cells = std::max(oldText_.size(), text.size());
     const auto duration = springDuration(spring_)
-        + kCellDelay * static_cast<double>(std::max<qsizetype>(cells, 1) - 1);
+        + cellDelay * static_cast<double>(std::max<qsizetype>(cells, 1) - 1);
     motion_.run(duration, [this](double seconds) {
         seconds_ = seconds;
         update();
@@ -44,7 +44,7 @@ double RollingText::cellProgress(qsizetype index) const
 {
     if (!motion_.isRunning() || characterAt(oldText_, index) == characterAt(text(), index))
         return 1;
-    return springProgress(seconds_ - kCellDelay * static_cast<double>(index), spring_);
+    return springProgress(seconds_ - cellDelay * static_cast<double>(index), spring_);
 }
 
 void RollingText::paintEvent(QPaintEvent* event)

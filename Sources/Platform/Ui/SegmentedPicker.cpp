@@ -18,7 +18,7 @@ namespace platform {
 
 namespace {
 
-constexpr double kSeparatorWidth = 1;
+constexpr double separatorWidth = 1;
 
 TextStyle labelStyle(bool selected)
 {
@@ -162,14 +162,14 @@ QRectF SegmentedPicker::plateRect() const
 
 QSize SegmentedPicker::sizeHint() const
 {
-    constexpr int kSegment = 136;
-    return { kSegment * count() + 2 * Metrics::pickerInset, Metrics::pickerHeight };
+    constexpr int segmentWidth = 136;
+    return { segmentWidth * count() + 2 * Metrics::pickerInset, Metrics::pickerHeight };
 }
 
 QSize SegmentedPicker::minimumSizeHint() const
 {
-    constexpr int kSegment = 60;
-    return { kSegment * count(), Metrics::pickerHeight };
+    constexpr int segmentWidth = 60;
+    return { segmentWidth * count(), Metrics::pickerHeight };
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent* /*event*/)
@@ -224,8 +224,8 @@ void SegmentedPicker::paintSeparators(QPainter& painter) const
         const auto x = std::max(segmentRect(i).left(), segmentRect(i - 1).left());
         const auto nearPlate = x > plate.left() - 1 && x < plate.right() + 1;
         const auto opacity = nearPlate ? 0 : 1 - std::max(hoverOf(i - 1), hoverOf(i));
-        const QRectF line(x - kSeparatorWidth / 2, (height() - Metrics::segmentSeparatorHeight) / 2,
-            kSeparatorWidth, Metrics::segmentSeparatorHeight);
+        const QRectF line(x - separatorWidth / 2, (height() - Metrics::segmentSeparatorHeight) / 2,
+            separatorWidth, Metrics::segmentSeparatorHeight);
         if (opacity > 0)
             fillSharp(painter, line, faded(currentTheme().separator, opacity));
     }

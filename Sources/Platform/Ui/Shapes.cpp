@@ -9,13 +9,13 @@ namespace platform {
 
 namespace {
 
-constexpr double kCornerReach = 1.25;
+constexpr double cornerReach = 1.25;
 
 // Half a corner of side 1 as one cubic, from the end of a straight edge to the diagonal; the other
 // half mirrors it. Numbers fitted to |x|^2.6 + |y|^2.6 = 1, deviation below 0.00015.
-constexpr double kEdgeHandle = 0.19;
-constexpr double kDiagonal = 0.766011;
-constexpr double kDiagonalHandle = 0.235;
+constexpr double edgeHandle = 0.19;
+constexpr double diagonalReach = 0.766011;
+constexpr double diagonalHandle = 0.235;
 
 /// A corner of side `size`. `inner` is the centre of its superellipse; `from` and `to` are the unit
 /// vectors towards the two edges, in drawing order.
@@ -24,10 +24,11 @@ void addCorner(QPainterPath& path, QPointF inner, QPointF from, QPointF to, doub
     const auto at
         = [&](double along, double across) { return inner + (from * along + to * across) * size; };
     path.lineTo(at(1, 0));
-    path.cubicTo(at(1, kEdgeHandle), at(kDiagonal + kDiagonalHandle, kDiagonal - kDiagonalHandle),
-        at(kDiagonal, kDiagonal));
-    path.cubicTo(
-        at(kDiagonal - kDiagonalHandle, kDiagonal + kDiagonalHandle), at(kEdgeHandle, 1), at(0, 1));
+    path.cubicTo(at(1, edgeHandle),
+        at(diagonalReach + diagonalHandle, diagonalReach - diagonalHandle),
+        at(diagonalReach, diagonalReach));
+    path.cubicTo(at(diagonalReach - diagonalHandle, diagonalReach + diagonalHandle),
+        at(edgeHandle, 1), at(0, 1));
 }
 
 /// A line of a point or more is made of whole device pixels; a finer one stays as it is.
@@ -44,7 +45,7 @@ double sharpWidth(const QPainter& painter, double width)
 QPainterPath smoothRoundedRect(const QRectF& rect, double radius)
 {
     QPainterPath path;
-    const auto size = std::min(radius * kCornerReach, std::min(rect.width(), rect.height()) / 2);
+    const auto size = std::min(radius * cornerReach, std::min(rect.width(), rect.height()) / 2);
     if (size <= 0) {
         path.addRect(rect);
         return path;
@@ -114,10 +115,10 @@ QRectF alignedToPixels(const QPainter& painter, const QRectF& rect)
     auto width = std::round(device.right()) - left;
     auto height = std::round(device.bottom()) - top;
     // A thin line keeps its thickness wherever it lies, else neighbours would differ.
-    constexpr double kThin = 4;
-    if (device.width() < kThin)
+    constexpr double thinSide = 4;
+    if (device.width() < thinSide)
         width = std::max(1.0, std::round(device.width() - 0.01));
-    if (device.height() < kThin)
+    if (device.height() < thinSide)
         height = std::max(1.0, std::round(device.height() - 0.01));
     if (rect.isEmpty())
         return rect;

@@ -19,10 +19,10 @@ namespace platform {
 
 namespace {
 
-constexpr double kGrid = 24;
+constexpr double gridSide = 24;
 
 // Path arithmetic flattens curves in whole units; on a finer grid its corners are too small to see.
-constexpr double kDetail = 10;
+constexpr double detail = 10;
 
 /// Dots stand on every point of their path data.
 enum class Ink { stroke, fill, dots, clearStroke, clearDots };
@@ -41,22 +41,22 @@ struct Drawing {
     double turnDegrees = 0;
 };
 
-constexpr auto kPaletteOutline = "M12 3.1C6.85 3.1 2.9 7.05 2.9 12C2.9 17 6.8 20.9 11.5 20.9"
-                                 "C13.1 20.9 13.95 19.85 13.85 18.5C13.75 16.95 14.7 15.85 16.2 "
-                                 "15.85H17.9C19.9 15.85 21.1 14.55 21.1 12.4C21.1 7.05 17.1 3.1 12 "
-                                 "3.1Z";
-constexpr auto kPaletteDots = "M7 12.6L8.7 8.2L13.2 6.9L17.1 9.9";
-constexpr auto kDropper
+constexpr auto paletteOutline = "M12 3.1C6.85 3.1 2.9 7.05 2.9 12C2.9 17 6.8 20.9 11.5 20.9"
+                                "C13.1 20.9 13.95 19.85 13.85 18.5C13.75 16.95 14.7 15.85 16.2 "
+                                "15.85H17.9C19.9 15.85 21.1 14.55 21.1 12.4C21.1 7.05 17.1 3.1 12 "
+                                "3.1Z";
+constexpr auto paletteDots = "M7 12.6L8.7 8.2L13.2 6.9L17.1 9.9";
+constexpr auto dropper
     = "M9.2 8.2V3.5A2.8 2.8 0 0 1 14.8 3.5V8.2 M6.9 8.3H17.1 M9.3 8.6V16.7C9.3 17.1 9.42 17.5 9.66 "
       "17.82L12 20.9L14.34 17.82C14.58 17.5 14.7 17.1 14.7 16.7V8.6 M12 20.9V23.2";
-constexpr auto kDropperContent
+constexpr auto dropperContent
     = "M9.3 13.2V16.7C9.3 17.1 9.42 17.5 9.66 17.82L12 20.9L14.34 17.82C14.58 17.5 14.7 17.1 14.7 "
       "16.7V13.2Z";
-constexpr auto kSlash = "M4 2.5L20 21.7";
+constexpr auto slash = "M4 2.5L20 21.7";
 
-const auto kDrawings = std::to_array<Drawing>({
-    { Symbol::eyedropper, { { Ink::stroke, kDropper } }, 45 },
-    { Symbol::eyedropperHalf, { { Ink::stroke, kDropper }, { Ink::fill, kDropperContent } }, 45 },
+const auto drawings = std::to_array<Drawing>({
+    { Symbol::eyedropper, { { Ink::stroke, dropper } }, 45 },
+    { Symbol::eyedropperHalf, { { Ink::stroke, dropper }, { Ink::fill, dropperContent } }, 45 },
     { Symbol::copy,
         { { Ink::stroke,
             "M8.9 15.9H7.1A2.6 2.6 0 0 1 4.5 13.3V5.5A2.6 2.6 0 0 1 7.1 2.9H12.3A2.6 2.6 0 0 1 "
@@ -65,10 +65,10 @@ const auto kDrawings = std::to_array<Drawing>({
     { Symbol::checkmark, { { Ink::stroke, "M4.6 12.9L9.6 17.9L19.4 6.6" } } },
     // The seal's own shape is a formula, not path data.
     { Symbol::seal, { { Ink::clearStroke, "M7.9 12.5L10.8 15.3L16.2 9", 2 } } },
-    { Symbol::palette, { { Ink::stroke, kPaletteOutline }, { Ink::dots, kPaletteDots, 2.6 } } },
+    { Symbol::palette, { { Ink::stroke, paletteOutline }, { Ink::dots, paletteDots, 2.6 } } },
     { Symbol::paletteFill,
-        { { Ink::fill, kPaletteOutline }, { Ink::stroke, kPaletteOutline, 1.8 },
-            { Ink::clearDots, kPaletteDots, 3 } } },
+        { { Ink::fill, paletteOutline }, { Ink::stroke, paletteOutline, 1.8 },
+            { Ink::clearDots, paletteDots, 3 } } },
     { Symbol::tray,
         { { Ink::stroke,
             "M12 3.2V14.6M7.4 10.2L12 14.8L16.6 10.2 M3.6 14.2V17.6A3 3 0 0 0 6.6 20.6H17.4A3 3 0 "
@@ -79,7 +79,7 @@ const auto kDrawings = std::to_array<Drawing>({
         { { Ink::stroke,
               "M12 3.4L20.8 7.6L12 11.8L3.2 7.6Z M3.2 12.1L12 16.3L20.8 12.1 M3.2 16.5L12 "
               "20.7L20.8 16.5" },
-            { Ink::clearStroke, kSlash, -2.7 }, { Ink::stroke, kSlash } } },
+            { Ink::clearStroke, slash, -2.7 }, { Ink::stroke, slash } } },
     { Symbol::trash,
         { { Ink::stroke,
             "M4.2 6.6H19.8M9.1 6.3V5.2A2 2 0 0 1 11.1 3.2H12.9A2 2 0 0 1 14.9 5.2V6.3M6.2 6.8L7 "
@@ -89,12 +89,12 @@ const auto kDrawings = std::to_array<Drawing>({
 
 QPainterPath sealShape()
 {
-    constexpr int kPoints = 192;
+    constexpr int points = 192;
     QPainterPath path;
-    for (int i = 0; i < kPoints; ++i) {
-        const auto t = 2 * std::numbers::pi * i / kPoints;
+    for (int i = 0; i < points; ++i) {
+        const auto t = 2 * std::numbers::pi * i / points;
         const auto r = 9.55 + 0.62 * std::cos(8 * t);
-        const auto point = QPointF(12 + r * std::cos(t), 12 + r * std::sin(t)) * kDetail;
+        const auto point = QPointF(12 + r * std::cos(t), 12 + r * std::sin(t)) * detail;
         i == 0 ? path.moveTo(point) : path.lineTo(point);
     }
     path.closeSubpath();
@@ -124,9 +124,9 @@ QPainterPath dotsOn(const QPainterPath& path, double diameter)
 
 QPainterPath areaOf(const Step& step, double stroke)
 {
-    const auto path = QTransform::fromScale(kDetail, kDetail)
+    const auto path = QTransform::fromScale(detail, detail)
                           .map(parsePathData(step.data).value_or(QPainterPath()));
-    const auto width = kDetail
+    const auto width = detail
         * (step.width > 0        ? step.width
                 : step.width < 0 ? -step.width * stroke
                                  : stroke);
@@ -154,10 +154,10 @@ QPainterPath outlineOf(const Drawing& drawing, double stroke)
             outline = outline.isEmpty() ? area : outline.united(area);
     }
     QTransform toGrid;
-    toGrid.translate(kGrid / 2, kGrid / 2);
+    toGrid.translate(gridSide / 2, gridSide / 2);
     toGrid.rotate(drawing.turnDegrees);
-    toGrid.translate(-kGrid / 2, -kGrid / 2);
-    toGrid.scale(1 / kDetail, 1 / kDetail);
+    toGrid.translate(-gridSide / 2, -gridSide / 2);
+    toGrid.scale(1 / detail, 1 / detail);
     return toGrid.map(outline);
 }
 
@@ -168,7 +168,7 @@ const QPainterPath& symbolOutline(Symbol symbol, double stroke)
     static std::map<std::pair<Symbol, double>, QPainterPath> outlines;
     auto& outline = outlines[{ symbol, stroke }];
     if (outline.isEmpty()) {
-        const auto* drawing = std::find_if(std::begin(kDrawings), std::end(kDrawings),
+        const auto* drawing = std::find_if(std::begin(drawings), std::end(drawings),
             [symbol](const Drawing& each) { return each.symbol == symbol; });
         outline = outlineOf(*drawing, stroke);
     }
@@ -182,7 +182,7 @@ void paintSymbol(
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(box.center() - QPointF(side / 2, side / 2));
-    painter.scale(side / kGrid, side / kGrid);
+    painter.scale(side / gridSide, side / gridSide);
     painter.fillPath(symbolOutline(symbol, stroke), color);
     painter.restore();
 }
@@ -193,10 +193,10 @@ void paintBrand(QPainter& painter, const QRectF& box, double radius)
         double turnDegrees;
         QRgb color;
     };
-    constexpr auto kChips
+    constexpr auto chips
         = std::to_array<Chip>({ { -36, 0xFF9784FF }, { 36, 0xFFFFC470 }, { 0, 0xFFFF94A8 } });
-    constexpr double kSide = 64;
-    constexpr QPointF kPivot(32, 45);
+    constexpr double sideSpace = 64;
+    constexpr QPointF pivot(32, 45);
     static const auto chipShape = parsePathData(
         "M23.5 16.5A5.5 5.5 0 0 1 29 11H35A5.5 5.5 0 0 1 40.5 16.5V45A8.5 8.5 0 0 1 "
         "23.5 45Z")
@@ -210,18 +210,18 @@ void paintBrand(QPainter& painter, const QRectF& box, double radius)
     painter.fillPath(smoothRoundedRect(box, radius), ground);
 
     painter.translate(box.topLeft());
-    painter.scale(box.width() / kSide, box.height() / kSide);
+    painter.scale(box.width() / sideSpace, box.height() / sideSpace);
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-    for (const auto& chip : kChips) {
+    for (const auto& chip : chips) {
         QTransform turn;
-        turn.translate(kPivot.x(), kPivot.y());
+        turn.translate(pivot.x(), pivot.y());
         turn.rotate(chip.turnDegrees);
-        turn.translate(-kPivot.x(), -kPivot.y());
+        turn.translate(-pivot.x(), -pivot.y());
         painter.fillPath(turn.map(chipShape), QColor::fromRgb(chip.color));
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     QPainterPath dot;
-    dot.addEllipse(kPivot, 3.2, 3.2);
+    dot.addEllipse(pivot, 3.2, 3.2);
     painter.fillPath(dot, QColor(0xFB, 0xF9, 0xFF));
     painter.restore();
 }

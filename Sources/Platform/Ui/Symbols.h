@@ -25,15 +25,15 @@ enum class Symbol {
 };
 
 /// The thickness of lines on the grid of 24 that every symbol is drawn on.
-inline constexpr double kSymbolStroke = 1.75;
+inline constexpr double symbolStroke = 1.75;
 
 /// The area that a symbol covers on the grid of 24, ready to be filled in one go, so that a
 /// translucent colour stays even. `stroke` is the thickness of its lines on that grid.
-[[nodiscard]] const QPainterPath& symbolOutline(Symbol symbol, double stroke = kSymbolStroke);
+[[nodiscard]] const QPainterPath& symbolOutline(Symbol symbol, double stroke = symbolStroke);
 
 /// Fills the symbol into the largest square in the middle of `box`.
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColor& color,
-    double stroke = kSymbolStroke);
+    double stroke = symbolStroke);
 
 /// The brand picture: a smooth square of `radius` with three overlapping colour chips.
 void paintBrand(QPainter& painter, const QRectF& box, double radius);

@@ -12,9 +12,9 @@ namespace {
 /// The font at `scale` times its size; pixel sizes are whole numbers, point sizes are not.
 QFont enlarged(const QFont& font, double scale, const QPaintDevice& device)
 {
-    constexpr double kPointsPerInch = 72;
+    constexpr double pointsPerInch = 72;
     auto result = font;
-    result.setPointSizeF(font.pixelSize() * scale * kPointsPerInch / device.logicalDpiY());
+    result.setPointSizeF(font.pixelSize() * scale * pointsPerInch / device.logicalDpiY());
     if (font.letterSpacing() != 0)
         result.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing() * scale);
     return result;

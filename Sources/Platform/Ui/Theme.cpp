@@ -20,7 +20,7 @@ struct Token {
 };
 
 // clang-format off
-constexpr auto kTokens = std::to_array<Token>({
+constexpr auto tokens = std::to_array<Token>({
     // field                   light                    dark
     { &Theme::windowBackground, { 0xFFF7F7F8 },          { 0xFF232326 } },
     { &Theme::text,             { 0xFF18181B },          { 0xFFF5F5F7 } },
@@ -43,7 +43,7 @@ Theme makeTheme(Appearance appearance)
 {
     Theme theme;
     theme.appearance = appearance;
-    for (const auto& token : kTokens) {
+    for (const auto& token : tokens) {
         const auto& shade = appearance == Appearance::light ? token.light : token.dark;
         theme.*token.field
             = shade.rgb != 0 ? QColor::fromRgb(shade.rgb) : faded(theme.text, shade.textOpacity);

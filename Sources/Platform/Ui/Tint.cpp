@@ -18,8 +18,8 @@ Tint blended(const Tint& from, const Tint& to, double progress)
 
 QColor edgeOf(const Tint& tint)
 {
-    constexpr double kEdgeOpacity = 0.18;
-    return tint.stroked ? faded(tint.ink, kEdgeOpacity) : QColor(Qt::transparent);
+    constexpr double edgeOpacity = 0.18;
+    return tint.stroked ? faded(tint.ink, edgeOpacity) : QColor(Qt::transparent);
 }
 
 void applyTint(QWidget& root, const Tint& tint)
