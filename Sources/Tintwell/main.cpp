@@ -53,6 +53,8 @@ int main(int argc, char* argv[])
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tintwell"));
     QApplication::setApplicationVersion(QStringLiteral(TINTWELL_VERSION));
+    // Its words are English, so it reads from left to right whatever the toolkit is asked for.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QApplication::setDesktopFileName(QStringLiteral(TINTWELL_APP_ID));
     return tintwell::TintwellApp(arguments).run();
 }
