@@ -160,9 +160,14 @@ void TintwellApp::sample()
 
 void TintwellApp::hideForPick()
 {
+    // The item is a window too, to the toolkit; a tray forgets one that is hidden.
+    const auto isOurs = [](const QWidget& widget) {
+        return widget.windowType() == Qt::Window
+            && !widget.windowFlags().testFlag(Qt::BypassWindowManagerHint);
+    };
     hiddenForPick_.clear();
     for (auto* widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->windowType() == Qt::Window && !widget->isMinimized()) {
+        if (isOurs(*widget) && widget->isVisible() && !widget->isMinimized()) {
             hiddenForPick_.emplace_back(widget);
             widget->hide();
         }

@@ -9,6 +9,8 @@
 #include "Stack.h"
 #include "ThemeSource.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QShortcut>
 
@@ -85,6 +87,8 @@ TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* p
           [this](const auto& spring) { show(spring); })
 {
     setFixedSize(panelSize);
+    setFocusPolicy(Qt::ClickFocus);
+    setAccessibleName(QStringLiteral("Tintwell"));
     workspacePicker_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     workspace_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setLayout(platform::vstack(0,
@@ -198,6 +202,25 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
 bool TintwellView::focusNextPrevChild(bool next)
 {
     return platform::moveFocusInReadingOrder(*this, next);
+}
+
+/// The workspace scrolls wherever the focus is.
+void TintwellView::keyPressEvent(QKeyEvent* event)
+{
+    auto* page = workspace_->currentPage();
+    auto* area = qobject_cast<platform::ScrollArea*>(page);
+    if (area == nullptr)
+        area = page->findChild<platform::ScrollArea*>();
+    switch (event->key()) {
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QCoreApplication::sendEvent(area, event);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void TintwellView::paintEvent(QPaintEvent*)

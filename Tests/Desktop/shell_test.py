@@ -295,6 +295,18 @@ class EmbeddedTest(TrayTest):
         subprocess.run(["xdotool", "mouseup", "1"], check=True)
         self.expect(lambda: panel() is None, "then the focus is gone, and with it the panel")
 
+    def test_item_outlives_a_pick(self):
+        self.start_with_item()
+        self.open_panel()
+        self.expect(lambda: output("xdotool", "getactivewindow").strip() == panel().number, "focus")
+        key("ctrl+shift+c")
+        self.expect(lambda: panel() is None, "the panel makes room for the loupe")
+        self.expect(lambda: key("Escape") or panel(), "the panel comes back")
+        self.assertEqual(embedded_item(), self.place)
+        key("Escape")
+        self.expect(lambda: panel() is None, "Escape closes the panel")
+        self.open_panel()
+
     def test_tray_goes_for_good(self):
         process = self.start_with_item()
         self.open_panel()

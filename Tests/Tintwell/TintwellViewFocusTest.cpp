@@ -184,6 +184,30 @@ TEST_F(TintwellViewFocusTest, TabStartsInTheOrderOfReadingAndShowsEvenInASmallWi
     }
 }
 
+TEST_F(TintwellViewFocusTest, TheWorkspaceScrollsByKeysWhereverTheFocusIs)
+{
+    const auto* bar = part<platform::ScrollArea>()->verticalScrollBar();
+    for (auto* focus : { static_cast<QWidget*>(view_.get()), button("More"), tile("tone.50") }) {
+        focus->setFocus(Qt::OtherFocusReason);
+        for (const auto key : { Qt::Key_End, Qt::Key_Home }) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+            const int end = key == Qt::Key_End ? bar->maximum() : bar->minimum();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == end; })) << nameOf(focus).toStdString();
+        }
+    }
+}
+
+TEST_F(TintwellViewFocusTest, AShortcutDoesNotShowTheRing)
+{
+    auto* save = button("Save + Install");
+    QTest::mouseClick(save, Qt::LeftButton);
+    save->setFocus(Qt::MouseFocusReason);
+    QTest::keyClick(save, Qt::Key_3, Qt::ControlModifier);
+    EXPECT_FALSE(save->findChild<platform::FocusRing*>()->isShown());
+    QTest::keyClick(save, Qt::Key_Home);
+    EXPECT_TRUE(save->findChild<platform::FocusRing*>()->isShown());
+}
+
 TEST_F(TintwellViewFocusTest, AHeldKeyPressesOnce)
 {
     openOn({ palette(1, "One"), palette(2, "Two") });

@@ -372,6 +372,21 @@ TEST_F(PopupMenuTest, IsWalkedAndChosenByKeys)
     EXPECT_TRUE(menu.isNull());
 }
 
+TEST_F(PopupMenuTest, APointerThatRestsSelectsNothing)
+{
+    auto* menu = open(/*byKeyboard=*/true);
+    ASSERT_EQ(menu->selected(), 0);
+    auto* last = menu->findChildren<QAbstractButton*>().constLast();
+    const auto enter = [last](QPointF pointer) {
+        QEnterEvent event(QPointF(5, 5), QPointF(5, 5), pointer);
+        QCoreApplication::sendEvent(last, &event);
+    };
+    enter(QCursor::pos());
+    EXPECT_EQ(menu->selected(), 0);
+    enter(QCursor::pos() + QPoint(1, 0));
+    EXPECT_GT(menu->selected(), 0);
+}
+
 TEST_F(PopupMenuTest, ClosesWithoutAnAction)
 {
     const auto ways = std::to_array<std::function<void(PopupMenu*)>>({

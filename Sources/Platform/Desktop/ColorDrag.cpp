@@ -28,6 +28,8 @@ void runColorDrag(const ColorContent& content, const QPixmap& picture)
     drag->exec(Qt::CopyAction);
     QGuiApplication::restoreOverrideCursor();
     isRunning = false;
+    // Who did not listen during the drag hears now where the focus is.
+    Q_EMIT qGuiApp->focusWindowChanged(QGuiApplication::focusWindow());
 }
 
 bool isColorDragRunning()

@@ -19,6 +19,9 @@ void ContentViewport::setContent(QWidget* content)
     content->move(0, 0);
     content->show();
     fit();
+    // The keys that nobody inside takes belong to the content.
+    window()->setFocusProxy(content);
+    content->setFocus();
 }
 
 QWidget* ContentViewport::takeContent()
@@ -27,6 +30,7 @@ QWidget* ContentViewport::takeContent()
     if (content == nullptr)
         return nullptr;
     content->hide();
+    window()->setFocusProxy(nullptr);
     content->setParent(nullptr);
     delete std::exchange(scroller_, nullptr);
     return content;

@@ -37,6 +37,15 @@ QRect visibleArea(const QWidget& widget)
     return area;
 }
 
+/// Keys that act on the window, not on what has the focus.
+bool isShortcut(const QKeyEvent& event)
+{
+    constexpr auto shortcutKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return (event.modifiers() & shortcutKeys) != 0 || event.key() == Qt::Key_Control
+        || event.key() == Qt::Key_Alt || event.key() == Qt::Key_Meta
+        || event.key() == Qt::Key_Shift;
+}
+
 } // namespace
 
 /// A child of the window, as large as the ring.
@@ -123,7 +132,8 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event)
             focusEntered(static_cast<QFocusEvent*>(event)->reason());
         else if (event->type() == QEvent::FocusOut)
             hide();
-        else if (event->type() == QEvent::KeyPress && control_.hasFocus()) {
+        else if (event->type() == QEvent::KeyPress && control_.hasFocus()
+            && !isShortcut(*static_cast<QKeyEvent*>(event))) {
             noteKeyboardUse();
             show();
         }

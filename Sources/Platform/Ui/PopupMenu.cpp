@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <QAccessible>
+#include <QCursor>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -93,17 +94,17 @@ protected:
     }
     void enterEvent(QEnterEvent* event) override
     {
-        menu_.select(index_);
+        menu_.point(index_, event->globalPosition().toPoint());
         QAbstractButton::enterEvent(event);
     }
     void mouseMoveEvent(QMouseEvent* event) override
     {
-        menu_.select(index_);
+        menu_.point(index_, event->globalPosition().toPoint());
         QAbstractButton::mouseMoveEvent(event);
     }
     void leaveEvent(QEvent* event) override
     {
-        menu_.select(-1);
+        menu_.point(-1, QCursor::pos());
         QAbstractButton::leaveEvent(event);
     }
 
@@ -140,6 +141,7 @@ PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& ti
     , tint_(tint)
     , near_(Metrics::menuRadius, near.sigma)
     , far_(Metrics::menuRadius, far.sigma)
+    , restingPointer_(QCursor::pos())
     , opacity_([this] { update(); })
 {
     installAccessibility();
@@ -308,6 +310,15 @@ void PopupMenu::select(int index)
         QAccessibleEvent event(rows_[static_cast<std::size_t>(index)], QAccessible::Focus);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+void PopupMenu::point(int index, const QPoint& pointer)
+{
+    if (std::exchange(restingPointer_, std::nullopt) == pointer) {
+        restingPointer_ = pointer;
+        return;
+    }
+    select(index);
 }
 
 void PopupMenu::selectNext(int step)

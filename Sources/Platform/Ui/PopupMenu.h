@@ -58,6 +58,9 @@ private:
     PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& tint);
     void place();
     void layOutRows();
+    /// The pointer is on a row, or on none. One that only rests where a row has appeared selects
+    /// nothing.
+    void point(int index, const QPoint& pointer);
     void select(int index);
     void selectNext(int step);
     void choose(int index);
@@ -72,6 +75,8 @@ private:
     bool closing_ = false;
     Shadow near_;
     Shadow far_;
+    /// Where the pointer was when the menu opened, until it moves.
+    std::optional<QPoint> restingPointer_;
     Fade opacity_;
 };
 

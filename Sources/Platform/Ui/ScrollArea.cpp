@@ -15,8 +15,8 @@ namespace {
 constexpr int pixelsPerNotch = 64;
 constexpr double anglePerNotch = 120;
 constexpr int glideMilliseconds = 140;
-/// Room that stays between a focused control and the area's edge.
-constexpr int focusMargin = 20;
+/// Stays in sight around a focused control: what belongs to it, such as its label or heading.
+constexpr int focusMargin = 64;
 
 } // namespace
 
