@@ -6,12 +6,16 @@
 #include "TintwellView.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QPixmap>
 
 namespace tintwell {
 
 PanelContent makePanelContent(DesktopServices& services)
 {
     constexpr auto seed = "#6E56CF";
+    // No window is made before its content, and the content shows the same picture.
+    QApplication::setWindowIcon(QPixmap::fromImage(BrandMark::mascot()));
     PanelContent content;
     content.model = std::make_unique<TintwellModel>(RGBAColor::fromHex(seed).value_or(RGBAColor()),
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
@@ -23,11 +27,6 @@ PanelContent makePanelContent(DesktopServices& services)
             = [dates = std::make_shared<platform::DateText>(platform::DateText::userLocale())](
                   platform::Timestamp time) { return (*dates)(time); } });
     return content;
-}
-
-QIcon applicationIcon()
-{
-    return QPixmap::fromImage(BrandMark::mascot());
 }
 
 } // namespace tintwell

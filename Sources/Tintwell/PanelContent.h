@@ -4,7 +4,6 @@
 #include "DesktopServices.h"
 #include "TintwellModel.h"
 
-#include <QIcon>
 #include <QPointer>
 #include <QWidget>
 
@@ -21,8 +20,5 @@ struct PanelContent {
 /// A new model of the seed colour over the user's library, independent of every other, and its
 /// view.
 [[nodiscard]] PanelContent makePanelContent(DesktopServices& services);
-
-/// For windows that the desktop lists.
-[[nodiscard]] QIcon applicationIcon();
 
 } // namespace tintwell

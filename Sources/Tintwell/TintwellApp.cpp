@@ -130,13 +130,20 @@ QRect TintwellApp::anchor() const
 
 void TintwellApp::trayChanged(Presence presence)
 {
-    if (presence == Presence::absent && !hasOpenWindow()) {
-        showPanelAsWindow();
-        standsIn_ = true;
-    }
+    if (presence == Presence::absent)
+        standIn();
     // Nobody asked for the window and nobody has touched it, and the item is there after all.
-    if (presence == Presence::shown && standsIn_ && !window_->wasUsed())
+    if (presence == Presence::shown && std::exchange(standsIn_, false) && !window_->wasUsed())
         window_->hide();
+}
+
+void TintwellApp::standIn()
+{
+    // Windows that make room for a pick come back.
+    if (hasOpenWindow() || !hiddenForPick_.empty())
+        return;
+    showPanelAsWindow();
+    standsIn_ = true;
 }
 
 /// The picked colour shows in the panel, so it opens when the pick is over.
@@ -180,6 +187,8 @@ void TintwellApp::showAfterPick()
             widget->show();
     if (panel_ && panel_->isVisible())
         panel_->activateWindow();
+    if (item_->presence() == Presence::absent)
+        standIn();
 }
 
 void TintwellApp::showPanel()
@@ -228,7 +237,6 @@ platform::ContentWindow& TintwellApp::window()
     if (!window_) {
         window_ = std::make_unique<platform::ContentWindow>(
             QStringLiteral("Tintwell"), [this] { windowClosed(); });
-        window_->setWindowIcon(applicationIcon());
         // The item brings the window back.
         auto* escape = new QShortcut(Qt::Key_Escape, window_.get());
         QObject::connect(escape, &QShortcut::activated, window_.get(), [this] {

@@ -39,6 +39,8 @@ private:
     void handle(const platform::ActivationRequest& request);
     void itemActivated(const std::optional<platform::ScreenRect>& place);
     void trayChanged(platform::StatusItem::Presence presence);
+    /// Opens the panel as a window where nothing else would reach the process.
+    void standIn();
     void sample();
     /// The application's own windows leave the screen while the user picks from it.
     void hideForPick();
@@ -66,7 +68,7 @@ private:
     /// The two frames around the one view; whichever is open has it.
     std::unique_ptr<platform::PanelWindow> panel_;
     std::unique_ptr<platform::ContentWindow> window_;
-    /// The window opened by itself, for want of a tray.
+    /// The window has opened by itself, for want of a tray.
     bool standsIn_ = false;
     std::unique_ptr<platform::StatusItem> item_;
     std::optional<QRect> lastPlace_;

@@ -14,7 +14,6 @@ struct TintwellAppDelegate::WindowController {
         , window(QStringLiteral("Tintwell Preview"), std::move(closed))
     {
         window.setContent(content.view);
-        window.setWindowIcon(applicationIcon());
     }
 
     PanelContent content;

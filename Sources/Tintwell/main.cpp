@@ -1,5 +1,4 @@
 // Starts the desktop application.
-#include "DesktopReach.h"
 #include "TintwellApp.h"
 
 #include <QApplication>
@@ -31,6 +30,17 @@ bool contains(const std::vector<std::string>& arguments, const char* wanted)
     return std::find(arguments.begin(), arguments.end(), wanted) != arguments.end();
 }
 
+/// In place while the toolkit looks for a display: it explains at length that there is none, and
+/// aborts.
+void onToolkitMessage(
+    QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("Tintwell needs a desktop to appear on; tintwell-cli works without one.\n", stderr);
+    std::_Exit(EX_UNAVAILABLE);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -45,12 +55,9 @@ int main(int argc, char* argv[])
         std::puts("tintwell " TINTWELL_VERSION);
         return EXIT_SUCCESS;
     }
-    if (!platform::isDesktopReachable()) {
-        std::fputs(
-            "Tintwell needs a desktop to appear on; tintwell-cli works without one.\n", stderr);
-        return EX_UNAVAILABLE;
-    }
+    auto* const usualHandler = qInstallMessageHandler(onToolkitMessage);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(usualHandler);
     QApplication::setApplicationName(QStringLiteral("Tintwell"));
     QApplication::setApplicationVersion(QStringLiteral(TINTWELL_VERSION));
     // Its words are English, so it reads from left to right whatever the toolkit is asked for.

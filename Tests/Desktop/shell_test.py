@@ -8,146 +8,16 @@ import signal
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
+
+from shell_support import (BLACK_DOT, OTHER_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, call, click, embedded_item,
+                           eventually, key, menu, notifier_items, output, owner_process, panel, windows)
 
 PROGRAM = sys.argv.pop(1)
 CASE = sys.argv.pop(1)
 BUS_NAME = "io.github.tintwell.Tintwell"
-WATCHER = "org.kde.StatusNotifierWatcher"
 TRAYER = ["trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "24"]
 SCRATCH = tempfile.mkdtemp(dir=os.environ["HOME"])
-SCREEN = tuple(map(int, re.search(r"dimensions:\s+(\d+)x(\d+)", subprocess.run(
-    ["xdpyinfo"], capture_output=True, text=True, check=True).stdout).groups()))
-OTHER_WINDOW = """
-import gi
-gi.require_version("Gtk", "3.0")
-from gi.repository import Gtk
-window = Gtk.Window(title="Another program", default_width=200, default_height=200)
-window.move(20, 60)
-window.show()
-Gtk.main()
-"""
-
-
-# Tells the desktop's appearance: 1 is dark, 2 is light; a line of the input changes it.
-SETTINGS_PORTAL = """
-import sys
-import dbus, dbus.mainloop.glib, dbus.service
-from gi.repository import GLib
-SETTINGS = "org.freedesktop.portal.Settings"
-class Portal(dbus.service.Object):
-    scheme = 2
-    @dbus.service.method(SETTINGS, in_signature="as", out_signature="a{sa{sv}}")
-    def ReadAll(self, namespaces):
-        return {"org.freedesktop.appearance": {"color-scheme": dbus.UInt32(self.scheme)}}
-    @dbus.service.signal(SETTINGS, signature="ssv")
-    def SettingChanged(self, namespace, key, value):
-        pass
-dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-bus = dbus.SessionBus()
-portal = Portal(bus, "/org/freedesktop/portal/desktop")
-name = dbus.service.BusName("org.freedesktop.portal.Desktop", bus)
-def read(*_):
-    portal.scheme = int(sys.stdin.readline())
-    portal.SettingChanged("org.freedesktop.appearance", "color-scheme", dbus.UInt32(portal.scheme))
-    return True
-GLib.io_add_watch(sys.stdin, GLib.IO_IN, read)
-GLib.MainLoop().run()
-"""
-
-
-def output(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
-
-
-def eventually(condition, seconds=10):
-    limit = time.monotonic() + seconds
-    while True:
-        value = condition()
-        if value or time.monotonic() > limit:
-            return value
-        time.sleep(0.01)
-
-
-class Window:
-    def __init__(self, number, geometry):
-        self.number = number
-        self.x, self.y, self.width, self.height = geometry
-
-    def is_on_screen(self):
-        return (self.x >= 0 and self.y >= 0 and self.x + self.width <= SCREEN[0]
-                and self.y + self.height <= SCREEN[1])
-
-    def states(self):
-        return output("xprop", "-id", self.number, "_NET_WM_STATE")
-
-    def close(self):
-        """As the window manager's close button does. A key can reach the manager before it has taken the window
-        into its care, so it is pressed until the window is gone."""
-        def is_gone():
-            if subprocess.run(["timeout", "3", "xdotool", "windowactivate", "--sync", self.number, "key", "alt+F4"],
-                              check=False, stderr=subprocess.DEVNULL).returncode:
-                return True
-            return eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number), seconds=2)
-        eventually(is_gone)
-
-
-def windows(title):
-    """Every window of exactly that title that is on the screen."""
-    found = []
-    for number in output("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split():
-        facts = output("xwininfo", "-id", number)
-        values = [re.search(rf"{name}:\s+(-?\d+)", facts) for name in
-                  ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
-        if all(values):
-            found.append(Window(number, [int(value.group(1)) for value in values]))
-    return found
-
-
-def panel():
-    """The panel or the window that stands in for it."""
-    return next((window for window in windows("Tintwell") if window.width > 400), None)
-
-
-def menu():
-    return re.search(r'"Tintwell".* 1\d\dx\d+\+', output("xwininfo", "-root", "-tree"))
-
-
-def embedded_item():
-    """The middle of the item in an X11 tray at the top of the screen."""
-    place = re.search(r'"Tintwell".* 22x22\+\S+ +\+(\d+)\+(\d)$', output("xwininfo", "-root", "-tree"),
-                      re.MULTILINE)
-    # The tray is put into its corner once it has an item.
-    if place is None or int(place.group(1)) < SCREEN[0] - 40:
-        return None
-    return int(place.group(1)) + 11, int(place.group(2)) + 11
-
-
-def call(destination, path, method, *arguments):
-    return output("gdbus", "call", "--session", "--dest", destination, "--object-path", path,
-                  "--method", method, *arguments)
-
-
-def notifier_items():
-    return re.findall(r"org\.kde\.StatusNotifierItem-[\d-]+", call(
-        WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get", WATCHER,
-        "RegisteredStatusNotifierItems"))
-
-
-def owner_process(name):
-    answer = re.search(r"uint32 (\d+)", call(
-        "org.freedesktop.DBus", "/org/freedesktop/DBus",
-        "org.freedesktop.DBus.GetConnectionUnixProcessID", name))
-    return int(answer.group(1)) if answer else None
-
-
-def click(x, y, button=1):
-    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
-
-
-def key(name):
-    subprocess.run(["xdotool", "key", name], check=True)
 
 
 def leftovers():
@@ -160,8 +30,8 @@ class ShellTest(unittest.TestCase):
     def setUp(self):
         self.before = leftovers()
 
-    def start(self, *arguments):
-        process = subprocess.Popen([PROGRAM, *arguments], env={**os.environ, "TMPDIR": SCRATCH})
+    def start(self, *arguments, **environment):
+        process = subprocess.Popen([PROGRAM, *arguments], env={**os.environ, "TMPDIR": SCRATCH, **environment})
         self.addCleanup(self.end, process)
         return process
 
@@ -174,6 +44,19 @@ class ShellTest(unittest.TestCase):
         process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(self.end, process)
         return process
+
+    def start_settings(self):
+        """Returns what sets the desktop's appearance."""
+        portal = subprocess.Popen([sys.executable, "-c", SETTINGS_PORTAL], stdin=subprocess.PIPE, text=True,
+                                  stdout=subprocess.DEVNULL)
+        self.addCleanup(portal.stdin.close)
+        self.addCleanup(self.end, portal)
+        self.expect(lambda: owner_process("org.freedesktop.portal.Desktop"), "the settings")
+
+        def choose(scheme):
+            portal.stdin.write(f"{scheme}\n")
+            portal.stdin.flush()
+        return choose
 
     @staticmethod
     def end(process):
@@ -206,8 +89,8 @@ class TrayTest(ShellTest):
     def item(self):
         raise NotImplementedError
 
-    def start_with_item(self, *arguments):
-        process = self.start(*arguments)
+    def start_with_item(self, *arguments, **environment):
+        process = self.start(*arguments, **environment)
         self.place = self.expect(self.item, "the item in the tray")
         return process
 
@@ -280,6 +163,25 @@ class EmbeddedTest(TrayTest):
         self.place = self.expect(self.item, "the item in the new tray")
         self.open_panel()
 
+    def test_icon_follows_the_bar(self):
+        choose = self.start_settings()
+        self.start_with_item()
+        x, y = self.place[0] - 11, self.place[1] - 11
+
+        def shows(ink):
+            return ink in output("import", "-window", "root", "-crop", f"22x22+{x}+{y}", "-depth", "8", "txt:-")
+        self.expect(lambda: shows("#2A2A2E"), "dark ink on the light bar")
+        # Twice, as the looks that the item takes by itself at its start may serve for the first time.
+        for _ in range(2):
+            # Where the item looks at the bar.
+            dot = self.start_service(sys.executable, "-c", BLACK_DOT, str(x), str(y))
+            self.expect(lambda: windows("Black dot"), "the dark bar")
+            choose(1)
+            self.expect(lambda: shows("#F2F2F4"), "light ink on the dark bar")
+            self.end(dot)
+            choose(2)
+            self.expect(lambda: shows("#2A2A2E"), "dark ink again")
+
     def test_panel_stays_during_a_drag(self):
         self.start_with_item()
         other = self.open_other_window()
@@ -315,6 +217,18 @@ class EmbeddedTest(TrayTest):
         self.end(self.tray)
         self.expect(panel, "the panel as a window").close()
         self.expect_end(process)
+
+    def test_closing_while_the_tray_may_come_back(self):
+        process = self.start_with_item("--preview-window")
+        preview = self.expect(lambda: windows("Tintwell Preview"), "the preview window")[0]
+        self.expect(lambda: output("xdotool", "getactivewindow").strip() == preview.number, "focus")
+        # Both happen while the process cannot hear of them, so that it hears them together.
+        process.send_signal(signal.SIGSTOP)
+        self.end(self.tray)
+        key("alt+F4")
+        process.send_signal(signal.SIGCONT)
+        self.expect(panel, "the panel as a window: nothing else would reach the process")
+        self.assertIsNone(process.poll())
 
     def test_quit_through_menu(self):
         process = self.start_with_item()
@@ -362,17 +276,32 @@ class NotifierTest(TrayTest):
                          ["Open Tintwell", "Sample", "Quit Tintwell"])
 
     def test_icon_follows_the_appearance(self):
-        portal = subprocess.Popen([sys.executable, "-c", SETTINGS_PORTAL], stdin=subprocess.PIPE, text=True,
-                                  stdout=subprocess.DEVNULL)
-        self.addCleanup(self.end, portal)
-        self.expect(lambda: owner_process("org.freedesktop.portal.Desktop"), "the settings")
+        choose = self.start_settings()
         self.start_with_item()
         # A pixel in the middle of the 16 points: alpha and ink.
         inks = ("0xff, 0x2a, 0x2a, 0x2e", "0xff, 0xf2, 0xf2, 0xf4")
         for scheme, ink in zip((2, 1, 2), (inks[0], inks[1], inks[0])):
-            portal.stdin.write(f"{scheme}\n")
-            portal.stdin.flush()
+            choose(scheme)
             self.expect(lambda ink=ink: ink in self.item_property("IconPixmap"), f"the ink for {scheme}")
+
+    def test_panel_opens_where_the_click_was(self):
+        bar = SCREEN[1] - 32
+        cases = [
+            # session, the place that the tray tells, the panel's middle; the pointer is elsewhere
+            ("x11", (900, bar), 400),
+            ("wayland", (900, bar), 900),
+            ("wayland", (0, 0), SCREEN[0] - 224),
+        ]
+        subprocess.run(["xdotool", "mousemove", "400", str(bar)], check=True)
+        for session, told, middle in cases:
+            with self.subTest(session=session, told=told):
+                process = self.start_with_item(XDG_SESSION_TYPE=session, WAYLAND_DISPLAY="")
+                call(notifier_items()[0], "/StatusNotifierItem", "org.kde.StatusNotifierItem.Activate",
+                     *map(str, told))
+                opened = self.expect(panel, "the panel")
+                self.assertLess(abs(opened.x + opened.width / 2 - middle), 20)
+                self.end(process)
+                self.expect(lambda: not notifier_items(), "the item goes")
 
     def test_menu_acts(self):
         process = self.start_with_item()
@@ -418,12 +347,16 @@ class NoTrayTest(ShellTest):
         window = self.expect(panel, "the panel as a window")
         click(window.x + 5, window.y + window.height - 5)
         self.expect(lambda: output("xdotool", "getactivewindow").strip() == window.number, "focus")
-        self.start_trayer()
+        tray = self.start_trayer()
         self.expect(embedded_item, "the item")
         self.assertIsNotNone(panel())
         panel().close()
         self.expect(lambda: panel() is None, "the window closes")
         self.assertIsNone(process.poll(), "with an item, closing is not the end")
+        self.end(tray)
+        self.expect(panel, "the window again")
+        self.start_trayer()
+        self.expect(lambda: panel() is None, "nobody has used it this time")
 
     def test_second_start_brings_the_window_back(self):
         process = self.start()
@@ -496,6 +429,7 @@ class ArgumentsTest(ShellTest):
             self.assertLess(abs(window.x + 224 - SCREEN[0] / 2), 20)
             self.assertLess(abs(window.y + 340 - SCREEN[1] / 2), 30)
             self.assertNotIn("SKIP_TASKBAR", window.states())
+            self.assertIn("Icon (128 x 128)", output("xprop", "-id", window.number, "_NET_WM_ICON"))
             window.close()
             self.expect(lambda: not windows("Tintwell Preview"), "it closes")
         self.assertEqual(windows("Tintwell Preview"), [])
@@ -511,10 +445,19 @@ class ArgumentsTest(ShellTest):
             self.assertIn(text, answer.stdout)
 
     def test_without_a_display(self):
-        for display in ({}, {"DISPLAY": ""}, {"DISPLAY": ":987"}, {"WAYLAND_DISPLAY": "wayland-none"}):
+        cases = [
+            {},
+            {"DISPLAY": ""},
+            {"DISPLAY": ":987"},
+            {"DISPLAY": ":987", "QT_QPA_PLATFORM": "xcb"},
+            {"DISPLAY": os.environ["DISPLAY"], "QT_QPA_PLATFORM": "no-such-platform"},
+            {"WAYLAND_DISPLAY": "wayland-none"},
+        ]
+        for display in cases:
             with self.subTest(display=display):
-                answer = subprocess.run([PROGRAM], capture_output=True, text=True, check=False,
-                                        env={"PATH": os.environ["PATH"], **display})
+                answer = subprocess.run(
+                    [PROGRAM], capture_output=True, text=True, check=False,
+                    env={name: os.environ[name] for name in ("PATH", "XDG_RUNTIME_DIR")} | display)
                 self.assertEqual(answer.returncode, os.EX_UNAVAILABLE)
                 self.assertEqual(answer.stderr.count("\n"), 1)
                 self.assertIn("needs a desktop", answer.stderr)

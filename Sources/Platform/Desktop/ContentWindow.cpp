@@ -48,6 +48,8 @@ void ContentWindow::fitToScreen()
 
 void ContentWindow::present()
 {
+    if (!isVisible())
+        wasUsed_ = false;
     if (isMinimized())
         showNormal();
     show();

@@ -24,7 +24,7 @@ public:
     /// Shows the window in front with the focus, at first in the middle of its screen.
     void present();
 
-    /// True once the user has clicked, scrolled or typed in the window.
+    /// True once the user has clicked, scrolled or typed in the window since it last opened.
     [[nodiscard]] bool wasUsed() const { return wasUsed_; }
 
 protected:

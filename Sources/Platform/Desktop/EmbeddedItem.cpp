@@ -7,14 +7,18 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 
 namespace platform {
 
 namespace {
 
-/// Well before, the tray has placed the item, or painted its bar anew.
-constexpr std::chrono::milliseconds dockingTime { 300 };
+using namespace std::chrono_literals;
+
+/// By the first the tray has mostly placed the item, or painted its bar anew; the second is for
+/// slow ones.
+constexpr std::array<std::chrono::milliseconds, 2> lookTimes { 300ms, 1500ms };
 
 } // namespace
 
@@ -39,7 +43,8 @@ EmbeddedItem::EmbeddedItem(
 
 void EmbeddedItem::followBar()
 {
-    QTimer::singleShot(dockingTime, &item_, [this] { matchBar(); });
+    for (const auto time : lookTimes)
+        QTimer::singleShot(time, &item_, [this] { matchBar(); });
 }
 
 void EmbeddedItem::setIcon(StatusIcon::Bar bar)

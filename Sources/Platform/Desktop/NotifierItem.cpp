@@ -120,9 +120,9 @@ void NotifierItem::SecondaryActivate(int x, int y) const
     handlers_.activated({ x, y });
 }
 
-void NotifierItem::ContextMenu(int /*x*/, int /*y*/) const
+void NotifierItem::ContextMenu(int x, int y) const
 {
-    handlers_.menuWanted();
+    handlers_.menuWanted({ x, y });
 }
 
 void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) { }

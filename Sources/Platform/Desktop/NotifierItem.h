@@ -62,7 +62,7 @@ public:
     struct Handlers {
         /// Where the tray says that the click was, in its own coordinates; null where it does not.
         std::function<void(QPoint)> activated;
-        std::function<void()> menuWanted;
+        std::function<void(QPoint)> menuWanted;
     };
 
     /// `iconName` may be empty; then only the pixmaps of `setIcon` are offered.

@@ -60,7 +60,12 @@ private:
     {
         using Tray = TrayWatch::Tray;
         const auto tray = watch_.tray();
-        if (tray == Tray::unknown || tray == tray_)
+        if (tray == Tray::unknown)
+            return;
+        // One X11 tray may have handed over to the next.
+        if (tray == tray_ && embedded_)
+            embedded_->followBar();
+        if (tray == tray_)
             return;
         tray_ = tray;
         notifier_.reset();
@@ -85,8 +90,8 @@ private:
     void showNotifier()
     {
         notifier_ = std::make_unique<NotifierItem>(content_, StatusIcon::themeName(content_.id),
-            NotifierItem::Handlers {
-                [this](QPoint hint) { activate(hint); }, [this] { popUpMenu(); } });
+            NotifierItem::Handlers { [this](QPoint hint) { activate(hint); },
+                [this](QPoint hint) { popUpMenu(hint); } });
         notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
         notifier_->announce();
     }
@@ -94,7 +99,7 @@ private:
     void showEmbedded()
     {
         embedded_ = std::make_unique<EmbeddedItem>(content_, icon_,
-            EmbeddedItem::Handlers { [this] { activate({}); }, [this] { popUpMenu(); } });
+            EmbeddedItem::Handlers { [this] { activate({}); }, [this] { popUpMenu({}); } });
     }
 
     /// The bar mostly changes with the desktop's appearance.
@@ -108,33 +113,36 @@ private:
 
     void activate(QPoint hint) const
     {
-        const auto item = place();
-        events_.activated(item ? item : pointerAnchor(hint));
+        if (const auto item = place())
+            return events_.activated(item);
+        const auto click = clickPlace(hint);
+        events_.activated(
+            click ? std::optional(ScreenRect { click->x(), click->y(), 1, 1 }) : std::nullopt);
     }
 
     /// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland
     /// desktop its emulation knows the pointer over X11 windows only, so there the tray's own hint
     /// counts, if it gives one.
-    [[nodiscard]] static std::optional<ScreenRect> pointerAnchor(QPoint hint)
+    [[nodiscard]] static std::optional<QPoint> clickPlace(QPoint hint)
     {
         if (!X11Display::current())
             return std::nullopt;
-        const bool isEmulated = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-        const auto pointer = isEmulated ? hint : QCursor::pos();
-        if (isEmulated && hint.isNull())
-            return std::nullopt;
-        return ScreenRect { pointer.x(), pointer.y(), 1, 1 };
+        const bool isEmulated = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+            || qgetenv("XDG_SESSION_TYPE") == "wayland";
+        if (!isEmulated)
+            return QCursor::pos();
+        return hint.isNull() ? std::nullopt : std::optional(hint);
     }
 
     /// For trays that leave the menu to the item.
-    void popUpMenu()
+    void popUpMenu(QPoint hint)
     {
         if (!menu_) {
             menu_ = std::make_unique<QMenu>();
             for (const auto& entry : content_.menu)
                 menu_->addAction(QString::fromStdString(entry.title), entry.action);
         }
-        menu_->popup(QCursor::pos());
+        menu_->popup(clickPlace(hint).value_or(QCursor::pos()));
     }
 
     void setPresence(Presence presence)

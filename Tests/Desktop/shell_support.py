@@ -1,0 +1,148 @@
+"""What shell_test.py sees and does from outside the program: windows, the tray, the bus; and other programs."""
+
+import re
+import subprocess
+import time
+
+WATCHER = "org.kde.StatusNotifierWatcher"
+SCREEN = tuple(map(int, re.search(r"dimensions:\s+(\d+)x(\d+)", subprocess.run(
+    ["xdpyinfo"], capture_output=True, text=True, check=True).stdout).groups()))
+OTHER_WINDOW = """
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gtk
+window = Gtk.Window(title="Another program", default_width=200, default_height=200)
+window.move(20, 60)
+window.show()
+Gtk.main()
+"""
+# Two black pixels in square above everything, at the place that the arguments say.
+BLACK_DOT = """
+import sys
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gdk, Gtk
+window = Gtk.Window(type=Gtk.WindowType.POPUP, title="Black dot", default_width=2, default_height=2)
+window.override_background_color(Gtk.StateFlags.NORMAL, Gdk.RGBA(0, 0, 0, 1))
+window.move(int(sys.argv[1]), int(sys.argv[2]))
+window.show()
+Gtk.main()
+"""
+# Tells the desktop's appearance: 1 is dark, 2 is light; a line of the input changes it.
+SETTINGS_PORTAL = """
+import sys
+import dbus, dbus.mainloop.glib, dbus.service
+from gi.repository import GLib
+SETTINGS = "org.freedesktop.portal.Settings"
+class Portal(dbus.service.Object):
+    scheme = 2
+    @dbus.service.method(SETTINGS, in_signature="as", out_signature="a{sa{sv}}")
+    def ReadAll(self, namespaces):
+        return {"org.freedesktop.appearance": {"color-scheme": dbus.UInt32(self.scheme)}}
+    @dbus.service.signal(SETTINGS, signature="ssv")
+    def SettingChanged(self, namespace, key, value):
+        pass
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+bus = dbus.SessionBus()
+portal = Portal(bus, "/org/freedesktop/portal/desktop")
+name = dbus.service.BusName("org.freedesktop.portal.Desktop", bus)
+def read(*_):
+    portal.scheme = int(sys.stdin.readline())
+    portal.SettingChanged("org.freedesktop.appearance", "color-scheme", dbus.UInt32(portal.scheme))
+    return True
+GLib.io_add_watch(sys.stdin, GLib.IO_IN, read)
+GLib.MainLoop().run()
+"""
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
+
+
+def eventually(condition, seconds=10):
+    limit = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value or time.monotonic() > limit:
+            return value
+        time.sleep(0.01)
+
+
+class Window:
+    def __init__(self, number, geometry):
+        self.number = number
+        self.x, self.y, self.width, self.height = geometry
+
+    def is_on_screen(self):
+        return (self.x >= 0 and self.y >= 0 and self.x + self.width <= SCREEN[0]
+                and self.y + self.height <= SCREEN[1])
+
+    def states(self):
+        return output("xprop", "-id", self.number, "_NET_WM_STATE")
+
+    def close(self):
+        """As the window manager's close button does. A key can reach the manager before it has taken the window
+        into its care, so it is pressed until the window is gone."""
+        def is_gone():
+            if subprocess.run(["timeout", "3", "xdotool", "windowactivate", "--sync", self.number, "key", "alt+F4"],
+                              check=False, stderr=subprocess.DEVNULL).returncode:
+                return True
+            return eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number), seconds=2)
+        eventually(is_gone)
+
+
+def windows(title):
+    """Every window of exactly that title that is on the screen."""
+    found = []
+    for number in output("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split():
+        facts = output("xwininfo", "-id", number)
+        values = [re.search(rf"{name}:\s+(-?\d+)", facts) for name in
+                  ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+        if all(values):
+            found.append(Window(number, [int(value.group(1)) for value in values]))
+    return found
+
+
+def panel():
+    """The panel or the window that stands in for it."""
+    return next((window for window in windows("Tintwell") if window.width > 400), None)
+
+
+def menu():
+    return re.search(r'"Tintwell".* 1\d\dx\d+\+', output("xwininfo", "-root", "-tree"))
+
+
+def embedded_item():
+    """The middle of the item in an X11 tray at the top of the screen."""
+    place = re.search(r'"Tintwell".* 22x22\+\S+ +\+(\d+)\+(\d)$', output("xwininfo", "-root", "-tree"),
+                      re.MULTILINE)
+    # The tray is put into its corner once it has an item.
+    if place is None or int(place.group(1)) < SCREEN[0] - 40:
+        return None
+    return int(place.group(1)) + 11, int(place.group(2)) + 11
+
+
+def call(destination, path, method, *arguments):
+    return output("gdbus", "call", "--session", "--dest", destination, "--object-path", path,
+                  "--method", method, *arguments)
+
+
+def notifier_items():
+    return re.findall(r"org\.kde\.StatusNotifierItem-[\d-]+", call(
+        WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get", WATCHER,
+        "RegisteredStatusNotifierItems"))
+
+
+def owner_process(name):
+    answer = re.search(r"uint32 (\d+)", call(
+        "org.freedesktop.DBus", "/org/freedesktop/DBus",
+        "org.freedesktop.DBus.GetConnectionUnixProcessID", name))
+    return int(answer.group(1)) if answer else None
+
+
+def click(x, y, button=1):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
+
+
+def key(name):
+    subprocess.run(["xdotool", "key", name], check=True)
