@@ -2,10 +2,13 @@
 
 #include "TemporaryFolder.h"
 
+#include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace platform {
@@ -25,7 +28,30 @@ TEST(FileLock, HasOneHolderAtATime)
         EXPECT_EQ(second.error().description, "a.json is in use by another program");
     }
     EXPECT_TRUE(FileLock::acquire(file, milliseconds { 0 }));
-    EXPECT_EQ(folder.names(), std::vector<std::string> { "a.json.lock" });
+    EXPECT_EQ(folder.names(), std::vector<std::string> {});
+}
+
+TEST(FileLock, HasOneHolderWhileItsFileComesAndGoes)
+{
+    const TemporaryFolder folder;
+    const auto file = folder / "a.json";
+    std::atomic<int> holders = 0;
+    std::atomic<int> most = 0;
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&] {
+            for (int round = 0; round < 300; ++round) {
+                const auto held = FileLock::acquire(file);
+                ASSERT_TRUE(held);
+                most = std::max(most.load(), ++holders);
+                std::this_thread::yield();
+                --holders;
+            }
+        });
+    for (auto& thread : threads)
+        thread.join();
+    EXPECT_EQ(most, 1);
+    EXPECT_EQ(folder.names(), std::vector<std::string> {});
 }
 
 TEST(FileLock, IsFreedWhenItsHolderDies)

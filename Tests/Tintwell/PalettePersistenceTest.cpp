@@ -150,7 +150,6 @@ TEST(PalettePersistence, MovesAFileItCannotReadAside)
 {
     const TemporaryFolder folder;
     const auto file = folder / "saved-palettes.json";
-    const auto lock = file.filename().string() + ".lock";
     const Names asides { "saved-palettes.json.unreadable-20261122T100000Z",
         "saved-palettes.json.unreadable-20261122T100000Z-2" };
     for (const char* content : { "first, not JSON", "second, not JSON" }) {
@@ -163,7 +162,7 @@ TEST(PalettePersistence, MovesAFileItCannotReadAside)
     }
     EXPECT_EQ(contentOf(folder / asides[0].c_str()), "first, not JSON");
     EXPECT_EQ(contentOf(folder / asides[1].c_str()), "second, not JSON");
-    EXPECT_EQ(folder.names(), (Names { file.filename(), lock, asides[0], asides[1] }));
+    EXPECT_EQ(folder.names(), (Names { file.filename(), asides[0], asides[1] }));
 }
 
 TEST(PalettePersistence, TakesUpAFileThatWasRepairedMeanwhile)
@@ -178,7 +177,7 @@ TEST(PalettePersistence, TakesUpAFileThatWasRepairedMeanwhile)
     Library library;
     ASSERT_TRUE(insertPalette(store, library, named("new")));
     EXPECT_EQ(namesIn(loaded(file)), (Names { "new", "repaired" }));
-    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
 }
 
 TEST(PalettePersistence, AFolderInItsPlaceIsAnErrorAndStays)
@@ -195,7 +194,7 @@ TEST(PalettePersistence, AFolderInItsPlaceIsAnErrorAndStays)
     EXPECT_EQ(saved.error().description,
         "saved-palettes.json could not be written: a folder is in its place");
     EXPECT_TRUE(fs::is_directory(file));
-    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
 
     writeContent(folder / "plain", "x");
     EXPECT_EQ(loaded(folder / "plain/saved-palettes.json"), Library {});
@@ -291,7 +290,7 @@ TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
     EXPECT_GT(saved, 10);
     EXPECT_GT(interrupted, 10);
     ASSERT_TRUE(storeAt(file).save({}));
-    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
 }
 
 TEST(PalettePersistence, TwoProcessesLoseNothing)
@@ -355,7 +354,7 @@ TEST(PalettePersistence, AFullDiskLeavesTheOldLibrary)
         EXPECT_EQ(contentOf(file), content);
         const auto names = folder.names();
         EXPECT_EQ(std::set<std::string>(names.begin(), names.end()),
-            (std::set<std::string> { "saved-palettes.json", "saved-palettes.json.lock" }));
+            std::set<std::string> { "saved-palettes.json" });
     }
 }
 
@@ -370,7 +369,7 @@ TEST(PalettePersistence, AFullFileSystemLeavesTheOldLibrary)
         folder.path(), [] { return true; },
         "saved-palettes.json could not be written: the disk is full", 1000);
     EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
-    EXPECT_EQ(folder.names(), (Names { "saved-palettes.json", "saved-palettes.json.lock" }));
+    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
     ::umount(folder.path().c_str());
 }
 
@@ -378,7 +377,9 @@ TEST(PalettePersistence, AReadOnlyFolderLeavesTheOldLibrary)
 {
     const TemporaryFolder folder;
     const auto file = folder / "saved-palettes.json";
+    const auto lock = folder / "saved-palettes.json.lock";
     ASSERT_TRUE(storeAt(file).save(libraryNamed("old", 1)));
+    writeContent(lock, "");
     ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
     const auto becomeOrdinaryUser = [] {
         constexpr uid_t nobody = 65534;
@@ -390,7 +391,7 @@ TEST(PalettePersistence, AReadOnlyFolderLeavesTheOldLibrary)
         "saved-palettes.json could not be written: permission is denied", 1);
     EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
 
-    fs::remove(folder / "saved-palettes.json.lock");
+    fs::remove(lock);
     expectOldLibraryAfter(folder.path(), becomeOrdinaryUser,
         "saved-palettes.json.lock could not be made: permission is denied", 1);
     EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });

@@ -6,7 +6,9 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace platform {
 
@@ -30,11 +32,17 @@ FileDescriptor openLockFile(const std::filesystem::path& lockFile)
     return FileDescriptor {};
 }
 
-/// 0, or why the lock could not be had; EWOULDBLOCK when somebody holds it for too long.
-int lockWithin(int file, milliseconds patience)
+/// A holder that waited may get the lock of a file that the one before has removed.
+bool isRemoved(int file)
+{
+    struct stat status { };
+    return ::fstat(file, &status) == 0 && status.st_nlink == 0;
+}
+
+/// 0, or why the lock could not be had; EWOULDBLOCK when somebody holds it past the deadline.
+int lockUntil(steady_clock::time_point deadline, int file)
 {
     constexpr milliseconds longestNap { 20 };
-    const auto deadline = steady_clock::now() + patience;
     for (milliseconds nap { 1 };; nap = std::min(nap * 2, longestNap)) {
         if (retryInterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0)
             return 0;
@@ -50,20 +58,30 @@ int lockWithin(int file, milliseconds patience)
 
 Result<FileLock> FileLock::acquire(const std::filesystem::path& file, milliseconds patience)
 {
+    const auto deadline = steady_clock::now() + patience;
     auto lockFile = file;
     lockFile += ".lock";
-    auto opened = openLockFile(lockFile);
-    if (!opened.isOpen())
-        return Error { lockFile.filename().string() + " could not be made: " + reasonText(errno) };
-    switch (const int failure = lockWithin(opened.number(), patience)) {
-    case 0:
-        return FileLock(std::move(opened));
-    case EWOULDBLOCK:
-        return Error { file.filename().string() + " is in use by another program" };
-    default:
-        return Error { lockFile.filename().string()
-            + " could not be locked: " + reasonText(failure) };
+    for (;;) {
+        auto opened = openLockFile(lockFile);
+        if (!opened.isOpen())
+            return Error { lockFile.filename().string()
+                + " could not be made: " + reasonText(errno) };
+        const int failure = lockUntil(deadline, opened.number());
+        if (failure == EWOULDBLOCK)
+            return Error { file.filename().string() + " is in use by another program" };
+        if (failure != 0)
+            return Error { lockFile.filename().string()
+                + " could not be locked: " + reasonText(failure) };
+        if (!isRemoved(opened.number()))
+            return FileLock(std::move(lockFile), std::move(opened));
     }
+}
+
+/// The file goes while it is still locked, so that nobody's lock is removed but one's own.
+FileLock::~FileLock()
+{
+    if (file_.isOpen())
+        ::unlink(path_.c_str());
 }
 
 } // namespace platform

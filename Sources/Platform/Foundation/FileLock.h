@@ -13,18 +13,24 @@ namespace platform {
 /// happens; programs that are started meanwhile do not inherit it.
 class FileLock {
 public:
-    /// Takes the lock `<file>.lock`, which is created empty and stays. Waits for another holder, in
-    /// this process too, but no longer than `patience`. On a file system without locks the writer
-    /// goes on without one.
+    /// Takes the lock `<file>.lock`, an empty file that goes with its last holder. Waits for
+    /// another holder, in this process too, but no longer than `patience`. On a file system without
+    /// locks the writer goes on without one.
     [[nodiscard]] static Result<FileLock> acquire(const std::filesystem::path& file,
         std::chrono::milliseconds patience = std::chrono::seconds { 10 });
 
+    FileLock(FileLock&&) = default;
+    FileLock& operator=(FileLock&&) = delete;
+    ~FileLock();
+
 private:
-    explicit FileLock(FileDescriptor file)
-        : file_(std::move(file))
+    FileLock(std::filesystem::path path, FileDescriptor file)
+        : path_(std::move(path))
+        , file_(std::move(file))
     {
     }
 
+    std::filesystem::path path_;
     FileDescriptor file_;
 };
 
