@@ -37,7 +37,7 @@ platform::ColorListRegistry userLists()
 DesktopServices::DesktopServices(platform::SamplerHooks hooks)
     : hooks_(std::move(hooks))
     , installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
-    , colorPanel_(platform::makeColorPanel({ pasteboard_, userLists(), inkOn }))
+    , colorPanel_(platform::makeColorPanel({ pasteboard_, userLists(), inkOn, installedListName }))
 {
     hooks_.describe = describe;
 }

@@ -118,4 +118,10 @@ platform::ColorContent ColorPasteboard::content(const RGBAColor& color)
     return { toPlatformColor(color), color.hex() };
 }
 
+std::optional<RGBAColor> fromPastedContent(const platform::PastedContent& content)
+{
+    const auto named = RGBAColor::fromHex(content.text);
+    return named || !content.color ? named : fromPlatformColor(*content.color);
+}
+
 } // namespace tintwell

@@ -63,6 +63,9 @@ public:
     [[nodiscard]] static platform::Error emptyPalette();
 };
 
+/// Every install of a palette fills this one list, whatever the palette is called.
+inline constexpr auto installedListName = "Tintwell";
+
 /// Installs palettes as named colour lists of the desktop.
 class MacColorListInstaller {
 public:
@@ -87,6 +90,9 @@ private:
     platform::ColorListRegistry registry_;
     platform::PalettePublisher publisher_;
 };
+
+/// The colour that another program has offered: that of its hex text, else the colour itself.
+[[nodiscard]] std::optional<RGBAColor> fromPastedContent(const platform::PastedContent& content);
 
 /// Writes one colour to a pasteboard: the colour with its alpha, and its hex text.
 struct ColorPasteboard {

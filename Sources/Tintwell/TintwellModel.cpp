@@ -12,8 +12,6 @@ using namespace std::chrono_literals;
 
 constexpr auto copyMarkDuration = 950ms;
 constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampingFraction = 0.85 };
-/// Every install fills this one list, whatever palette it holds.
-constexpr auto listName = "Tintwell";
 
 std::string withHex(const std::string& sentence, const RGBAColor& color)
 {
@@ -86,16 +84,22 @@ void TintwellModel::copySource()
 
 void TintwellModel::paste()
 {
-    const auto content = services_.pasteboard.read();
-    auto color = RGBAColor::fromHex(content.text);
-    if (!color && content.color)
-        color = fromPlatformColor(*content.color);
-    if (!color) {
-        setStatus("Nothing pasted: the clipboard holds no color");
-        return;
-    }
-    apply(*color);
-    setStatus(withHex("Pasted " + generated_.sourceName, *color));
+    if (const auto color = fromPastedContent(services_.pasteboard.read()))
+        take(*color, "Pasted ");
+    else
+        setStatus("Nothing pasted: the clipboard holds no color such as #6E56CF");
+}
+
+void TintwellModel::drop(const RGBAColor& color)
+{
+    take(color, "Dropped ");
+}
+
+/// `color` comes from another program, in the way that `verb` says.
+void TintwellModel::take(const RGBAColor& color, const std::string& verb)
+{
+    apply(color);
+    setStatus(withHex(verb + generated_.sourceName, color));
 }
 
 void TintwellModel::sampleFromScreen()
@@ -153,7 +157,7 @@ void TintwellModel::saveAndInstallCurrent()
         setStatus("Save failed: " + saved.error().description);
         return;
     }
-    const auto file = services_.installer.install(listName, colors, std::nullopt);
+    const auto file = services_.installer.install(installedListName, colors, std::nullopt);
     setStatus(file ? "Saved and installed " + file.value().filename().string()
                    : "Saved, but install failed: " + file.error().description);
 }
@@ -167,7 +171,7 @@ void TintwellModel::use(const SavedPalette& palette)
 
 void TintwellModel::install(const SavedPalette& palette)
 {
-    const auto file = services_.installer.install(listName, palette.colors, std::nullopt);
+    const auto file = services_.installer.install(installedListName, palette.colors, std::nullopt);
     setStatus(file ? "Installed " + file.value().filename().string()
                    : "Install failed: " + file.error().description);
 }

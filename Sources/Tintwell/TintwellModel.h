@@ -53,8 +53,10 @@ public:
     void apply(const RGBAColor& color);
     void copy(const NamedColor& color);
     void copySource();
-    /// Makes the colour on the pasteboard the source: its hex text, else the colour itself.
+    /// Makes the colour on the pasteboard the source.
     void paste();
+    /// Makes a colour that was dragged here the source.
+    void drop(const RGBAColor& color);
     /// Starts a pick and returns at once.
     void beginSampling() { sampleFromScreen(); }
     /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running.
@@ -65,6 +67,7 @@ public:
     void deletePalette(const SavedPalette& palette);
 
 private:
+    void take(const RGBAColor& color, const std::string& verb);
     template <typename T, typename Value> void store(T& property, Value&& value);
     platform::Result<void> changeLibrary(
         const std::function<void()>& change, const std::function<void()>& undo);

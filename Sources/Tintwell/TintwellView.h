@@ -28,7 +28,8 @@ struct ViewActions {
     DateFormatter dateText;
 };
 
-/// The source colour: its swatch, name and hex text, and the buttons that pick and copy it.
+/// The source colour: its swatch, name and hex text, and the buttons that pick and copy it. A
+/// colour that is dropped here becomes the source.
 class CaptureHeader : public QWidget, public platform::Tinted {
     Q_OBJECT
 public:
@@ -40,6 +41,8 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     QLayout* makeColumn();

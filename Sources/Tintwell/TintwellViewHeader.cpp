@@ -7,6 +7,9 @@
 #include "Theme.h"
 #include "TintwellView.h"
 
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPainter>
 
 namespace tintwell {
@@ -52,6 +55,7 @@ CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
     , shadow_(swatchRadius, shadowSigma)
     , motion_(*swatch_, [this] { update(); })
 {
+    setAcceptDrops(true);
     swatch_->setFixedSize(swatchSide, swatchSide);
     setLayout(platform::padded(
         platform::hstack(headerSpacing, { swatch_, platform::flexible(makeColumn()) }),
@@ -110,6 +114,22 @@ void CaptureHeader::placeMark()
     constexpr int side = static_cast<int>(markBox) + 2 * markPadding;
     const auto swatch = swatch_->geometry();
     mark_->setGeometry(swatch.right() + 1 - side, swatch.top(), side, side);
+}
+
+void CaptureHeader::dragEnterEvent(QDragEnterEvent* event)
+{
+    const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()));
+    // The source's own swatch may be dragged about without an effect.
+    if (color && color != model_.generated().source)
+        event->acceptProposedAction();
+}
+
+void CaptureHeader::dropEvent(QDropEvent* event)
+{
+    if (const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()))) {
+        model_.drop(*color);
+        event->acceptProposedAction();
+    }
 }
 
 void CaptureHeader::resizeEvent(QResizeEvent*)

@@ -3,12 +3,15 @@
 #include "ColorRow.h"
 
 #include <gtest/gtest.h>
+#include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <functional>
@@ -38,9 +41,10 @@ protected:
     ColorPanelTest()
         : registry_(std::filesystem::path(home_.path().toStdString()) / "Library/Colors")
     {
+        save("Earlier by name", { { "Hidden", {} } });
         save("Kept", { { "Violet", { 0.5, 0, 1 } }, { "Sea Green", { 0, 0.5, 0.4 } } });
-        panel_
-            = makeColorPanel({ pasteboard_, registry_, [](const QColor&) { return Qt::white; } });
+        panel_ = makeColorPanel(
+            { pasteboard_, registry_, [](const QColor&) { return Qt::white; }, "Kept" });
         panel_->orderFront();
         for (auto* widget : QApplication::topLevelWidgets())
             if (widget->windowTitle() == QStringLiteral("Colors"))
@@ -123,9 +127,10 @@ TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
         { u"Hex", "#12345", "#A0B0C0", "160 176 192 128" },
         { u"Hex", "no color", "#A0B0C0", "160 176 192 128" },
         { u"Green", "0", "#A000C0", "160 0 192 128" },
-        { u"Green", "300", "#A000C0", "160 0 192 128" },
-        { u"Green", "", "#A000C0", "160 0 192 128" },
-        { u"Alpha", "255", "#A000C0", "160 0 192 255" },
+        { u"Green", "300", "#A0FFC0", "160 255 192 128" },
+        { u"Green", "", "#A0FFC0", "160 255 192 128" },
+        { u"Green", "-1", "#A0FFC0", "160 255 192 128" },
+        { u"Alpha", "255", "#A0FFC0", "160 255 192 255" },
     };
     for (const auto& row : cases) {
         enter(row.field, QString::fromLatin1(row.entered));
@@ -155,6 +160,62 @@ TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
     press(named<QWidget>(u"Brightness"), Qt::Key_End);
     EXPECT_EQ(valueOf(u"Red"), QStringLiteral("255")) << "the hue outlives black";
     EXPECT_LT(valueOf(u"Green").toInt(), 255);
+}
+
+TEST_F(ColorPanelTest, NumbersStepByKeysAndWheel)
+{
+    enter(u"Hex", QStringLiteral("#808080"));
+    auto* field = named<QLineEdit>(u"Green");
+    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::ShiftModifier);
+    QApplication::sendEvent(field, &up);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#808A80"));
+    QWheelEvent down(
+        QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, -120), {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(field, &down);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#808980"));
+}
+
+TEST_F(ColorPanelTest, TheMixedColorIsTakenByClickAndByReaders)
+{
+    enter(u"Hex", QStringLiteral("#102030"));
+    auto* well = named<QWidget>(u"Mixed color, #102030");
+    ASSERT_NE(well, nullptr);
+    click(well);
+    auto* reader = QAccessible::queryAccessibleInterface(well);
+    reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_EQ(pasteboard_.written.size(), 2U);
+    EXPECT_EQ(pasteboard_.written[1].text, "#102030");
+    auto* brightness = QAccessible::queryAccessibleInterface(named<QWidget>(u"Brightness"));
+    EXPECT_EQ(brightness->role(), QAccessible::Slider);
+    brightness->valueInterface()->setCurrentValue(0.0);
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#000000"));
+}
+
+TEST_F(ColorPanelTest, TheListIsOneControlToTheKeyboard)
+{
+    std::vector<std::pair<std::string, Color>> many;
+    for (int i = 0; i < 40; ++i)
+        many.emplace_back("Color " + std::to_string(i), Color { 0, 0, i / 40.0 });
+    save("Kept", many);
+    ASSERT_TRUE(eventually([this] { return rows().size() > 5; }));
+    auto* list = named<QWidget>(u"Colors");
+    list->setFocus(Qt::TabFocusReason);
+    const auto press = [list](int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(list, &event);
+    };
+    for (const auto& [key, chosen] : std::vector<std::pair<int, std::string>> {
+             { Qt::Key_Down, "Color 1" }, { Qt::Key_End, "Color 39" }, { Qt::Key_Down, "Color 39" },
+             { Qt::Key_Up, "Color 38" }, { Qt::Key_Home, "Color 0" }, { Qt::Key_Up, "Color 0" } }) {
+        pasteboard_.written.clear();
+        press(key);
+        EXPECT_TRUE(pasteboard_.written.empty()) << "moving chooses nothing";
+        press(Qt::Key_Return);
+        ASSERT_EQ(pasteboard_.written.size(), 1U) << chosen;
+        const auto shown
+            = rows().filter(QRegularExpression(QString::fromStdString("^" + chosen + ",")));
+        EXPECT_EQ(shown.size(), 1) << chosen << " is in sight";
+    }
 }
 
 TEST_F(ColorPanelTest, ChosenRowIsCopiedAndShown)

@@ -125,7 +125,7 @@ TEST(TintwellModel, ReportsEveryOutcomeInTheStatusLine)
                 s.pasteboard.pasted = { std::nullopt, "a fine red" };
                 s.model().paste();
             },
-            "Nothing pasted: the clipboard holds no color" },
+            "Nothing pasted: the clipboard holds no color such as #6E56CF" },
         { "source copied", [](Scene& s) { s.model().copySource(); }, "Copied Violet · #6E56CF" },
         { "saved and installed", [](Scene& s) { s.model().saveAndInstallCurrent(); },
             "Saved and installed Tintwell.clr" },

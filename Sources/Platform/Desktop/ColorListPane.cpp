@@ -8,6 +8,8 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
+#include <QCollator>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
@@ -108,11 +110,11 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     , button_(new ListButton(this))
     , search_(new PlateField(boxStyle, radius, lensSpace, gap, this))
     , rows_(new RecyclingList(
-          rowHeight, [](QWidget* parentOfRow) { return new ColorRow({}, parentOfRow); },
+          rowHeight, [](QWidget* parentOfRow) { return new ColorRow(parentOfRow); },
           [this](QWidget& row, std::size_t index) {
               auto& colorRow = static_cast<ColorRow&>(row);
               colorRow.show(rowState(index));
-              colorRow.setChosen([this, index] { choose(index); });
+              colorRow.setPressed([this, index] { choose(index); });
           }))
     , scroller_(new ScrollArea(rows_, this))
 {
@@ -120,6 +122,9 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     search_->setAccessibleName(QStringLiteral("Search colors"));
     auto* lens = new Lens(search_);
     lens->setGeometry(0, 0, lensSpace, boxHeight);
+    scroller_->setAccessibleName(QStringLiteral("Colors"));
+    scroller_->installEventFilter(this);
+    shown_ = handlers_.firstList;
     connect(search_, &QLineEdit::textChanged, this, [this] {
         scroller_->scrollToTop();
         filter();
@@ -152,6 +157,12 @@ void ColorListPane::reload()
 {
     watchFolder();
     lists_ = registry_.availableColorLists();
+    QCollator collator;
+    collator.setNumericMode(true);
+    std::stable_sort(lists_.begin(), lists_.end(), [&](const ColorList& a, const ColorList& b) {
+        return collator.compare(QString::fromStdString(a.name()), QString::fromStdString(b.name()))
+            < 0;
+    });
     showList(shown_);
 }
 
@@ -185,18 +196,19 @@ void ColorListPane::showList(const std::string& name)
 void ColorListPane::openListMenu()
 {
     QMenu menu;
+    QAction* current = nullptr;
     menu.setMinimumWidth(button_->width());
     for (const auto& list : lists_) {
         auto* action = menu.addAction(QString::fromStdString(list.name()));
-        action->setCheckable(true);
-        action->setChecked(list.name() == shown_);
+        if (list.name() == shown_)
+            current = action;
         connect(action, &QAction::triggered, this, [this, name = list.name()] {
             selectedKey_.clear();
             scroller_->scrollToTop();
             showList(name);
         });
     }
-    menu.exec(button_->mapToGlobal(QPoint(0, button_->height() + 4)));
+    menu.exec(button_->mapToGlobal(QPoint(0, 0)), current);
 }
 
 void ColorListPane::filter()
@@ -213,6 +225,9 @@ void ColorListPane::filter()
                 matches_.push_back(index);
         }
     }
+    current_ = std::min(current_, matches_.empty() ? 0 : matches_.size() - 1);
+    // Nothing to go to by keyboard where there is nothing.
+    scroller_->setFocusPolicy(matches_.empty() ? Qt::NoFocus : Qt::TabFocus);
     rows_->reload(matches_.size());
     update();
 }
@@ -225,7 +240,7 @@ ColorRowState ColorListPane::rowState(std::size_t row) const
     const auto& [key, value] = list->colors()[matches_[row]];
     const auto color = toQColor(value);
     const bool selected = key == selectedKey_;
-    return { QString::fromStdString(key), color, selected,
+    return { QString::fromStdString(key), color, selected, scroller_->hasFocus() && row == current_,
         selected ? handlers_.inkOn(color) : QColor() };
 }
 
@@ -236,8 +251,69 @@ void ColorListPane::choose(std::size_t row)
         return;
     const auto [key, color] = list->colors()[matches_[row]];
     selectedKey_ = key;
+    current_ = row;
     rows_->reload(matches_.size());
     handlers_.chosen(toQColor(color));
+}
+
+bool ColorListPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == scroller_) {
+        if (event->type() == QEvent::FocusIn)
+            makeCurrent(current_);
+        if (event->type() == QEvent::FocusOut)
+            rows_->reload(matches_.size());
+        if (event->type() == QEvent::KeyPress)
+            return handleKey(static_cast<QKeyEvent*>(event)->key());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool ColorListPane::handleKey(int key)
+{
+    if (matches_.empty())
+        return false;
+    const auto last = matches_.size() - 1;
+    const auto page = static_cast<std::size_t>(std::max(1, scroller_->height() / rowHeight));
+    switch (key) {
+    case Qt::Key_Up:
+        makeCurrent(current_ - std::min<std::size_t>(current_, 1));
+        return true;
+    case Qt::Key_Down:
+        makeCurrent(std::min(current_ + 1, last));
+        return true;
+    case Qt::Key_PageUp:
+        makeCurrent(current_ - std::min(current_, page));
+        return true;
+    case Qt::Key_PageDown:
+        makeCurrent(std::min(current_ + page, last));
+        return true;
+    case Qt::Key_Home:
+        makeCurrent(0);
+        return true;
+    case Qt::Key_End:
+        makeCurrent(last);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        choose(current_);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ColorListPane::makeCurrent(std::size_t row)
+{
+    current_ = row;
+    const int top = static_cast<int>(row) * rowHeight;
+    scroller_->ensureVisible(0, top + rowHeight / 2, 0, rowHeight);
+    rows_->reload(matches_.size());
+    if (auto* widget = rows_->childAt(0, top + rowHeight / 2)) {
+        QAccessibleEvent event(widget, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void ColorListPane::paintEvent(QPaintEvent* /*event*/)

@@ -18,7 +18,9 @@ namespace platform {
 class RecyclingList;
 class ScrollArea;
 
-/// Shows one list at a time. While it is visible it follows the folder in which the lists are.
+/// Shows one list at a time. While it is visible it follows the folder in which the lists are. To
+/// the keyboard the colours are one control: arrows, Home, End and the page keys go from row to
+/// row, Return and Space choose.
 class ColorListPane : public QWidget {
 public:
     struct Handlers {
@@ -26,11 +28,14 @@ public:
         std::function<void(const QColor&)> chosen;
         /// The ink that can be read on a fill.
         std::function<QColor(const QColor&)> inkOn;
+        /// The list that is shown first, if it is there.
+        std::string firstList;
     };
 
     ColorListPane(ColorListRegistry registry, Handlers handlers, QWidget* parent);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -47,6 +52,9 @@ private:
     void filter();
     [[nodiscard]] ColorRowState rowState(std::size_t row) const;
     void choose(std::size_t row);
+    /// False for a key that is not the list's.
+    bool handleKey(int key);
+    void makeCurrent(std::size_t row);
 
     ColorListRegistry registry_;
     Handlers handlers_;
@@ -55,6 +63,8 @@ private:
     /// Indices into the shown list's colours.
     std::vector<std::size_t> matches_;
     std::string selectedKey_;
+    /// The row that the keyboard is on.
+    std::size_t current_ = 0;
     std::unique_ptr<QFileSystemWatcher> watcher_;
 
     ListButton* button_;

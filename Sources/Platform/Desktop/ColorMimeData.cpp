@@ -28,4 +28,12 @@ std::unique_ptr<QMimeData> colorMimeData(const ColorContent& content, bool withC
     return data;
 }
 
+PastedContent pastedContent(const QMimeData& data)
+{
+    PastedContent content { std::nullopt, data.text().toStdString() };
+    if (const auto color = qvariant_cast<QColor>(data.colorData()); color.isValid())
+        content.color = Color { color.redF(), color.greenF(), color.blueF(), color.alphaF() };
+    return content;
+}
+
 } // namespace platform

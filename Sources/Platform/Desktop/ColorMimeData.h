@@ -24,4 +24,7 @@ namespace platform {
 [[nodiscard]] std::unique_ptr<QMimeData> colorMimeData(
     const ColorContent& content, bool withColor = sessionCarriesColors());
 
+/// What another program offers by copy or drag.
+[[nodiscard]] PastedContent pastedContent(const QMimeData& data);
+
 } // namespace platform

@@ -1,13 +1,12 @@
 // Mixes a colour by wheel and brightness, by channel, or from numbers and hex text.
 #include "ColorMixer.h"
 
-#include "ColorRow.h"
-#include "Shapes.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <QIntValidator>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -52,6 +51,7 @@ constexpr std::array channels {
 };
 // clang-format on
 constexpr std::size_t alpha = 3;
+constexpr unsigned mostOfChannel = 255;
 
 QRect channelRow(std::size_t index)
 {
@@ -84,17 +84,41 @@ QColor colorFromHex(QString text)
 
 } // namespace
 
-ColorMixer::ColorMixer(QWidget* parent)
+ColorWell::ColorWell(QWidget* parent)
+    : ColorSource(QAccessible::PushButton, parent)
+{
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void ColorWell::show(const QColor& color)
+{
+    setColor(color);
+    setAccessibleName(QStringLiteral("Mixed color, ") + hexText(color));
+    setToolTip(QStringLiteral("Copy ") + hexText(color));
+}
+
+void ColorWell::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const auto& theme = currentTheme();
+    paintColor(painter, rect(), previewRadius, color(),
+        hasFocus() ? theme.secondary : theme.swatchEdge, hasFocus() ? 2 : 0.75);
+}
+
+ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent)
     : QWidget(parent)
     , wheel_(
           [this](double hue, double saturation) { setHsv(hue, saturation, color_.valueF()); }, this)
     , brightness_(
           Qt::Vertical, QStringLiteral("Brightness"),
           [this](double value) { setHsv(hue_, saturation_, value); }, this)
+    , well_(this)
     , hex_(hexStyle, fieldRadius, 10, 10, this)
 {
     wheel_.setGeometry(wheelArea);
     brightness_.setGeometry(brightnessArea);
+    well_.setGeometry(preview);
+    well_.setPressed([this, taken = std::move(taken)] { taken(color_); });
     for (std::size_t index = 0; index < channels_.size(); ++index)
         makeChannel(index);
     hex_.setGeometry(hexArea);
@@ -115,13 +139,51 @@ void ColorMixer::makeChannel(std::size_t index)
     channel.field->setGeometry(fieldLeft, row.y(), fieldWidth, rowHeight);
     channel.field->setAlignment(Qt::AlignRight);
     channel.field->setAccessibleName(name);
-    channel.field->setValidator(new QIntValidator(0, 255, channel.field));
+    channel.field->installEventFilter(this);
     connect(channel.field, &QLineEdit::textEdited, this, [this, index](const QString& text) {
-        if (channels_[index].field->hasAcceptableInput())
-            setChannel(index, text.toInt() / 255.0);
+        bool isNumber = false;
+        const auto number = text.toUInt(&isNumber);
+        if (isNumber && number <= mostOfChannel)
+            setChannel(index, number / static_cast<double>(mostOfChannel));
     });
-    // What was left unfinished becomes the number again that holds.
-    connect(channel.field, &QLineEdit::editingFinished, this, [this] { showColor(); });
+    connect(channel.field, &QLineEdit::editingFinished, this, [this, index] { readNumber(index); });
+}
+
+void ColorMixer::readNumber(std::size_t index)
+{
+    bool isNumber = false;
+    const auto number = channels_[index].field->text().trimmed().toUInt(&isNumber);
+    if (isNumber)
+        setChannel(index, std::min(number, mostOfChannel) / static_cast<double>(mostOfChannel));
+    else
+        showColor();
+}
+
+bool ColorMixer::stepNumber(const QObject* field, int steps)
+{
+    for (std::size_t index = 0; index < channels_.size(); ++index)
+        if (channels_[index].field == field) {
+            channels_[index].slider->adjustTo(
+                channels_[index].slider->adjustedValue() + steps / double { mostOfChannel });
+            return true;
+        }
+    return false;
+}
+
+/// Up, Down and the wheel step the number of the field that they are for.
+bool ColorMixer::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel)
+        return stepNumber(watched, static_cast<QWheelEvent*>(event)->angleDelta().y() > 0 ? 1 : -1);
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto* press = static_cast<QKeyEvent*>(event);
+    const int step = press->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    if (press->key() == Qt::Key_Up)
+        return stepNumber(watched, step);
+    if (press->key() == Qt::Key_Down)
+        return stepNumber(watched, -step);
+    return QWidget::eventFilter(watched, event);
 }
 
 void ColorMixer::setColor(const QColor& color)
@@ -166,6 +228,7 @@ void ColorMixer::showColor()
         = QColor::fromHsvF(static_cast<float>(hue_), static_cast<float>(saturation_), 1);
     wheel_.show(hue_, saturation_, opaque);
     brightness_.show(color_.valueF(), Qt::black, brightest);
+    well_.show(color_);
     for (std::size_t index = 0; index < channels_.size(); ++index) {
         const auto& base = index == alpha ? color_ : opaque;
         const double value = (color_.*channels[index].value)();
@@ -182,14 +245,6 @@ void ColorMixer::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const auto& theme = currentTheme();
-    if (color_.alpha() < 255) {
-        painter.save();
-        painter.setClipPath(smoothRoundedRect(preview, previewRadius));
-        paintChecker(painter, preview, QColor(0xFF, 0xFF, 0xFF), QColor(0xC4, 0xC4, 0xCA), 6);
-        painter.restore();
-    }
-    paintPlate(painter, preview, previewRadius, color_, theme.swatchEdge, 0.75);
-
     const auto label = [&](const QRect& row, const QString& text) {
         const double top = row.y() + (row.height() - lineHeightOf(labelStyle)) / 2.0;
         paintText(painter, { labelLeft, top + baselineOf(labelStyle) }, text, fontOf(labelStyle),

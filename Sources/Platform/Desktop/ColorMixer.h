@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ColorSlider.h"
+#include "ColorSource.h"
 #include "ColorWheel.h"
 #include "PlateField.h"
 
@@ -9,16 +10,30 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 
 namespace platform {
 
+/// The mixed colour, large.
+class ColorWell : public ColorSource {
+public:
+    explicit ColorWell(QWidget* parent);
+
+    void show(const QColor& color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 class ColorMixer : public QWidget {
 public:
-    explicit ColorMixer(QWidget* parent);
+    /// `taken` hears of a press on the mixed colour.
+    ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent);
 
     void setColor(const QColor& color);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -30,6 +45,10 @@ private:
     void makeChannel(std::size_t index);
     void setHsv(double hue, double saturation, double value);
     void setChannel(std::size_t index, double value);
+    /// A number above 255 becomes that; what is no number becomes the one that holds.
+    void readNumber(std::size_t index);
+    /// Moves the channel of a number's field; false when the field is none.
+    bool stepNumber(const QObject* field, int steps);
     void readHex();
     void showColor();
 
@@ -40,6 +59,7 @@ private:
 
     ColorWheel wheel_;
     ColorSlider brightness_;
+    ColorWell well_;
     std::array<Channel, 4> channels_;
     PlateField hex_;
 };

@@ -9,6 +9,7 @@
 #include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -70,6 +71,7 @@ ColorSlider::ColorSlider(Qt::Orientation orientation, const QString& name,
     , orientation_(orientation)
     , moved_(std::move(moved))
 {
+    installAccessibility();
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(name);
 }
@@ -154,7 +156,18 @@ void ColorSlider::moveTo(QPointF position)
 
 void ColorSlider::moveBy(int steps)
 {
-    moved_(std::clamp(value_ + steps / static_cast<double>(stepCount), 0.0, 1.0));
+    adjustTo(value_ + steps / static_cast<double>(stepCount));
+}
+
+void ColorSlider::adjustTo(double value)
+{
+    moved_(std::clamp(value, 0.0, 1.0));
+}
+
+void ColorSlider::wheelEvent(QWheelEvent* event)
+{
+    moveBy(event->angleDelta().y() > 0 ? 1 : -1);
+    event->accept();
 }
 
 void ColorSlider::keyPressEvent(QKeyEvent* event)

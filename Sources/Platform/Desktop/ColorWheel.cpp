@@ -51,6 +51,7 @@ ColorWheel::ColorWheel(std::function<void(double, double)> picked, QWidget* pare
     : QWidget(parent)
     , picked_(std::move(picked))
 {
+    installAccessibility();
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(QStringLiteral("Hue and saturation"));
 }

@@ -1,6 +1,8 @@
 // A wheel of hues and saturations.
 #pragma once
 
+#include "Accessibility.h"
+
 #include <QImage>
 #include <QWidget>
 
@@ -10,13 +12,17 @@ namespace platform {
 
 /// Red lies to the right, hues turn anticlockwise, white is in the middle. Arrow keys move the
 /// knob.
-class ColorWheel : public QWidget {
+class ColorWheel : public QWidget, public Adjustable {
 public:
     /// `picked` hears every move by the user: hue and saturation, 0…1 each.
     ColorWheel(std::function<void(double hue, double saturation)> picked, QWidget* parent);
 
     /// `shown` fills the knob.
     void show(double hue, double saturation, const QColor& shown);
+
+    /// The hue; a reader has one number only.
+    [[nodiscard]] double adjustedValue() const override { return hue_; }
+    void adjustTo(double value) override { picked_(value, saturation_); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -3,8 +3,10 @@
 
 #include "ColorListPane.h"
 #include "ColorMixer.h"
+#include "ReadingOrder.h"
 #include "ThemeSource.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QWidget>
 
@@ -21,15 +23,14 @@ public:
         : QWidget(nullptr,
             Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
                 | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
-        , mixer_(this)
+        , pasteboard_(services.pasteboard)
+        , mixer_([this](const QColor& color) { copy(color); }, this)
         , lists_(services.registry,
-              { [this, &pasteboard = services.pasteboard](const QColor& color) {
+              { [this](const QColor& color) {
                    mixer_.setColor(color);
-                   const Color content { color.redF(), color.greenF(), color.blueF(),
-                       color.alphaF() };
-                   pasteboard.write({ content, hexText(color).toStdString() });
+                   copy(color);
                },
-                  services.inkOn },
+                  services.inkOn, services.firstList },
               this)
     {
         setWindowTitle(QStringLiteral("Colors"));
@@ -43,6 +44,14 @@ public:
     }
 
 protected:
+    bool focusNextPrevChild(bool next) override { return moveFocusInReadingOrder(*this, next); }
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() == Qt::Key_Escape)
+            close();
+        else
+            QWidget::keyPressEvent(event);
+    }
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(this);
@@ -51,6 +60,13 @@ protected:
     }
 
 private:
+    void copy(const QColor& color)
+    {
+        const Color content { color.redF(), color.greenF(), color.blueF(), color.alphaF() };
+        pasteboard_.write({ content, hexText(color).toStdString() });
+    }
+
+    Pasteboard& pasteboard_;
     ColorMixer mixer_;
     ColorListPane lists_;
 };

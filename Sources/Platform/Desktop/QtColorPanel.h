@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 class QColor;
 
@@ -18,6 +19,8 @@ struct ColorPanelServices {
     ColorListRegistry registry;
     /// The ink that can be read on a fill.
     std::function<QColor(const QColor& fill)> inkOn;
+    /// The list that the panel opens with, if it is there.
+    std::string firstList;
 };
 
 /// The panel's window is made when it is first shown.

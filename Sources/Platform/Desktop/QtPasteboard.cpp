@@ -3,7 +3,6 @@
 #include "ColorMimeData.h"
 
 #include <QClipboard>
-#include <QColor>
 #include <QGuiApplication>
 #include <QMimeData>
 
@@ -17,12 +16,7 @@ void QtPasteboard::write(const ColorContent& content)
 PastedContent QtPasteboard::read() const
 {
     const auto* data = QGuiApplication::clipboard()->mimeData();
-    if (data == nullptr)
-        return {};
-    PastedContent content { std::nullopt, data->text().toStdString() };
-    if (const auto color = qvariant_cast<QColor>(data->colorData()); color.isValid())
-        content.color = Color { color.redF(), color.greenF(), color.blueF(), color.alphaF() };
-    return content;
+    return data != nullptr ? pastedContent(*data) : PastedContent {};
 }
 
 } // namespace platform

@@ -24,6 +24,7 @@ constexpr std::array roles {
     RoleOfClass { "platform::StatusLine", QAccessible::Notification },
     RoleOfClass { "platform::SegmentedPicker", QAccessible::Grouping },
     RoleOfClass { "platform::PopupMenu", QAccessible::PopupMenu },
+    RoleOfClass { "platform::RecyclingList", QAccessible::List },
     RoleOfClass { "platform::Separator", QAccessible::Separator },
 };
 
@@ -74,6 +75,48 @@ public:
     }
 };
 
+class PressableWidget : public QAccessibleWidget {
+public:
+    PressableWidget(QWidget& widget, Pressable& pressable)
+        : QAccessibleWidget(&widget, pressable.pressableRole())
+        , pressable_(pressable)
+    {
+    }
+
+    [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction())
+            pressable_.press();
+    }
+
+private:
+    Pressable& pressable_;
+};
+
+class AdjustableWidget : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+    AdjustableWidget(QWidget& widget, Adjustable& adjustable)
+        : QAccessibleWidget(&widget, QAccessible::Slider)
+        , adjustable_(adjustable)
+    {
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+    [[nodiscard]] QVariant currentValue() const override { return adjustable_.adjustedValue(); }
+    void setCurrentValue(const QVariant& value) override { adjustable_.adjustTo(value.toDouble()); }
+    [[nodiscard]] QVariant minimumValue() const override { return 0.0; }
+    [[nodiscard]] QVariant maximumValue() const override { return 1.0; }
+    [[nodiscard]] QVariant minimumStepSize() const override { return 1 / 255.0; }
+
+private:
+    Adjustable& adjustable_;
+};
+
 QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 {
     if (object == nullptr || !object->isWidgetType())
@@ -82,9 +125,13 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
         if (className == QLatin1String(entry.className))
             return new QAccessibleWidget(static_cast<QWidget*>(object), entry.role);
     }
+    auto* widget = static_cast<QWidget*>(object);
+    if (auto* pressable = dynamic_cast<Pressable*>(widget))
+        return new PressableWidget(*widget, *pressable);
+    if (auto* adjustable = dynamic_cast<Adjustable*>(widget))
+        return new AdjustableWidget(*widget, *adjustable);
     // To the toolkit a plain widget is a filler, even as a window. What has no parent yet has no
     // title either.
-    auto* widget = static_cast<QWidget*>(object);
     if (className == QLatin1String("QWidget") && !widget->windowTitle().isEmpty())
         return new QAccessibleWidget(widget, QAccessible::Window);
     auto* button = qobject_cast<QAbstractButton*>(object);

@@ -1,8 +1,11 @@
 #include "ThemeSource.h"
 
+#include "Fonts.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QStyle>
+#include <QToolTip>
 
 namespace platform {
 
@@ -14,6 +17,9 @@ Appearance appearanceOf(const QPalette& palette)
     const auto text = palette.color(QPalette::Active, QPalette::WindowText);
     return background.lightnessF() < text.lightnessF() ? Appearance::dark : Appearance::light;
 }
+
+/// Of the text colour behind selected text and menu entries.
+constexpr double selectionOpacity = 0.18;
 
 QPalette paletteOf(const Theme& theme)
 {
@@ -30,6 +36,8 @@ QPalette paletteOf(const Theme& theme)
     palette.setColor(QPalette::ButtonText, theme.text);
     palette.setColor(QPalette::ToolTipBase, theme.menuBackground);
     palette.setColor(QPalette::ToolTipText, theme.text);
+    palette.setColor(QPalette::Highlight, solid(faded(theme.text, selectionOpacity)));
+    palette.setColor(QPalette::HighlightedText, theme.text);
     for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
         palette.setColor(QPalette::Disabled, role, theme.tertiary);
     return palette;
@@ -56,7 +64,17 @@ ThemeSource::ThemeSource(QObject* parent)
     , reducesMotion_(styleReducesMotion())
 {
     parent->installEventFilter(this);
-    QApplication::setPalette(paletteOf(theme()));
+    // What the toolkit draws itself: the menu of a tray, the choice of lists, tips.
+    QApplication::setFont(fontOf({ .size = 13 }), "QMenu");
+    QToolTip::setFont(fontOf({ .size = 11 }));
+    applyPalette();
+}
+
+void ThemeSource::applyPalette()
+{
+    const auto palette = paletteOf(theme());
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
 }
 
 void ThemeSource::followDesktop()
@@ -100,7 +118,7 @@ void ThemeSource::readToolkitPalette()
     // Without a palette of our own the application shows the toolkit's, which follows the desktop.
     QApplication::setPalette(QPalette());
     toolkitAppearance_ = appearanceOf(QApplication::palette());
-    QApplication::setPalette(paletteOf(theme()));
+    applyPalette();
     readingPalette_ = false;
     update();
 }
@@ -117,7 +135,7 @@ void ThemeSource::update()
     appearance_ = appearance;
     reducesMotion_ = reduces;
     if (repaint)
-        QApplication::setPalette(paletteOf(theme()));
+        applyPalette();
     Q_EMIT changed();
 }
 

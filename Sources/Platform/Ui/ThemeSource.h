@@ -47,6 +47,7 @@ protected:
 private:
     explicit ThemeSource(QObject* parent);
     void readToolkitPalette();
+    void applyPalette();
     void update();
 
     std::optional<Appearance> fixedAppearance_;
