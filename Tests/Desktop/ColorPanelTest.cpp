@@ -162,6 +162,21 @@ TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
     EXPECT_LT(valueOf(u"Green").toInt(), 255);
 }
 
+TEST_F(ColorPanelTest, ListsAreInTheOrderOfTheirNumbers)
+{
+    panel_.reset();
+    std::filesystem::remove_all(registry_.folder());
+    for (const auto* name : { "List 10", "List 2" })
+        save(name, { { name, {} } });
+    panel_
+        = makeColorPanel({ pasteboard_, registry_, [](const QColor&) { return Qt::white; }, "" });
+    panel_->orderFront();
+    for (auto* widget : QApplication::topLevelWidgets())
+        if (widget->windowTitle() == QStringLiteral("Colors"))
+            window_ = widget;
+    EXPECT_EQ(rows(), QStringList { QStringLiteral("List 2, #000000") });
+}
+
 TEST_F(ColorPanelTest, NumbersStepByKeysAndWheel)
 {
     enter(u"Hex", QStringLiteral("#808080"));

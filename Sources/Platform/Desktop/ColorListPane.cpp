@@ -157,7 +157,8 @@ void ColorListPane::reload()
 {
     watchFolder();
     lists_ = registry_.availableColorLists();
-    QCollator collator;
+    // Of any language but "C", which knows no numbers.
+    QCollator collator(QLocale(QLocale::English));
     collator.setNumericMode(true);
     std::stable_sort(lists_.begin(), lists_.end(), [&](const ColorList& a, const ColorList& b) {
         return collator.compare(QString::fromStdString(a.name()), QString::fromStdString(b.name()))
@@ -208,6 +209,7 @@ void ColorListPane::openListMenu()
             showList(name);
         });
     }
+    menu.setActiveAction(current);
     menu.exec(button_->mapToGlobal(QPoint(0, 0)), current);
 }
 
