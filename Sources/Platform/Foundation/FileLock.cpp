@@ -32,11 +32,16 @@ FileDescriptor openLockFile(const std::filesystem::path& lockFile)
     return FileDescriptor {};
 }
 
-/// A holder that waited may get the lock of a file that the one before has removed.
-bool isRemoved(int file)
+/// A holder that waited may get the lock of a file that the one before has removed. Some file
+/// systems count no links, some number their files anew; none is known to do both.
+bool isRemoved(const std::filesystem::path& path, int file)
 {
-    struct stat status { };
-    return ::fstat(file, &status) == 0 && status.st_nlink == 0;
+    struct stat held = {};
+    struct stat there = {};
+    if (::fstat(file, &held) != 0 || held.st_nlink > 0)
+        return false;
+    return ::stat(path.c_str(), &there) != 0 || there.st_ino != held.st_ino
+        || there.st_dev != held.st_dev;
 }
 
 /// 0, or why the lock could not be had; EWOULDBLOCK when somebody holds it past the deadline.
@@ -72,7 +77,7 @@ Result<FileLock> FileLock::acquire(const std::filesystem::path& file, millisecon
         if (failure != 0)
             return Error { lockFile.filename().string()
                 + " could not be locked: " + reasonText(failure) };
-        if (!isRemoved(opened.number()))
+        if (!isRemoved(lockFile, opened.number()))
             return FileLock(std::move(lockFile), std::move(opened));
     }
 }
