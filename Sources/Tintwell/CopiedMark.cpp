@@ -54,6 +54,9 @@ void CopiedMark::show(bool isCopied, const QColor& color)
             },
             [this] { setVisible(false); });
     }
+    // Nobody has seen the change, so nobody shall see it late.
+    if (parentWidget() != nullptr && !parentWidget()->isVisible())
+        motion_.finish();
 }
 
 void CopiedMark::paintEvent(QPaintEvent*)

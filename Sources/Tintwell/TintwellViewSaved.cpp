@@ -10,6 +10,7 @@
 #include "ThemeSource.h"
 #include "Workspaces.h"
 
+#include <algorithm>
 #include <functional>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -54,11 +55,12 @@ public:
         hint->setWrapWidth(hintWidth);
         hint->setAlignment(Qt::AlignHCenter);
         auto* column = platform::vstack(emptySpacing,
-            { platform::spacer(), platform::spacer(emptySymbol), title, hint, platform::spacer() },
+            { platform::spacer(), platform::spacer(emptySymbol + emptySpacing), title, hint,
+                platform::spacer() },
             Qt::AlignHCenter);
         setLayout(column);
         title_ = title;
-        setFixedHeight(emptyHeight);
+        setMinimumHeight(emptyHeight);
     }
 
 protected:
@@ -211,7 +213,7 @@ QWidget* SavedWorkspace::makeRow(QWidget* parent)
 void SavedWorkspace::resizeEvent(QResizeEvent*)
 {
     area_->setGeometry(rect());
-    empty_->setGeometry(0, 0, width(), empty_->height());
+    empty_->setGeometry(0, 0, width(), std::max(height(), emptyHeight));
 }
 
 void SavedWorkspace::show()

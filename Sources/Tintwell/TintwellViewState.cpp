@@ -78,11 +78,12 @@ RGBAColor firstRole(const ThemePalette& palette, const RoleChain& chain)
 /// What is seen of `color` on an opaque background.
 RGBAColor laidOver(const RGBAColor& background, const RGBAColor& color)
 {
-    if (color.alpha == 1)
-        return color;
     const double alpha = std::clamp(color.alpha, 0.0, 1.0);
-    const auto mixed
-        = [alpha](double below, double above) { return below + alpha * (above - below); };
+    // What no screen can show looks like the nearest that it can.
+    const auto mixed = [alpha](double below, double above) {
+        const double shown = std::clamp(above, 0.0, 1.0);
+        return alpha == 1 ? shown : below + alpha * (shown - below);
+    };
     return { mixed(background.red, color.red), mixed(background.green, color.green),
         mixed(background.blue, color.blue), 1 };
 }

@@ -107,6 +107,7 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     : QWidget(parent)
     , registry_(std::move(registry))
     , handlers_(std::move(handlers))
+    , shown_(handlers_.firstList)
     , button_(new ListButton(this))
     , search_(new PlateField(boxStyle, radius, lensSpace, gap, this))
     , rows_(new RecyclingList(
@@ -124,7 +125,6 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     lens->setGeometry(0, 0, lensSpace, boxHeight);
     scroller_->setAccessibleName(QStringLiteral("Colors"));
     scroller_->installEventFilter(this);
-    shown_ = handlers_.firstList;
     connect(search_, &QLineEdit::textChanged, this, [this] {
         scroller_->scrollToTop();
         filter();
@@ -158,7 +158,7 @@ void ColorListPane::reload()
     watchFolder();
     lists_ = registry_.availableColorLists();
     // Of any language but "C", which knows no numbers.
-    QCollator collator(QLocale(QLocale::English));
+    QCollator collator { QLocale(QLocale::English) };
     collator.setNumericMode(true);
     std::stable_sort(lists_.begin(), lists_.end(), [&](const ColorList& a, const ColorList& b) {
         return collator.compare(QString::fromStdString(a.name()), QString::fromStdString(b.name()))
@@ -200,7 +200,9 @@ void ColorListPane::openListMenu()
     QAction* current = nullptr;
     menu.setMinimumWidth(button_->width());
     for (const auto& list : lists_) {
-        auto* action = menu.addAction(QString::fromStdString(list.name()));
+        // A single "&" would mark a key.
+        auto* action = menu.addAction(
+            QString::fromStdString(list.name()).replace(QLatin1Char('&'), QLatin1String("&&")));
         if (list.name() == shown_)
             current = action;
         connect(action, &QAction::triggered, this, [this, name = list.name()] {
@@ -326,7 +328,8 @@ void ColorListPane::paintEvent(QPaintEvent* /*event*/)
     painter.setFont(fontOf(hintStyle));
     painter.setPen(currentTheme().tertiary);
     const auto hint = lists_.empty() ? QStringLiteral("Save + Install puts a palette here.")
-                                     : QStringLiteral("No color is called that.");
+        : search_->text().trimmed().isEmpty() ? QStringLiteral("This list has no colors.")
+                                              : QStringLiteral("No color is called that.");
     painter.drawText(scroller_->geometry(), Qt::AlignCenter, hint);
 }
 

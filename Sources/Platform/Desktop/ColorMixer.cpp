@@ -1,6 +1,8 @@
 // Mixes a colour by wheel and brightness, by channel, or from numbers and hex text.
 #include "ColorMixer.h"
 
+#include "ColorMimeData.h"
+
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
@@ -52,6 +54,12 @@ constexpr std::array channels {
 // clang-format on
 constexpr std::size_t alpha = 3;
 constexpr unsigned mostOfChannel = 255;
+
+/// The colour in 256 steps a channel, so that numbers, hex text and what is copied say the same.
+QColor inBytes(const QColor& color)
+{
+    return toQColor({ color.redF(), color.greenF(), color.blueF(), color.alphaF() });
+}
 
 QRect channelRow(std::size_t index)
 {
@@ -161,10 +169,10 @@ void ColorMixer::readNumber(std::size_t index)
 
 bool ColorMixer::stepNumber(const QObject* field, int steps)
 {
-    for (std::size_t index = 0; index < channels_.size(); ++index)
-        if (channels_[index].field == field) {
-            channels_[index].slider->adjustTo(
-                channels_[index].slider->adjustedValue() + steps / double { mostOfChannel });
+    for (const auto& channel : channels_)
+        if (channel.field == field) {
+            channel.slider->adjustTo(
+                channel.slider->adjustedValue() + steps / double { mostOfChannel });
             return true;
         }
     return false;
@@ -188,7 +196,7 @@ bool ColorMixer::eventFilter(QObject* watched, QEvent* event)
 
 void ColorMixer::setColor(const QColor& color)
 {
-    color_ = color.toRgb();
+    color_ = inBytes(color.toRgb());
     const auto hsv = color_.toHsv();
     if (hsv.hsvHueF() >= 0)
         hue_ = hsv.hsvHueF();
@@ -201,9 +209,9 @@ void ColorMixer::setHsv(double hue, double saturation, double value)
 {
     hue_ = hue;
     saturation_ = saturation;
-    color_ = QColor::fromHsvF(static_cast<float>(hue), static_cast<float>(saturation),
+    color_ = inBytes(QColor::fromHsvF(static_cast<float>(hue), static_cast<float>(saturation),
         static_cast<float>(value), color_.alphaF())
-                 .toRgb();
+                         .toRgb());
     showColor();
 }
 

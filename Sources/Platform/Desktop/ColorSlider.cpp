@@ -82,6 +82,8 @@ void ColorSlider::show(double value, const QColor& low, const QColor& high)
     low_ = low;
     high_ = high;
     update();
+    QAccessibleValueChangeEvent changed(this, adjustedValue());
+    QAccessible::updateAccessibility(&changed);
 }
 
 QRectF ColorSlider::track() const
@@ -166,7 +168,8 @@ void ColorSlider::adjustTo(double value)
 
 void ColorSlider::wheelEvent(QWheelEvent* event)
 {
-    moveBy(event->angleDelta().y() > 0 ? 1 : -1);
+    if (const int angle = event->angleDelta().y(); angle != 0)
+        moveBy(angle > 0 ? 1 : -1);
     event->accept();
 }
 

@@ -62,6 +62,8 @@ void ColorWheel::show(double hue, double saturation, const QColor& shown)
     saturation_ = saturation;
     shown_ = shown;
     update();
+    QAccessibleValueChangeEvent changed(this, adjustedValue());
+    QAccessible::updateAccessibility(&changed);
 }
 
 QPointF ColorWheel::knob() const

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QWidget>
 
+#include <algorithm>
 #include <functional>
 
 namespace platform {
@@ -22,7 +23,7 @@ public:
 
     /// The hue; a reader has one number only.
     [[nodiscard]] double adjustedValue() const override { return hue_; }
-    void adjustTo(double value) override { picked_(value, saturation_); }
+    void adjustTo(double value) override { picked_(std::clamp(value, 0.0, 1.0), saturation_); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

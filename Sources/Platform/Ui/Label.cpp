@@ -95,7 +95,9 @@ void Label::paintEvent(QPaintEvent* /*event*/)
 bool Label::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fitted(text_) != text_) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text_, this);
+        // As a paragraph it wraps, and nothing in it is taken for markup.
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+            QStringLiteral("<p>%1</p>").arg(text_.toHtmlEscaped()), this);
         return true;
     }
     return QWidget::event(event);

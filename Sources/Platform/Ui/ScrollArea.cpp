@@ -3,6 +3,7 @@
 #include "ThemeSource.h"
 
 #include <algorithm>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QScroller>
@@ -65,7 +66,9 @@ void ScrollArea::wheelEvent(QWheelEvent* event)
     // At its end it leaves the wheel to what scrolls around it.
     if (bar->value() == wanted && !gliding)
         return event->ignore();
-    if (const int pixels = event->pixelDelta().y(); pixels != 0) {
+    // On X11 these are the driver's own units, for the notches of a wheel too.
+    const bool hasPixels = QGuiApplication::platformName() != QLatin1String("xcb");
+    if (const int pixels = event->pixelDelta().y(); hasPixels && pixels != 0) {
         glide_.stop();
         bar->setValue(bar->value() - pixels);
     } else if (const int angle = event->angleDelta().y(); angle != 0) {

@@ -70,7 +70,7 @@ ThemeSource::ThemeSource(QObject* parent)
     applyPalette();
 }
 
-void ThemeSource::applyPalette()
+void ThemeSource::applyPalette() const
 {
     const auto palette = paletteOf(theme());
     QApplication::setPalette(palette);

@@ -47,7 +47,7 @@ protected:
 private:
     explicit ThemeSource(QObject* parent);
     void readToolkitPalette();
-    void applyPalette();
+    void applyPalette() const;
     void update();
 
     std::optional<Appearance> fixedAppearance_;
