@@ -1,9 +1,13 @@
 """What shell_test.py sees and does from outside the program: windows, the tray, the bus; and other programs."""
 
+import ctypes
 import re
 import subprocess
 import time
 
+CLIENT_MESSAGE = 33
+# What a window manager selects on the root window: SubstructureNotifyMask, SubstructureRedirectMask.
+SUBSTRUCTURE_MASKS = 1 << 19 | 1 << 20
 WATCHER = "org.kde.StatusNotifierWatcher"
 SCREEN = tuple(map(int, re.search(r"dimensions:\s+(\d+)x(\d+)", subprocess.run(
     ["xdpyinfo"], capture_output=True, text=True, check=True).stdout).groups()))
@@ -68,6 +72,13 @@ def eventually(condition, seconds=10):
         time.sleep(0.01)
 
 
+class CloseRequest(ctypes.Structure):
+    """An XClientMessageEvent, filled up to the size of an XEvent."""
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("sent", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("message", ctypes.c_ulong),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 17)]
+
+
 class Window:
     def __init__(self, number, geometry):
         self.number = number
@@ -80,15 +91,21 @@ class Window:
     def states(self):
         return output("xprop", "-id", self.number, "_NET_WM_STATE")
 
+    def request_close(self):
+        """As the window manager's close button does; the manager hears it even while the program does not."""
+        x11 = ctypes.CDLL("libX11.so.6")
+        for name in ("XOpenDisplay", "XDefaultRootWindow", "XInternAtom"):
+            getattr(x11, name).restype = ctypes.c_ulong
+        display = ctypes.c_void_p(x11.XOpenDisplay(None))
+        event = CloseRequest(type=CLIENT_MESSAGE, format=32, window=int(self.number),
+                             message=x11.XInternAtom(display, b"_NET_CLOSE_WINDOW", 0))
+        to_the_manager = ctypes.c_long(SUBSTRUCTURE_MASKS)
+        x11.XSendEvent(display, ctypes.c_ulong(x11.XDefaultRootWindow(display)), 0, to_the_manager, ctypes.byref(event))
+        x11.XCloseDisplay(display)
+
     def close(self):
-        """As the window manager's close button does. A key can reach the manager before it has taken the window
-        into its care, so it is pressed until the window is gone."""
-        def is_gone():
-            if subprocess.run(["timeout", "3", "xdotool", "windowactivate", "--sync", self.number, "key", "alt+F4"],
-                              check=False, stderr=subprocess.DEVNULL).returncode:
-                return True
-            return eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number), seconds=2)
-        eventually(is_gone)
+        self.request_close()
+        eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number))
 
 
 def windows(title):
