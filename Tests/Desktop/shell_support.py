@@ -91,8 +91,8 @@ class Window:
     def states(self):
         return output("xprop", "-id", self.number, "_NET_WM_STATE")
 
-    def request_close(self):
-        """As the window manager's close button does; the manager hears it even while the program does not."""
+    def close(self):
+        """As the window manager's close button does; a key for it can get lost while the manager is busy."""
         x11 = ctypes.CDLL("libX11.so.6")
         for name in ("XOpenDisplay", "XDefaultRootWindow", "XInternAtom"):
             getattr(x11, name).restype = ctypes.c_ulong
@@ -102,9 +102,6 @@ class Window:
         to_the_manager = ctypes.c_long(SUBSTRUCTURE_MASKS)
         x11.XSendEvent(display, ctypes.c_ulong(x11.XDefaultRootWindow(display)), 0, to_the_manager, ctypes.byref(event))
         x11.XCloseDisplay(display)
-
-    def close(self):
-        self.request_close()
         eventually(lambda: "IsViewable" not in output("xwininfo", "-id", self.number))
 
 
