@@ -75,6 +75,7 @@ DraggableColorView::DraggableColorView(platform::Color color, const std::string&
     double cornerRadius, std::function<void()> onClick, QWidget* parent)
     : QWidget(parent)
     , color_(std::move(color))
+    , paintedColor_(color_)
     , cornerRadius_(cornerRadius)
     , onClick_(std::move(onClick))
 {
@@ -86,9 +87,15 @@ DraggableColorView::DraggableColorView(platform::Color color, const std::string&
 
 void DraggableColorView::setColor(const platform::Color& color)
 {
-    if (color == color_)
-        return;
     color_ = color;
+    setPaintedColor(color);
+}
+
+void DraggableColorView::setPaintedColor(const platform::Color& color)
+{
+    if (color == paintedColor_)
+        return;
+    paintedColor_ = color;
     update();
 }
 
@@ -120,7 +127,7 @@ bool DraggableColorView::accessibilityPerformPress()
 void DraggableColorView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    paintSwatch(painter, rect(), cornerRadius_, color_);
+    paintSwatch(painter, rect(), cornerRadius_, paintedColor_);
 }
 
 void DraggableColorView::mousePressEvent(QMouseEvent* event)

@@ -26,6 +26,11 @@ public:
     [[nodiscard]] const platform::Color& color() const { return color_; }
     void setColor(const platform::Color& color);
 
+    /// What is painted on the way from an older colour to `color()`, which is what a drag carries
+    /// all the time.
+    [[nodiscard]] const platform::Color& paintedColor() const { return paintedColor_; }
+    void setPaintedColor(const platform::Color& color);
+
     [[nodiscard]] const std::string& label() const { return label_; }
     void setLabel(const std::string& label);
 
@@ -50,6 +55,7 @@ private:
     void runDrag();
 
     platform::Color color_;
+    platform::Color paintedColor_;
     std::string label_;
     double cornerRadius_;
     std::function<void()> onClick_;

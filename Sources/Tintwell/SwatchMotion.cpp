@@ -22,9 +22,9 @@ SwatchMotion::SwatchMotion(DraggableColorView& swatch, std::function<void()> mov
 {
 }
 
-void SwatchMotion::set(const RGBAColor& color)
+void SwatchMotion::paint(const RGBAColor& color)
 {
-    swatch_.setColor(toPlatformColor(color));
+    swatch_.setPaintedColor(toPlatformColor(color));
     if (moved_)
         moved_();
 }
@@ -32,15 +32,16 @@ void SwatchMotion::set(const RGBAColor& color)
 void SwatchMotion::moveTo(const RGBAColor& target, const std::optional<platform::Spring>& spring)
 {
     motion_.stop();
+    const auto from = fromPlatformColor(swatch_.paintedColor()).value_or(target);
+    swatch_.setColor(toPlatformColor(target));
     if (!spring)
-        return set(target);
-    const auto from = fromPlatformColor(swatch_.color()).value_or(target);
+        return paint(target);
     motion_.run(
         platform::springDuration(*spring),
         [this, from, target, spring = *spring](double seconds) {
-            set(blended(from, target, platform::springProgress(seconds, spring)));
+            paint(blended(from, target, platform::springProgress(seconds, spring)));
         },
-        [this, target] { set(target); });
+        [this, target] { paint(target); });
 }
 
 } // namespace tintwell

@@ -10,17 +10,17 @@
 
 namespace tintwell {
 
-/// Blends the colour of one swatch along a spring, in gamma-encoded sRGB.
+/// Gives one swatch another colour; what it paints blends along a spring, in gamma-encoded sRGB.
 class SwatchMotion {
 public:
-    /// `moved` is called whenever the swatch has taken on a colour.
+    /// `moved` is called whenever the swatch paints another colour.
     explicit SwatchMotion(DraggableColorView& swatch, std::function<void()> moved = {});
 
-    /// Without a spring the swatch takes the colour at once.
+    /// Without a spring it is painted at once.
     void moveTo(const RGBAColor& target, const std::optional<platform::Spring>& spring);
 
 private:
-    void set(const RGBAColor& color);
+    void paint(const RGBAColor& color);
 
     DraggableColorView& swatch_;
     std::function<void()> moved_;

@@ -1,5 +1,6 @@
 #include "ThemePreview.h"
 
+#include "Accessibility.h"
 #include "Fonts.h"
 #include "QtColor.h"
 #include "Shapes.h"
@@ -63,6 +64,7 @@ double contentHeight()
 ThemePreview::ThemePreview(QWidget* parent)
     : QWidget(parent)
 {
+    platform::setAccessibleRole(*this, QAccessible::Graphic);
     setAccessibleName(QStringLiteral("Interface preview"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -118,6 +120,7 @@ void ThemePreview::paintEvent(QPaintEvent*)
 ContrastRow::ContrastRow(QWidget* parent)
     : QWidget(parent)
 {
+    platform::setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

@@ -141,7 +141,7 @@ void CaptureHeader::resizeEvent(QResizeEvent*)
 void CaptureHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const auto color = fromPlatformColor(swatch_->color());
+    const auto color = fromPlatformColor(swatch_->paintedColor());
     shadow_.paint(painter, QRectF(swatch_->geometry()).translated(0, shadowDrop),
         platform::faded(toQColor(color.value_or(RGBAColor())), shadowOpacity));
 }

@@ -14,7 +14,9 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
+#include <iterator>
 
 namespace platform {
 namespace {
@@ -34,6 +36,12 @@ bool eventually(const std::function<bool()>& condition)
     while (!condition() && timer.elapsed() < 10'000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     return condition();
+}
+
+std::string contentsOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path);
+    return { std::istreambuf_iterator<char>(file), {} };
 }
 
 class ColorPanelTest : public testing::Test {
@@ -229,7 +237,10 @@ TEST_F(ColorPanelTest, TheListIsOneControlToTheKeyboard)
         ASSERT_EQ(pasteboard_.written.size(), 1U) << chosen;
         const auto shown
             = rows().filter(QRegularExpression(QString::fromStdString("^" + chosen + ",")));
-        EXPECT_EQ(shown.size(), 1) << chosen << " is in sight";
+        ASSERT_EQ(shown.size(), 1) << chosen << " is in sight";
+        auto* row = named<QWidget>(shown.front().toStdU16String().c_str());
+        auto* reader = QAccessible::queryAccessibleInterface(row);
+        EXPECT_TRUE(reader->state().selected && reader->state().focused) << chosen;
     }
 }
 
@@ -269,6 +280,24 @@ TEST_F(ColorPanelTest, FollowsTheFolderWhileItIsOpen)
     save("Another", { { "One", {} }, { "Two", {} } });
     panel_->orderFront();
     EXPECT_EQ(rows().size(), 2) << "read again when it opens";
+}
+
+TEST_F(ColorPanelTest, FollowsAListThatIsWrittenInPlaceBehindALink)
+{
+    const auto elsewhere = std::filesystem::path(home_.path().toStdString()) / "elsewhere";
+    save("Template", { { "One", {} }, { "Two", {} }, { "Three", {} } });
+    const auto contents = contentsOf(registry_.folder() / "Template.clr");
+    std::filesystem::rename(registry_.folder() / "Kept.clr", elsewhere);
+    EXPECT_TRUE(eventually([this] { return rows().front().startsWith(u"Hidden"); }));
+    std::filesystem::create_symlink(elsewhere, registry_.folder() / "Kept.clr");
+    EXPECT_TRUE(eventually([this] { return rows().size() == 2; }));
+
+    std::ofstream file(elsewhere, std::ios::trunc);
+    file << contents.substr(0, contents.size() / 2) << std::flush;
+    EXPECT_TRUE(eventually([this] { return rows().front().startsWith(u"Hidden"); }))
+        << "half a list is none";
+    file << contents.substr(contents.size() / 2) << std::flush;
+    EXPECT_TRUE(eventually([this] { return rows().size() == 3; })) << "the list asked for is back";
 }
 
 } // namespace

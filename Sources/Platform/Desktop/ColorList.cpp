@@ -233,28 +233,34 @@ path ColorListRegistry::defaultFolder()
     return Directories::fromEnvironment().home / "Library" / "Colors";
 }
 
-std::vector<ColorList> ColorListRegistry::availableColorLists() const
+std::vector<path> ColorListRegistry::listFiles() const
 {
-    std::vector<ColorList> lists;
+    std::vector<path> files;
     std::error_code ended;
     std::filesystem::directory_iterator entry(folder_, ended);
     for (; !ended && entry != std::filesystem::directory_iterator(); entry.increment(ended)) {
         const path& file = entry->path();
-        const std::string name = file.stem().string();
-        if (file.extension() != extension || !colorListFileName(name))
-            continue;
+        if (file.extension() == extension && colorListFileName(file.stem().string()))
+            files.push_back(file);
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::vector<ColorList> ColorListRegistry::availableColorLists() const
+{
+    std::vector<ColorList> lists;
+    for (const path& file : listFiles()) {
         auto content = readList(file);
         if (!content)
             continue;
-        ColorList list(name);
+        ColorList list(file.stem().string());
         list.file_ = file;
         list.colors_ = std::move(content->colors);
         const path target = followSymlinks(file);
         list.editable_ = content->editable && mayWrite(target) && mayWrite(target.parent_path());
         lists.push_back(std::move(list));
     }
-    std::sort(lists.begin(), lists.end(),
-        [](const auto& a, const auto& b) { return a.file().native() < b.file().native(); });
     return lists;
 }
 

@@ -53,6 +53,9 @@ public:
 
     [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
 
+    /// The folder's ".clr" files by name, whatever is in them.
+    [[nodiscard]] std::vector<std::filesystem::path> listFiles() const;
+
     /// Every list of the folder by file name; unreadable and foreign files are left out.
     [[nodiscard]] std::vector<ColorList> availableColorLists() const;
 

@@ -15,6 +15,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <chrono>
 
 namespace platform {
 
@@ -27,6 +28,8 @@ constexpr int gap = 10;
 constexpr int listGap = 12;
 constexpr int rowHeight = 30;
 constexpr double radius = 8;
+/// A list that is written in several pieces is read once.
+constexpr std::chrono::milliseconds settleTime { 60 };
 constexpr int lensSpace = 34;
 constexpr TextStyle boxStyle { .size = 13 };
 constexpr TextStyle hintStyle { .size = 12 };
@@ -107,7 +110,7 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     : QWidget(parent)
     , registry_(std::move(registry))
     , handlers_(std::move(handlers))
-    , shown_(handlers_.firstList)
+    , wanted_(handlers_.firstList)
     , button_(new ListButton(this))
     , search_(new PlateField(boxStyle, radius, lensSpace, gap, this))
     , rows_(new RecyclingList(
@@ -124,12 +127,16 @@ ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWid
     auto* lens = new Lens(search_);
     lens->setGeometry(0, 0, lensSpace, boxHeight);
     scroller_->setAccessibleName(QStringLiteral("Colors"));
+    rows_->setAccessibleName(QStringLiteral("Colors"));
     scroller_->installEventFilter(this);
     connect(search_, &QLineEdit::textChanged, this, [this] {
         scroller_->scrollToTop();
         filter();
     });
     connect(button_, &QAbstractButton::clicked, this, [this] { openListMenu(); });
+    settling_.setSingleShot(true);
+    settling_.setInterval(settleTime);
+    connect(&settling_, &QTimer::timeout, this, [this] { reload(); });
 }
 
 void ColorListPane::resizeEvent(QResizeEvent* /*event*/)
@@ -144,18 +151,26 @@ void ColorListPane::resizeEvent(QResizeEvent* /*event*/)
 void ColorListPane::showEvent(QShowEvent* /*event*/)
 {
     watcher_ = std::make_unique<QFileSystemWatcher>();
-    connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, [this] { reload(); });
+    const auto settle = [this] {
+        if (!settling_.isActive())
+            settling_.start();
+    };
+    connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, settle);
+    connect(watcher_.get(), &QFileSystemWatcher::fileChanged, this, settle);
     reload();
 }
 
 void ColorListPane::hideEvent(QHideEvent* /*event*/)
 {
     watcher_.reset();
+    settling_.stop();
 }
 
 void ColorListPane::reload()
 {
+    // Watched first, so that no change falls between.
     watchFolder();
+    watchFiles();
     lists_ = registry_.availableColorLists();
     // Of any language but "C", which knows no numbers.
     QCollator collator { QLocale(QLocale::English) };
@@ -164,7 +179,7 @@ void ColorListPane::reload()
         return collator.compare(QString::fromStdString(a.name()), QString::fromStdString(b.name()))
             < 0;
     });
-    showList(shown_);
+    showList(wanted_);
 }
 
 /// A folder that is not there yet cannot be watched; its nearest ancestor tells when it comes.
@@ -182,14 +197,30 @@ void ColorListPane::watchFolder()
     watcher_->addPath(path);
 }
 
+/// The folder does not tell of files that are written in place or through a link.
+void ColorListPane::watchFiles()
+{
+    QStringList files;
+    for (const auto& file : registry_.listFiles())
+        files += QString::fromStdString(file.string());
+    for (const auto& old : watcher_->files()) {
+        if (!files.removeOne(old))
+            watcher_->removePath(old);
+    }
+    if (!files.isEmpty())
+        watcher_->addPaths(files);
+}
+
 void ColorListPane::showList(const std::string& name)
 {
-    const auto* list = listNamed(lists_, name);
+    wanted_ = name;
+    const auto* list = listNamed(lists_, wanted_);
     if (list == nullptr && !lists_.empty())
         list = &lists_.front();
     shown_ = list != nullptr ? list->name() : std::string();
     button_->setText(
         list != nullptr ? QString::fromStdString(shown_) : QStringLiteral("No color lists yet"));
+    button_->setAccessibleDescription(QString::fromStdString(shown_));
     button_->setEnabled(list != nullptr);
     filter();
 }

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QFileSystemWatcher>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -18,9 +19,9 @@ namespace platform {
 class RecyclingList;
 class ScrollArea;
 
-/// Shows one list at a time. While it is visible it follows the folder in which the lists are. To
-/// the keyboard the colours are one control: arrows, Home, End and the page keys go from row to
-/// row, Return and Space choose.
+/// Shows one list at a time. While it is visible it follows the lists and the folder that they are
+/// in. To the keyboard the colours are one control: arrows, Home, End and the page keys go from row
+/// to row, Return and Space choose.
 class ColorListPane : public QWidget {
 public:
     struct Handlers {
@@ -46,6 +47,7 @@ private:
 
     void reload();
     void watchFolder();
+    void watchFiles();
     void showList(const std::string& name);
     void openListMenu();
     /// Finds the rows that match what is searched for.
@@ -59,6 +61,8 @@ private:
     ColorListRegistry registry_;
     Handlers handlers_;
     std::vector<ColorList> lists_;
+    /// The list that was asked for. While it is not there, the first one is shown.
+    std::string wanted_;
     std::string shown_;
     /// Indices into the shown list's colours.
     std::vector<std::size_t> matches_;
@@ -66,6 +70,7 @@ private:
     /// The row that the keyboard is on.
     std::size_t current_ = 0;
     std::unique_ptr<QFileSystemWatcher> watcher_;
+    QTimer settling_;
 
     ListButton* button_;
     PlateField* search_;

@@ -45,6 +45,14 @@ void ColorRow::show(const ColorRowState& state)
     setAccessibleName(state.name + QStringLiteral(", ") + hexText(state.color));
 }
 
+void ColorRow::describe(QAccessible::State& state) const
+{
+    state.selectable = true;
+    state.selected = state_.selected;
+    state.focusable = true;
+    state.focused = state_.current;
+}
+
 void ColorRow::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

@@ -22,6 +22,7 @@ public:
     explicit ColorRow(QWidget* parent);
 
     void show(const ColorRowState& state);
+    void describe(QAccessible::State& state) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

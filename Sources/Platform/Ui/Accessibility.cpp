@@ -2,31 +2,18 @@
 
 #include "Button.h"
 
-#include <array>
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QString>
+#include <QVariant>
 #include <QWidget>
 
 namespace platform {
 
 namespace {
 
-struct RoleOfClass {
-    const char* className;
-    QAccessible::Role role;
-};
-
-// Buttons are not listed: the toolkit knows them by their base class.
-constexpr std::array roles {
-    RoleOfClass { "platform::Label", QAccessible::StaticText },
-    RoleOfClass { "platform::StatusLine", QAccessible::Notification },
-    RoleOfClass { "platform::SegmentedPicker", QAccessible::Grouping },
-    RoleOfClass { "platform::PopupMenu", QAccessible::PopupMenu },
-    RoleOfClass { "platform::RecyclingList", QAccessible::List },
-    RoleOfClass { "platform::Separator", QAccessible::Separator },
-};
+constexpr const char* roleProperty = "accessibleRole";
 
 /// A button that to a reader is something else.
 class ButtonInRole : public QAccessibleWidget {
@@ -83,6 +70,12 @@ public:
     {
     }
 
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        pressable_.describe(state);
+        return state;
+    }
     [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
     void doAction(const QString& name) override
     {
@@ -121,11 +114,9 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 {
     if (object == nullptr || !object->isWidgetType())
         return nullptr;
-    for (const auto& entry : roles) {
-        if (className == QLatin1String(entry.className))
-            return new QAccessibleWidget(static_cast<QWidget*>(object), entry.role);
-    }
     auto* widget = static_cast<QWidget*>(object);
+    if (const auto role = widget->property(roleProperty); role.isValid())
+        return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
     if (auto* pressable = dynamic_cast<Pressable*>(widget))
         return new PressableWidget(*widget, *pressable);
     if (auto* adjustable = dynamic_cast<Adjustable*>(widget))
@@ -151,6 +142,12 @@ void installAccessibility()
         return true;
     }();
     static_cast<void>(once);
+}
+
+void setAccessibleRole(QWidget& widget, QAccessible::Role role)
+{
+    installAccessibility();
+    widget.setProperty(roleProperty, static_cast<int>(role));
 }
 
 } // namespace platform

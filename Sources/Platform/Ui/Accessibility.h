@@ -3,6 +3,8 @@
 
 #include <QAccessible>
 
+class QWidget;
+
 namespace platform {
 
 /// A plain widget that is pressed like a button, in the role that it has to a reader.
@@ -15,6 +17,8 @@ public:
     virtual ~Pressable() = default;
 
     virtual void press() = 0;
+    /// Adds what a reader should know beyond what holds for any widget.
+    virtual void describe(QAccessible::State& /*state*/) const { }
     [[nodiscard]] QAccessible::Role pressableRole() const { return pressableRole_; }
 
 private:
@@ -30,7 +34,12 @@ public:
     virtual void adjustTo(double value) = 0;
 };
 
-/// Makes known the roles of the kit's widgets; every such widget calls it, the first call counts.
+/// Makes the kit's widgets known to readers; the first call counts. Pressable and adjustable
+/// widgets call it when they are made.
 void installAccessibility();
+
+/// Gives a plain widget, which would be a filler to a reader, a role of its own. To be called while
+/// it is made, as a reader asks once.
+void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 } // namespace platform

@@ -22,7 +22,7 @@ Label::Label(const TextStyle& style, ColorRole role, const QString& text, QWidge
     , baseline_(baselineOf(style))
     , role_(role)
 {
-    installAccessibility();
+    setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setText(text);
 }
@@ -128,6 +128,12 @@ void Label::paintLine(QPainter& painter, const QString& line, double top, const 
         left = alignment.testFlag(Qt::AlignRight) ? rest : rest / 2;
     }
     paintText(painter, { left, top + baseline_ }, line, font_, color);
+}
+
+StatusLine::StatusLine(const TextStyle& style, ColorRole role, QWidget* parent)
+    : Label(style, role, {}, parent)
+{
+    setAccessibleRole(*this, QAccessible::Notification);
 }
 
 void StatusLine::announce(const QString& text)

@@ -63,7 +63,7 @@ private:
 class StatusLine : public Label {
     Q_OBJECT
 public:
-    using Label::Label;
+    StatusLine(const TextStyle& style, ColorRole role, QWidget* parent = nullptr);
 
     void announce(const QString& text);
 };

@@ -144,7 +144,7 @@ PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& ti
     , restingPointer_(QCursor::pos())
     , opacity_([this] { update(); })
 {
-    installAccessibility();
+    setAccessibleRole(*this, QAccessible::PopupMenu);
     setAccessibleName(button.accessibleName());
     setFocusPolicy(Qt::StrongFocus);
     for (int i = 0; i < static_cast<int>(items_.size()); ++i) {

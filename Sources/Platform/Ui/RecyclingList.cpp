@@ -1,5 +1,7 @@
 #include "RecyclingList.h"
 
+#include "Accessibility.h"
+
 #include <algorithm>
 #include <QEvent>
 
@@ -11,6 +13,7 @@ RecyclingList::RecyclingList(int rowHeight, MakeRow makeRow, FillRow fillRow, QW
     , makeRow_(std::move(makeRow))
     , fillRow_(std::move(fillRow))
 {
+    setAccessibleRole(*this, QAccessible::List);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

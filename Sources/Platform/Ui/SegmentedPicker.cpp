@@ -93,7 +93,7 @@ private:
 SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles, QWidget* parent)
     : QWidget(parent)
 {
-    installAccessibility();
+    setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(label);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (int i = 0; i < titles.size(); ++i)

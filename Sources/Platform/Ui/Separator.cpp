@@ -1,5 +1,6 @@
 #include "Separator.h"
 
+#include "Accessibility.h"
 #include "Shapes.h"
 #include "ThemeSource.h"
 
@@ -12,6 +13,7 @@ Separator::Separator(int leading, int trailing, QWidget* parent)
     , leading_(leading)
     , trailing_(trailing)
 {
+    setAccessibleRole(*this, QAccessible::Separator);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
