@@ -6,6 +6,8 @@
 
 #include <QAccessibleWidget>
 #include <QCoreApplication>
+#include <QFile>
+#include <QImageReader>
 #include <QPainter>
 #include <utility>
 
@@ -22,8 +24,13 @@ QImage readMascot()
 {
     const auto folder = QCoreApplication::applicationDirPath();
     for (const auto* place : { "/../share/tintwell/", "/Resources/" }) {
-        QImage picture(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
-        if (!picture.isNull())
+        QFile file(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        // To find out the format, the toolkit would load all of its image plugins and ask them.
+        QImageReader reader(&file, "png");
+        reader.setAutoDetectImageFormat(false);
+        if (auto picture = reader.read(); !picture.isNull())
             return picture;
     }
     return {};
