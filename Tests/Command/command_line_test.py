@@ -13,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 import termios
+import threading
 import unittest
 
 PROGRAM, MANUAL = sys.argv[1:3]
@@ -161,23 +162,22 @@ class Output(Case):
                 stream.stderr.close()
 
     def on_terminal(self, *words, columns=80, **environment):
+        # A read that meets the last writer's close can miss what was written just before it. So this side keeps the
+        # terminal open, and writes an end mark once the program is gone.
         control, terminal = pty.openpty()
         fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
         process = subprocess.Popen([PROGRAM, *words], env={**self.environment, **environment}, stdout=terminal,
                                    stdin=subprocess.DEVNULL)
-        os.close(terminal)
+        end = threading.Thread(target=lambda: (process.wait(), os.write(terminal, b"\0")))
+        end.start()
         shown = b""
-        while True:
-            try:
-                part = os.read(control, 65536)
-            except OSError:
-                part = b""
-            if not part:
-                break
-            shown += part
+        while not shown.endswith(b"\0"):
+            shown += os.read(control, 65536)
+        end.join()
+        os.close(terminal)
         os.close(control)
-        self.assertEqual(process.wait(60), 0)
-        return shown.decode().replace("\r\n", "\n")
+        self.assertEqual(process.returncode, 0)
+        return shown[:-1].decode().replace("\r\n", "\n")
 
     def test_terminals_get_blocks(self):
         shown = self.on_terminal("palette", "6E56CF", columns=100)
