@@ -32,6 +32,8 @@ QImage readMascot()
         reader.setAutoDetectImageFormat(false);
         if (auto picture = reader.read(); !picture.isNull())
             return picture;
+        if (QImage picture(file.fileName()); !picture.isNull())
+            return picture;
     }
     return {};
 }

@@ -182,6 +182,9 @@ void TintwellApp::hideForPick()
 
 void TintwellApp::showAfterPick()
 {
+    // The application ends, and most of it may be gone.
+    if (item_ == nullptr)
+        return;
     for (const auto& widget : std::exchange(hiddenForPick_, {}))
         if (widget != nullptr)
             widget->show();

@@ -60,6 +60,8 @@ private:
     [[nodiscard]] platform::ContentWindow& window();
 
     std::vector<std::string> arguments_;
+    /// None once the application ends, for which a pick that ends with its model asks.
+    std::unique_ptr<platform::StatusItem> item_;
     platform::SingleInstance instance_;
     DesktopServices services_;
     TintwellAppDelegate appDelegate_;
@@ -70,7 +72,6 @@ private:
     std::unique_ptr<platform::ContentWindow> window_;
     /// The window has opened by itself, for want of a tray.
     bool standsIn_ = false;
-    std::unique_ptr<platform::StatusItem> item_;
     std::optional<QRect> lastPlace_;
     std::vector<QPointer<QWidget>> hiddenForPick_;
     /// Waits for the end of a pick that the item's menu began.

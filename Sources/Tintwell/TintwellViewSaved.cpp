@@ -180,8 +180,10 @@ SavedWorkspace::SavedWorkspace(TintwellModel& model, DateFormatter dateText, QWi
     , list_(new platform::RecyclingList(
           SavedPaletteRow::rowHeight(), [this](QWidget* list) { return makeRow(list); },
           [this](QWidget& row, std::size_t index) {
-              static_cast<SavedPaletteRow&>(row).show(
-                  savedRowState(model_.savedPalettes()[index], dateText_));
+              // A palette may be gone before the list has heard of it.
+              if (index < model_.savedPalettes().size())
+                  static_cast<SavedPaletteRow&>(row).show(
+                      savedRowState(model_.savedPalettes()[index], dateText_));
           }))
     , area_(new platform::ScrollArea(list_))
     , empty_(new EmptyState(this))

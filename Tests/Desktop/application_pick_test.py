@@ -121,6 +121,11 @@ class ApplicationPickTest(unittest.TestCase):
             after = {element.name for element in self.elements() if element.name.startswith("#")}
             self.assertEqual(after, before)
 
+    def test_the_program_ends_in_the_middle_of_a_pick(self):
+        self.press_sample()
+        self.process.terminate()
+        self.assertEqual(self.process.wait(timeout=10), 0)
+
 
 if __name__ == "__main__":
     unittest.main(warnings="ignore")

@@ -240,7 +240,9 @@ std::vector<path> ColorListRegistry::listFiles() const
     std::filesystem::directory_iterator entry(folder_, ended);
     for (; !ended && entry != std::filesystem::directory_iterator(); entry.increment(ended)) {
         const path& file = entry->path();
-        if (file.extension() == extension && colorListFileName(file.stem().string()))
+        std::error_code unknown;
+        if (file.extension() == extension && colorListFileName(file.stem().string())
+            && !entry->is_directory(unknown))
             files.push_back(file);
     }
     std::sort(files.begin(), files.end());

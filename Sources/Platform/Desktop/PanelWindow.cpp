@@ -87,6 +87,11 @@ void PanelWindow::toggle(const QRect& anchor)
 
 void PanelWindow::openBeside(const QRect& anchor)
 {
+    if (isVisible()) {
+        raise();
+        activateWindow();
+        return;
+    }
     auto* screen = QGuiApplication::screenAt(anchor.center());
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
