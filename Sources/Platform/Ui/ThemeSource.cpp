@@ -77,16 +77,6 @@ void ThemeSource::applyPalette() const
     QToolTip::setPalette(palette);
 }
 
-void ThemeSource::followDesktop()
-{
-    if (settings_ != nullptr)
-        return;
-    settings_ = new DesktopSettings(this);
-    connect(settings_, &DesktopSettings::changed, this,
-        [this] { setDesktopPreferences(settings_->preferences()); });
-    settings_->start();
-}
-
 void ThemeSource::setAppearance(std::optional<Appearance> appearance)
 {
     fixedAppearance_ = appearance;

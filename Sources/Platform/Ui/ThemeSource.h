@@ -1,7 +1,6 @@
 // Which appearance the desktop asks for now, and whether things may move.
 #pragma once
 
-#include "DesktopSettings.h"
 #include "Theme.h"
 
 #include <optional>
@@ -9,6 +8,14 @@
 #include <QPalette>
 
 namespace platform {
+
+/// What the desktop asks for; nothing where it has no opinion or cannot be asked.
+struct DesktopPreferences {
+    std::optional<Appearance> appearance;
+    std::optional<bool> reducesMotion;
+
+    bool operator==(const DesktopPreferences&) const = default;
+};
 
 /// The one place that knows the current theme. It keeps the application's palette in step, so every
 /// widget is repainted by the ordinary palette change and asks `currentTheme()` while it paints.
@@ -27,14 +34,11 @@ public:
     /// True when the desktop asks for no animation: everything then switches at once.
     [[nodiscard]] bool reducesMotion() const { return reducesMotion_; }
 
-    /// Starts to ask the desktop and to follow its changes; never waits for an answer.
-    void followDesktop();
-
     /// A fixed choice for pictures and tests; nothing follows the desktop again.
     void setAppearance(std::optional<Appearance> appearance);
     void setReducesMotion(std::optional<bool> reduces);
 
-    /// What the desktop said; `followDesktop` calls it with every change.
+    /// What the desktop says now.
     void setDesktopPreferences(const DesktopPreferences& preferences);
 
 Q_SIGNALS:
@@ -57,7 +61,6 @@ private:
     Appearance appearance_;
     bool reducesMotion_;
     bool readingPalette_ = false;
-    DesktopSettings* settings_ = nullptr;
 };
 
 /// The theme of this moment.
