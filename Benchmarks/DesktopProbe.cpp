@@ -4,6 +4,8 @@
 // window. desktop-probe tray PROGRAM…: plays the tray; milliseconds from the start to the item,
 // then from clicks on the item to the painted panel, the first one and the median of the later
 // ones.
+#include <xcb/xcb.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -13,13 +15,12 @@
 #include <cstring>
 #include <functional>
 #include <memory>
-#include <spawn.h>
 #include <string_view>
-#include <sys/wait.h>
 #include <thread>
 #include <vector>
 
-#include <xcb/xcb.h>
+#include <spawn.h>
+#include <sys/wait.h>
 
 namespace {
 

@@ -1,9 +1,9 @@
 // One whole palette, beside the bare arithmetic that it cannot do without.
+#include "LiteralRules.h"
 #include "PaletteGenerator.h"
 
-#include "LiteralRules.h"
-
 #include <benchmark/benchmark.h>
+
 #include <cmath>
 #include <random>
 #include <vector>

@@ -6,11 +6,13 @@
 #include "PalettePersistence.h"
 
 #include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
+
 #include <filesystem>
 #include <fstream>
-#include <malloc.h>
-#include <nlohmann/json.hpp>
 #include <string_view>
+
+#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 

@@ -1,7 +1,6 @@
 // How long the panel takes to follow its model, in its own process and on the real display.
-#include "PanelContent.h"
-
 #include "PaletteGenerator.h"
+#include "PanelContent.h"
 
 #include <QApplication>
 #include <QScrollArea>

@@ -1,7 +1,8 @@
 // The main function of every test program: the user's locale is in force, as a toolkit puts it in
 // force.
-#include <clocale>
 #include <gtest/gtest.h>
+
+#include <clocale>
 
 int main(int argc, char** argv)
 {

@@ -7,11 +7,12 @@
 
 #include <cerrno>
 #include <cstring>
-#include <poll.h>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <vector>
+
+#include <poll.h>
+#include <unistd.h>
 
 namespace tintwell {
 

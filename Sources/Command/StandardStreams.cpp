@@ -1,6 +1,7 @@
 #include "StandardStreams.h"
 
 #include <cerrno>
+
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>

@@ -1,12 +1,14 @@
 #include "Terminal.h"
 
+#include <utf8proc.h>
+
 #include <array>
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+
 #include <sys/ioctl.h>
 #include <unistd.h>
-#include <utf8proc.h>
 
 namespace tintwell {
 

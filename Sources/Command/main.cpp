@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <exception>
+
 #include <unistd.h>
 
 namespace {

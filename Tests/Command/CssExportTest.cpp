@@ -2,8 +2,9 @@
 
 #include "PaletteGenerator.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 #include <sstream>
 
 namespace tintwell {

@@ -1,10 +1,11 @@
 // Any text as JSON: our reader and another one accept the same.
 #include "JsonReader.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <nlohmann/json.hpp>
 #include <string_view>
 
 namespace {

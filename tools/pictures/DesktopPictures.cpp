@@ -1,11 +1,10 @@
 // What Tintwell shows beside its panel: the tray item, the loupe, and the "Colors" window.
-#include "Stage.h"
-
 #include "DesktopServices.h"
 #include "LoupePainter.h"
 #include "PaletteGenerator.h"
 #include "PanelFrame.h"
 #include "QtColor.h"
+#include "Stage.h"
 #include "StatusIcon.h"
 #include "ThemeSource.h"
 #include "TrayIcon.h"

@@ -1,10 +1,9 @@
 // The whole panel in the states that a user brings it to.
-#include "Stage.h"
-
 #include "Button.h"
 #include "PaletteGenerator.h"
 #include "PopupMenu.h"
 #include "ScrollArea.h"
+#include "Stage.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

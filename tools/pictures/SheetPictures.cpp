@@ -1,8 +1,7 @@
 // Sheets of every control in every state, headers of sources light and dark, and all symbols.
-#include "Stage.h"
-
 #include "BrandMark.h"
 #include "Button.h"
+#include "Stage.h"
 #include "ThemeSource.h"
 
 #include <QCoreApplication>

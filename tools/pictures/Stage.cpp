@@ -6,9 +6,10 @@
 #include "ScrollArea.h"
 #include "ThemeSource.h"
 
-#include <chrono>
 #include <QCoreApplication>
 #include <QScrollBar>
+
+#include <chrono>
 
 namespace tintwell {
 

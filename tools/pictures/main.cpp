@@ -1,14 +1,14 @@
 // Renders everything that Tintwell shows, light and dark, at twice the size.
 // Usage: pictures FOLDER [NAME]...
-#include "Stage.h"
-
 #include "Fonts.h"
 #include "Motion.h"
+#include "Stage.h"
 #include "ThemeSource.h"
+
+#include <QApplication>
 
 #include <algorithm>
 #include <cstdio>
-#include <QApplication>
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "ColorMixer.h"
 
 #include "ColorMimeData.h"
-
 #include "TextPainting.h"
 #include "ThemeSource.h"
 

@@ -9,11 +9,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <fcntl.h>
 #include <optional>
 #include <system_error>
-#include <unistd.h>
 #include <unordered_set>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace platform {
 

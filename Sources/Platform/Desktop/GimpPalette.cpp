@@ -1,9 +1,10 @@
 #include "GimpPalette.h"
 
+#include <utf8proc.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <utf8proc.h>
 
 namespace platform {
 

@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <sys/stat.h>
 #include <system_error>
+
+#include <sys/stat.h>
 
 namespace platform {
 

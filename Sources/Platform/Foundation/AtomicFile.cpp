@@ -6,9 +6,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <system_error>
+
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
 
 namespace platform {
 

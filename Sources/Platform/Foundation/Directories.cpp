@@ -1,9 +1,10 @@
 #include "Directories.h"
 
 #include <cstdlib>
+#include <vector>
+
 #include <pwd.h>
 #include <unistd.h>
-#include <vector>
 
 namespace platform {
 

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cerrno>
-#include <unistd.h>
 #include <utility>
+
+#include <unistd.h>
 
 namespace platform {
 

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <thread>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace platform {

@@ -1,11 +1,12 @@
 #include "Text.h"
 
+#include <utf8proc.h>
+
 #include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <system_error>
-#include <utf8proc.h>
 
 namespace platform {
 

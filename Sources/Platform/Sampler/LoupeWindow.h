@@ -6,10 +6,9 @@
 
 #include <QImage>
 #include <QRect>
+#include <xcb/xcb.h>
 
 #include <memory>
-
-#include <xcb/xcb.h>
 
 namespace platform {
 

@@ -1,9 +1,8 @@
 // What the application adds to a screen pick that is drawn by itself.
 #pragma once
 
-#include "LoupePainter.h"
-
 #include "Color.h"
+#include "LoupePainter.h"
 
 #include <functional>
 

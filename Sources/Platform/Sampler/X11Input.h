@@ -3,11 +3,11 @@
 
 #include "X11Display.h"
 
+#include <xcb/xcb.h>
+
 #include <optional>
 #include <set>
 #include <vector>
-
-#include <xcb/xcb.h>
 
 namespace platform {
 

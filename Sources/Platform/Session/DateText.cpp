@@ -1,11 +1,12 @@
 #include "DateText.h"
 
+#include <unicode/udat.h>
+#include <unicode/ustring.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string_view>
-#include <unicode/udat.h>
-#include <unicode/ustring.h>
 #include <utility>
 
 namespace platform {

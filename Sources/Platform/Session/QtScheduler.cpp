@@ -1,6 +1,7 @@
 #include "QtScheduler.h"
 
 #include <QTimer>
+
 #include <utility>
 
 namespace platform {

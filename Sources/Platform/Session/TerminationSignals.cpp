@@ -5,6 +5,7 @@
 
 #include <array>
 #include <csignal>
+
 #include <sys/eventfd.h>
 #include <unistd.h>
 

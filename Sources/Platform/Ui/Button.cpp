@@ -7,13 +7,14 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <array>
-#include <cmath>
 #include <QAccessible>
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
+
+#include <array>
+#include <cmath>
 
 namespace platform {
 

@@ -5,8 +5,9 @@
 #include "Symbols.h"
 #include "Tint.h"
 
-#include <optional>
 #include <QAbstractButton>
+
+#include <optional>
 
 namespace platform {
 

@@ -1,7 +1,8 @@
 #include "FadingName.h"
 
-#include <algorithm>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace platform {
 

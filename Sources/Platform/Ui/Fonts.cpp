@@ -1,10 +1,11 @@
 #include "Fonts.h"
 
-#include <array>
-#include <cmath>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QStringList>
+
+#include <array>
+#include <cmath>
 
 namespace platform {
 

@@ -4,7 +4,6 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <cmath>
 #include <QAccessible>
 #include <QFontMetricsF>
 #include <QHelpEvent>
@@ -12,6 +11,8 @@
 #include <QStyle>
 #include <QTextLayout>
 #include <QToolTip>
+
+#include <cmath>
 
 namespace platform {
 

@@ -4,9 +4,10 @@
 #include "Fonts.h"
 #include "Theme.h"
 
-#include <optional>
 #include <QStringList>
 #include <QWidget>
+
+#include <optional>
 
 namespace platform {
 

@@ -2,10 +2,11 @@
 
 #include "ThemeSource.h"
 
-#include <algorithm>
-#include <cmath>
 #include <QGuiApplication>
 #include <QScreen>
+
+#include <algorithm>
+#include <cmath>
 
 namespace platform {
 

@@ -3,11 +3,12 @@
 
 #include "Spring.h"
 
-#include <functional>
-#include <optional>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace platform {

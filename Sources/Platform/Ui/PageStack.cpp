@@ -2,8 +2,9 @@
 
 #include "ThemeSource.h"
 
-#include <algorithm>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace platform {
 

@@ -3,9 +3,10 @@
 
 #include "Motion.h"
 
-#include <optional>
 #include <QPixmap>
 #include <QWidget>
+
+#include <optional>
 #include <vector>
 
 namespace platform {

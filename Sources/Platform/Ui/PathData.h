@@ -1,8 +1,9 @@
 // Drawings written as path data, the compact text form of vector paths.
 #pragma once
 
-#include <optional>
 #include <QPainterPath>
+
+#include <optional>
 #include <string_view>
 
 namespace platform {

@@ -8,14 +8,15 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <algorithm>
-#include <cmath>
 #include <QAccessible>
 #include <QCursor>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {

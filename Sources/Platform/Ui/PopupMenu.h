@@ -6,10 +6,11 @@
 #include "Symbols.h"
 #include "Tint.h"
 
-#include <functional>
-#include <optional>
 #include <QPointer>
 #include <QWidget>
+
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace platform {

@@ -2,8 +2,9 @@
 
 #include "ScrollArea.h"
 
-#include <algorithm>
 #include <QWidget>
+
+#include <algorithm>
 #include <vector>
 
 namespace platform {

@@ -2,8 +2,9 @@
 
 #include "Accessibility.h"
 
-#include <algorithm>
 #include <QEvent>
+
+#include <algorithm>
 
 namespace platform {
 

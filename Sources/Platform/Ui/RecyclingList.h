@@ -1,10 +1,11 @@
 // A column of equal rows of which only those in sight exist.
 #pragma once
 
+#include <QWidget>
+
 #include <cstddef>
 #include <functional>
 #include <map>
-#include <QWidget>
 #include <utility>
 #include <vector>
 

@@ -2,9 +2,10 @@
 
 #include "TextPainting.h"
 
-#include <algorithm>
 #include <QFontMetricsF>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace platform {
 

@@ -2,12 +2,13 @@
 
 #include "ThemeSource.h"
 
-#include <algorithm>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QScroller>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace platform {
 

@@ -7,12 +7,13 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <algorithm>
-#include <cmath>
 #include <QAbstractButton>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
+
+#include <algorithm>
+#include <cmath>
 
 namespace platform {
 

@@ -5,9 +5,10 @@
 #include "Motion.h"
 #include "Tint.h"
 
-#include <memory>
 #include <QStringList>
 #include <QWidget>
+
+#include <memory>
 #include <vector>
 
 namespace platform {

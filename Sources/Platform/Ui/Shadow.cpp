@@ -2,9 +2,10 @@
 
 #include "Shapes.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
-#include <QPainter>
 #include <vector>
 
 namespace platform {

@@ -1,9 +1,10 @@
 #include "Shapes.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <QPainter>
 
 namespace platform {
 

@@ -1,9 +1,10 @@
 // Layouts as nested calls: rows and columns of widgets, with spacing, alignment and padding.
 #pragma once
 
-#include <initializer_list>
 #include <QBoxLayout>
 #include <QMargins>
+
+#include <initializer_list>
 
 namespace platform {
 

@@ -3,15 +3,16 @@
 #include "PathData.h"
 #include "Shapes.h"
 
+#include <QColor>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPathStroker>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
 #include <numbers>
-#include <QColor>
-#include <QLinearGradient>
-#include <QPainter>
-#include <QPainterPathStroker>
 #include <utility>
 #include <vector>
 

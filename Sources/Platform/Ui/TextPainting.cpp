@@ -1,9 +1,10 @@
 #include "TextPainting.h"
 
-#include <cmath>
 #include <QFont>
 #include <QPaintEngine>
 #include <QPainter>
+
+#include <cmath>
 
 namespace platform {
 

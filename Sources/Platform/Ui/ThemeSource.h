@@ -3,9 +3,10 @@
 
 #include "Theme.h"
 
-#include <optional>
 #include <QObject>
 #include <QPalette>
+
+#include <optional>
 
 namespace platform {
 

@@ -4,9 +4,10 @@
 #include "Animation.h"
 #include "Observers.h"
 
+#include <QObject>
+
 #include <functional>
 #include <optional>
-#include <QObject>
 
 namespace platform {
 

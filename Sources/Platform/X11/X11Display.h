@@ -4,13 +4,12 @@
 #include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <xcb/xcb.h>
 
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <xcb/xcb.h>
 
 namespace platform {
 

@@ -1,9 +1,9 @@
 #include "X11Window.h"
 
+#include <xcb/xfixes.h>
+
 #include <array>
 #include <cstdint>
-
-#include <xcb/xfixes.h>
 
 namespace platform {
 

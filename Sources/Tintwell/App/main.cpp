@@ -7,8 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <sysexits.h>
 #include <vector>
+
+#include <sysexits.h>
 
 namespace {
 

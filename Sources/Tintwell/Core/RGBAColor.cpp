@@ -4,10 +4,11 @@
 #include "NumberText.h"
 #include "SRGBTransfer.h"
 
+#include <utf8proc.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <utf8proc.h>
 
 namespace tintwell {
 

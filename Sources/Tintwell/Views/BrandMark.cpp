@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
+
 #include <utility>
 
 namespace tintwell {

@@ -3,8 +3,9 @@
 #include "Spring.h"
 #include "Symbols.h"
 
-#include <algorithm>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace tintwell {
 

@@ -6,11 +6,12 @@
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
+#include <QFontMetricsF>
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <QFontMetricsF>
-#include <QPainter>
 
 namespace tintwell {
 

@@ -10,9 +10,10 @@
 #include "Tint.h"
 #include "TintwellViewState.h"
 
+#include <QWidget>
+
 #include <functional>
 #include <optional>
-#include <QWidget>
 #include <vector>
 
 namespace tintwell {

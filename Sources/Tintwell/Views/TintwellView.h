@@ -15,9 +15,10 @@
 #include "ViewBridge.h"
 #include "Workspaces.h"
 
+#include <QWidget>
+
 #include <functional>
 #include <optional>
-#include <QWidget>
 
 namespace tintwell {
 

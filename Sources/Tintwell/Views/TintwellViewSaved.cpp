@@ -10,10 +10,11 @@
 #include "ThemeSource.h"
 #include "Workspaces.h"
 
-#include <algorithm>
-#include <functional>
 #include <QPainter>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <functional>
 
 namespace tintwell {
 

@@ -1,6 +1,5 @@
-#include "QtColorPanel.h"
-
 #include "ColorRow.h"
+#include "QtColorPanel.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>

@@ -6,10 +6,12 @@
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+
 #include <limits>
 #include <map>
 #include <regex>
 #include <sstream>
+
 #include <sys/stat.h>
 
 namespace platform {

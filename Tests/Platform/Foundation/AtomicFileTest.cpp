@@ -2,10 +2,12 @@
 
 #include "TemporaryFolder.h"
 
-#include <csignal>
-#include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
+
+#include <csignal>
+#include <functional>
+
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <functional>
+
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+
 #include <pwd.h>
 #include <unistd.h>
 

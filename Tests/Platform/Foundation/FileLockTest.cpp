@@ -2,13 +2,15 @@
 
 #include "TemporaryFolder.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <atomic>
 #include <csignal>
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <thread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace platform {

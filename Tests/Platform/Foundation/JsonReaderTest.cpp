@@ -1,11 +1,12 @@
 #include "JsonReader.h"
 
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <gtest/gtest.h>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <random>
 

@@ -2,10 +2,11 @@
 
 #include "JsonReader.h"
 
+#include <gtest/gtest.h>
+
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <gtest/gtest.h>
 #include <limits>
 #include <random>
 

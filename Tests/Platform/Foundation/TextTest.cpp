@@ -1,7 +1,8 @@
 #include "Text.h"
 
-#include <cerrno>
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 namespace platform {
 namespace {

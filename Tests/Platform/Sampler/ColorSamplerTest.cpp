@@ -4,10 +4,11 @@
 #include "PendingAnswer.h"
 #include "X11ColorSampler.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
 #include <lcms2.h>
 #include <QCoreApplication>
+
+#include <cstring>
 #include <vector>
 
 namespace platform {

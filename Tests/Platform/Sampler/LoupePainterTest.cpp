@@ -1,8 +1,9 @@
 #include "LoupePainter.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <QImage>
+
+#include <cmath>
 
 namespace platform {
 namespace {

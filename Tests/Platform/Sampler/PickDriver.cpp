@@ -28,6 +28,7 @@
 #include <map>
 #include <memory>
 #include <string>
+
 #include <unistd.h>
 
 namespace {

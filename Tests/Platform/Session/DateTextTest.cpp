@@ -1,7 +1,8 @@
 #include "DateText.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <map>
 #include <vector>
 

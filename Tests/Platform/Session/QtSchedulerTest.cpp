@@ -1,8 +1,9 @@
 #include "QtScheduler.h"
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <QCoreApplication>
+
+#include <chrono>
 #include <set>
 
 namespace platform {

@@ -5,12 +5,13 @@
 #include "SegmentedPicker.h"
 #include "ThemeSource.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <array>
 
 namespace platform {
 namespace {

@@ -1,14 +1,16 @@
 #include "Label.h"
+
 #include "FadingName.h"
 #include "RollingText.h"
 #include "Separator.h"
 #include "Stack.h"
 #include "ThemeSource.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
+
+#include <array>
 
 namespace platform {
 namespace {

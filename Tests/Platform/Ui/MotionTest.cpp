@@ -1,13 +1,15 @@
 #include "Motion.h"
+
 #include "PageStack.h"
 #include "ThemeSource.h"
 #include "Tint.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
-#include <numbers>
 #include <QApplication>
 #include <QPainter>
+
+#include <cmath>
+#include <numbers>
 
 namespace platform {
 namespace {

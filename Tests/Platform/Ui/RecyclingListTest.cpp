@@ -1,4 +1,5 @@
 #include "RecyclingList.h"
+
 #include "ScrollArea.h"
 #include "ThemeSource.h"
 
@@ -10,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
+
 #include <set>
 
 namespace platform {

@@ -1,11 +1,13 @@
 #include "Shapes.h"
+
 #include "Shadow.h"
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <QImage>
 #include <QPainter>
+
+#include <algorithm>
+#include <cmath>
 
 namespace platform {
 namespace {

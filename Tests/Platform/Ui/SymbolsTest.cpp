@@ -1,10 +1,12 @@
 #include "Symbols.h"
+
 #include "PathData.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <QImage>
 #include <QPainter>
+
+#include <cmath>
 
 namespace platform {
 namespace {

@@ -1,8 +1,9 @@
 // What the derivation takes from the heap: its lists and longer texts, and nothing on the way.
 #include "PaletteGenerator.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <new>
 
 namespace {

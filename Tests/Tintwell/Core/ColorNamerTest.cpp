@@ -1,7 +1,8 @@
 #include "ColorNamer.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 #include <ostream>
 #include <string>

@@ -3,8 +3,9 @@
 #include "LiteralRules.h"
 #include "OKLCH.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 
 namespace tintwell {

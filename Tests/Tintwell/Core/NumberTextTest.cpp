@@ -1,6 +1,7 @@
 #include "NumberText.h"
 
 #include <gtest/gtest.h>
+
 #include <limits>
 
 namespace tintwell {

@@ -2,8 +2,9 @@
 
 #include "LiteralRules.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 
 namespace tintwell {

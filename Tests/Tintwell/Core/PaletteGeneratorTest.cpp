@@ -3,12 +3,13 @@
 
 #include "LiteralRules.h"
 
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
 #include <array>
 #include <cmath>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 

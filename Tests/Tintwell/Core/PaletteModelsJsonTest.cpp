@@ -1,8 +1,9 @@
 #include "PaletteModelsJson.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace tintwell {

@@ -1,7 +1,8 @@
 #include "PaletteModels.h"
 
-#include <functional>
 #include <gtest/gtest.h>
+
+#include <functional>
 #include <set>
 
 namespace tintwell {

@@ -4,20 +4,22 @@
 #include "FileLock.h"
 #include "TemporaryFolder.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <functional>
-#include <gtest/gtest.h>
 #include <random>
 #include <set>
+#include <thread>
+
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace tintwell {

@@ -1,8 +1,9 @@
 #include "RGBAColor.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cmath>
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace tintwell {

@@ -1,7 +1,8 @@
 #include "MacColorIntegration.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <vector>

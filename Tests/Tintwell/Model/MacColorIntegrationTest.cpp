@@ -4,7 +4,9 @@
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+
 #include <limits>
+
 #include <sys/stat.h>
 
 namespace tintwell {

@@ -5,6 +5,7 @@
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+
 #include <limits>
 #include <set>
 

@@ -7,7 +7,6 @@
 #include "ThemeSource.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -16,6 +15,8 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
+
+#include <limits>
 #include <sstream>
 
 namespace tintwell {

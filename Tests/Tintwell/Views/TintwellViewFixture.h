@@ -7,10 +7,11 @@
 #include "TintwellView.h"
 
 #include <gtest/gtest.h>
-#include <map>
 #include <QAccessible>
 #include <QApplication>
 #include <QTest>
+
+#include <map>
 
 namespace tintwell {
 

@@ -4,9 +4,10 @@
 #include "ThemeSource.h"
 #include "TintwellViewFixture.h"
 
-#include <numeric>
 #include <QMimeData>
 #include <QScrollBar>
+
+#include <numeric>
 
 namespace tintwell {
 
