@@ -21,15 +21,6 @@ std::string identifier(std::string_view id)
     return text;
 }
 
-/// "#RRGGBB", or "#RRGGBBAA" for a colour that is not opaque.
-std::string cssColor(const RGBAColor& color)
-{
-    if (!(color.alpha < 1))
-        return color.hex();
-    // The alpha takes the place of a component, so that it is rounded by the one rule.
-    return color.hex() + RGBAColor(color.alpha, 0, 0, 1).hex().substr(1, 2);
-}
-
 std::string declarations(const std::vector<NamedColor>& colors, std::string_view indent)
 {
     std::string text;
@@ -38,7 +29,7 @@ std::string declarations(const std::vector<NamedColor>& colors, std::string_view
             .append("--tintwell-")
             .append(identifier(color.id))
             .append(": ")
-            .append(cssColor(color.color))
+            .append(color.color.hexWithAlpha())
             .append(";\n");
     return text;
 }

@@ -2,8 +2,6 @@
 
 #include <utf8proc.h>
 
-#include <array>
-#include <charconv>
 #include <cstdint>
 #include <cstdlib>
 
@@ -54,14 +52,8 @@ std::string_view variable(const char* name)
 /// The three components of a colour as "110;86;207".
 std::string channels(const RGBAColor& color)
 {
-    const auto hex = color.hex();
-    std::string text;
-    for (std::size_t at = 1; at < hex.size(); at += 2) {
-        int value = 0;
-        std::from_chars(hex.data() + at, hex.data() + at + 2, value, 16);
-        text += (at == 1 ? "" : ";") + std::to_string(value);
-    }
-    return text;
+    const auto [red, green, blue, alpha] = color.bytes();
+    return std::to_string(red) + ";" + std::to_string(green) + ";" + std::to_string(blue);
 }
 
 } // namespace

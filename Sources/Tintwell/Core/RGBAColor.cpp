@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdint>
+#include <initializer_list>
 
 namespace tintwell {
 
@@ -47,6 +47,17 @@ double componentAt(std::uint64_t number, unsigned bit)
     return static_cast<double>((number >> bit) & 0xFFU) / 255;
 }
 
+std::string hexText(std::initializer_list<std::size_t> bytes)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text = "#";
+    for (const auto byte : bytes) {
+        text += digits[byte / 16];
+        text += digits[byte % 16];
+    }
+    return text;
+}
+
 } // namespace
 
 std::optional<RGBAColor> RGBAColor::fromHex(std::string_view text)
@@ -68,17 +79,27 @@ std::optional<RGBAColor> RGBAColor::fromHex(std::string_view text)
         hasAlpha ? componentAt(number, 0) : 1);
 }
 
+std::array<std::uint8_t, 4> RGBAColor::bytes() const
+{
+    const RGBAColor clamped(red, green, blue, alpha);
+    const auto byte = [](double component) {
+        return static_cast<std::uint8_t>(roundedHalfAway(component * 255));
+    };
+    return { byte(clamped.red), byte(clamped.green), byte(clamped.blue), byte(clamped.alpha) };
+}
+
 std::string RGBAColor::hex() const
 {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const RGBAColor clamped(red, green, blue, alpha);
-    std::string text = "#";
-    for (const double component : { clamped.red, clamped.green, clamped.blue }) {
-        const auto byte = static_cast<std::size_t>(roundedHalfAway(component * 255));
-        text += digits[byte / 16];
-        text += digits[byte % 16];
-    }
-    return text;
+    const auto [redByte, greenByte, blueByte, alphaByte] = bytes();
+    return hexText({ redByte, greenByte, blueByte });
+}
+
+std::string RGBAColor::hexWithAlpha() const
+{
+    if (!(alpha < 1))
+        return hex();
+    const auto [redByte, greenByte, blueByte, alphaByte] = bytes();
+    return hexText({ redByte, greenByte, blueByte, alphaByte });
 }
 
 double RGBAColor::relativeLuminance() const

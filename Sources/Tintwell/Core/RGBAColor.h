@@ -1,7 +1,9 @@
 // The one colour value of the system: gamma-encoded sRGB with straight alpha.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -50,6 +52,12 @@ struct RGBAColor {
     /// clamped first.
     [[nodiscard]] std::string hex() const;
 
+    /// `hex`, with two more digits for the alpha of a colour that is not opaque.
+    [[nodiscard]] std::string hexWithAlpha() const;
+
+    /// Red, green, blue and alpha as steps of 255, rounded as in `hex`.
+    [[nodiscard]] std::array<std::uint8_t, 4> bytes() const;
+
     /// WCAG relative luminance, 0…1 for components of 0…1; alpha takes no part.
     [[nodiscard]] double relativeLuminance() const;
 
@@ -63,6 +71,9 @@ private:
         return component > 1 ? 1 : component;
     }
 };
+
+/// What a palette is made of before anything else has been chosen: #6E56CF.
+inline constexpr RGBAColor seedColor { 110 / 255.0, 86 / 255.0, 207 / 255.0, 1 };
 
 } // namespace tintwell
 
