@@ -1,4 +1,4 @@
-// One call of the program, understood.
+// One call of the program: what it asks for, and doing it.
 #pragma once
 
 #include "ColorCommands.h"
@@ -37,5 +37,9 @@ struct Request {
     ExportFormat exportFormat = ExportFormat::json;
     ListFormat listFormat = ListFormat::layout;
 };
+
+/// Does what `request` asks. Only a stream reads and writes the standard streams itself; all other
+/// output is in the report.
+[[nodiscard]] Report perform(const Request& request, const Terminal& terminal);
 
 } // namespace tintwell

@@ -1,6 +1,5 @@
 // tintwell-cli: the colour systems and the library of Tintwell without a display.
 #include "CommandLine.h"
-#include "Dispatch.h"
 #include "StandardStreams.h"
 #include "Text.h"
 

@@ -13,11 +13,10 @@ namespace tintwell {
 
 PanelContent makePanelContent(DesktopServices& services)
 {
-    constexpr auto seed = "#6E56CF";
     // No window is made before its content, and the content shows the same picture.
     QApplication::setWindowIcon(QPixmap::fromImage(BrandMark::mascot()));
     PanelContent content;
-    content.model = std::make_unique<TintwellModel>(RGBAColor::fromHex(seed).value_or(RGBAColor()),
+    content.model = std::make_unique<TintwellModel>(seedColor,
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
         services.forModel());
     content.view = new TintwellView(*content.model,

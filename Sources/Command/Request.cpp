@@ -1,4 +1,4 @@
-#include "Dispatch.h"
+#include "Request.h"
 
 #include "InstallCommands.h"
 #include "PaletteGenerator.h"
@@ -10,7 +10,6 @@ namespace tintwell {
 
 namespace {
 
-constexpr auto seedColor = "#6E56CF";
 constexpr auto streamColor = "-";
 
 /// What `use` makes of the colour that `text` writes, or the misuse that it is.
@@ -27,9 +26,10 @@ Report performPalette(const Request& request, const Terminal& terminal)
             return Report::misuse("- reads colors with --format json-lines only");
         return streamPalettes(STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO);
     }
-    return withColor(request.color.value_or(seedColor), [&](const RGBAColor& color) {
+    const auto show = [&](const RGBAColor& color) {
         return Report::of(paletteText(color, request.paletteFormat, terminal));
-    });
+    };
+    return request.color ? withColor(request.color, show) : show(seedColor);
 }
 
 Report performContrast(const Request& request, const Terminal& terminal)
