@@ -8,7 +8,7 @@ namespace tintwell {
 
 Report installColors(MacColorListInstaller& installer, const std::vector<NamedColor>& colors)
 {
-    const auto file = installer.install("Tintwell", colors, std::nullopt);
+    const auto file = installer.install(installedListName, colors, std::nullopt);
     if (!file)
         return Report::failure("Install failed: " + file.error().description);
     return Report::printed("Installed " + printable(file.value().filename().string()) + "\n");

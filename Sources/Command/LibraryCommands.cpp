@@ -3,6 +3,7 @@
 #include "JsonDocument.h"
 #include "PaletteGenerator.h"
 #include "PaletteLayout.h"
+#include "TintwellViewState.h"
 
 #include <algorithm>
 
@@ -77,7 +78,7 @@ std::size_t idLength(const std::vector<SavedPalette>& palettes)
 std::string hexStrip(const std::vector<NamedColor>& colors)
 {
     std::string strip;
-    for (std::size_t at = 0; at < std::min(colors.size(), std::size_t { 12 }); ++at)
+    for (std::size_t at = 0; at < std::min(colors.size(), mostStripColors); ++at)
         strip += (at == 0 ? "" : " ") + colors[at].color.hex();
     return strip;
 }

@@ -2,7 +2,7 @@
 
 #include "NumberText.h"
 #include "OKLCH.h"
-#include "PaletteGenerator.h"
+#include "TintwellViewState.h"
 
 #include <algorithm>
 
@@ -19,8 +19,6 @@ constexpr int narrowestLayout = 40;
 /// Two cards of a theme need this much.
 constexpr int narrowestForSideBySide = 74;
 constexpr int sourceBlock = 14;
-
-constexpr std::string_view themeSubtitle = "Semantic roles with accessible foreground pairs";
 
 using Lines = std::vector<std::string>;
 
@@ -54,11 +52,6 @@ std::vector<Group> sectionGroups(const GeneratedPalette& palette)
     return groups;
 }
 
-std::string themeTitle(Appearance appearance)
-{
-    return appearance == Appearance::light ? "Light system" : "Dark system";
-}
-
 std::string joined(const Lines& lines)
 {
     std::string text;
@@ -73,8 +66,7 @@ std::string plainLayout(const GeneratedPalette& palette)
 {
     auto groups = sectionGroups(palette);
     for (const auto* theme : { &palette.lightTheme, &palette.darkTheme })
-        groups.push_back(
-            { themeTitle(theme->appearance), std::string(themeSubtitle), theme->colors });
+        groups.push_back({ themeTitle(theme->appearance), themeSubtitle, theme->colors });
 
     int nameWidth = 0;
     for (const auto& group : groups)
@@ -300,8 +292,7 @@ std::string paletteLayout(const GeneratedPalette& palette, const Terminal& termi
 
 std::string colorStrip(const std::vector<NamedColor>& colors, int columns)
 {
-    constexpr std::size_t longest = 12;
-    const auto count = std::min(colors.size(), longest);
+    const auto count = std::min(colors.size(), mostStripColors);
     if (count == 0)
         return "";
     const int cells = std::max(columns / static_cast<int>(count), 1);

@@ -13,7 +13,6 @@ namespace {
 constexpr auto sourceID = "source";
 constexpr std::size_t compactColumns = 5;
 constexpr std::size_t mostColumns = 4;
-constexpr std::size_t mostStripColors = 12;
 
 /// Below this ratio two neighbouring fills are hard to tell apart.
 constexpr double distinctRatio = 1.6;
@@ -141,13 +140,17 @@ PreviewState previewState(const ThemePalette& palette)
     return state;
 }
 
+std::string themeTitle(Appearance appearance)
+{
+    return appearance == Appearance::light ? "Light system" : "Dark system";
+}
+
 ThemeState themeState(const ThemePalette& palette, const std::optional<std::string>& lastCopiedID)
 {
     const std::string appearance(rawValue(palette.appearance));
     ThemeState state;
     state.section
-        = { appearance, palette.appearance == Appearance::light ? "Light system" : "Dark system",
-              "Semantic roles with accessible foreground pairs", compactColumns, {} };
+        = { appearance, themeTitle(palette.appearance), themeSubtitle, compactColumns, {} };
     state.preview = previewState(palette);
     for (const auto& role : palette.colors) {
         auto keyed = role;

@@ -89,11 +89,18 @@ struct ThemeState {
     bool operator==(const ThemeState&) const = default;
 };
 
+/// "Light system" or "Dark system", and what stands below both.
+[[nodiscard]] std::string themeTitle(Appearance appearance);
+inline constexpr auto themeSubtitle = "Semantic roles with accessible foreground pairs";
+
 [[nodiscard]] ThemeState themeState(
     const ThemePalette& palette, const std::optional<std::string>& lastCopiedID);
 
 /// The light theme, then the dark one.
 [[nodiscard]] std::vector<ThemeState> themesState(const TintwellModel& model);
+
+/// How many colours of a saved palette are shown in its row.
+inline constexpr std::size_t mostStripColors = 12;
 
 /// One row of the library. Rows are made one at a time, as they come into view.
 struct SavedRowState {
