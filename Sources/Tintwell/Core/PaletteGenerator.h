@@ -3,8 +3,8 @@
 
 #include "ColorNamer.h"
 #include "Contrast.h"
+#include "GeneratedPalette.h"
 #include "OKLCH.h"
-#include "PaletteModels.h"
 
 namespace tintwell {
 
