@@ -14,7 +14,7 @@ namespace platform {
 
 class PanelFrame {
 public:
-    static constexpr int openingMilliseconds = 120;
+    static constexpr double openingSeconds = 0.12;
     /// The way that the panel travels while it opens.
     static constexpr double openingTravel = 4;
 

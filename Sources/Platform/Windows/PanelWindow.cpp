@@ -1,13 +1,14 @@
 // The panel that opens beside the status item.
 #include "PanelWindow.h"
 
-#include "PanelFrame.h"
+#include "ContentWindow.h"
 #include "ReadingOrder.h"
 #include "X11Window.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QEasingCurve>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -49,20 +50,14 @@ private:
     PanelWindow& panel_;
 };
 
-PanelWindow::PanelWindow(Policy policy)
+PanelWindow::PanelWindow(std::function<bool()> staysOpen)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , policy_(std::move(policy))
+    , staysOpen_(std::move(staysOpen))
     , viewport_(this)
 {
     setWindowTitle(QCoreApplication::applicationName());
     setFocusPolicy(Qt::ClickFocus);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
-    opening_.setStartValue(0.0);
-    opening_.setEndValue(1.0);
-    opening_.setDuration(PanelFrame::openingMilliseconds);
-    opening_.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&opening_, &QVariantAnimation::valueChanged, this,
-        [this](const QVariant& progress) { showOpening(progress.toDouble()); });
 }
 
 PanelWindow::~PanelWindow() = default;
@@ -104,12 +99,13 @@ void PanelWindow::openBeside(const QRect& anchor)
     room_ = frame_.shadowRoom(placement_.direction);
     setGeometry(placement_.frame.marginsAdded(room_));
     layOut();
-    if (frame_.isComposited() && policy_.isAnimated()) {
-        showOpening(0);
-        opening_.start();
-    } else {
+    if (frame_.isComposited())
+        opening_.run(PanelFrame::openingSeconds, [this](double seconds) {
+            showOpening(QEasingCurve(QEasingCurve::OutCubic)
+                            .valueForProgress(seconds / PanelFrame::openingSeconds));
+        });
+    else
         showOpening(1);
-    }
     // Nothing is marked before the keyboard is used.
     setFocus();
     show();
@@ -123,11 +119,11 @@ void PanelWindow::dismiss()
     hide();
 }
 
-void PanelWindow::showOpening(double progress)
+void PanelWindow::showOpening(double shown)
 {
-    const auto travel = QPointF(placement_.direction) * PanelFrame::openingTravel * (progress - 1);
+    const auto travel = QPointF(placement_.direction) * PanelFrame::openingTravel * (shown - 1);
     if (frame_.isComposited())
-        setWindowOpacity(progress);
+        setWindowOpacity(shown);
     move(placement_.frame.marginsAdded(room_).topLeft() + travel.toPoint());
 }
 
@@ -186,9 +182,10 @@ void PanelWindow::prepareNativeWindow(const X11Display& display)
 
 void PanelWindow::followFocus(const QWindow* focus)
 {
-    if (!isVisible() || focus == windowHandle() || QApplication::activePopupWidget() != nullptr
-        || QApplication::activeModalWidget() != nullptr || policy_.staysOpen()
-        || (focus != nullptr && policy_.isCompanion(focus)))
+    const bool isCompanion = focus != nullptr
+        && dynamic_cast<const ContentWindow*>(QWidget::find(focus->winId())) == nullptr;
+    if (!isVisible() || isCompanion || QApplication::activePopupWidget() != nullptr
+        || QApplication::activeModalWidget() != nullptr || staysOpen_())
         return;
     dismiss();
     if (const auto display = X11Display::current(); display && display->isButtonDown())

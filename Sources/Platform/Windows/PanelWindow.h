@@ -2,12 +2,12 @@
 #pragma once
 
 #include "ContentViewport.h"
+#include "Motion.h"
 #include "PanelFrame.h"
 #include "PanelPlacement.h"
 
 #include <QMargins>
 #include <QRect>
-#include <QVariantAnimation>
 #include <QWidget>
 
 #include <array>
@@ -20,19 +20,12 @@ namespace platform {
 class X11Display;
 
 /// A frameless window for X11, where a program places its windows itself. It closes when the user
-/// turns to something else, but not to a menu or companion window of its own.
+/// turns to something else: another program, or an ordinary window with content of its own.
 class PanelWindow : public QWidget {
 public:
-    struct Policy {
-        /// True while the panel stays although another window has the focus, such as during a pick.
-        std::function<bool()> staysOpen;
-        /// True for a window of the application that belongs to the panel.
-        std::function<bool(const QWindow*)> isCompanion;
-        /// False opens the panel at once.
-        std::function<bool()> isAnimated;
-    };
-
-    explicit PanelWindow(Policy policy);
+    /// `staysOpen` is true while the panel stays although another window has the focus, such as
+    /// during a pick.
+    explicit PanelWindow(std::function<bool()> staysOpen);
     ~PanelWindow() override;
 
     /// Takes the widget, which has a fixed size, as the whole content.
@@ -68,16 +61,16 @@ private:
     void layOut();
     void layOutCorners();
     void prepareNativeWindow(const X11Display& display);
-    /// `progress` runs from 0 to 1.
-    void showOpening(double progress);
+    /// `shown` runs from 0 to 1.
+    void showOpening(double shown);
 
-    Policy policy_;
+    std::function<bool()> staysOpen_;
     ContentViewport viewport_;
     std::array<Corner*, 4> corners_ {};
     PanelFrame frame_ { /*composited=*/false };
     PanelPlacement placement_;
     QMargins room_;
-    QVariantAnimation opening_;
+    Motion opening_;
     std::optional<ClosingPress> closingPress_;
 };
 

@@ -230,14 +230,10 @@ platform::PanelWindow& TintwellApp::panel()
 {
     auto* view = content().view.data();
     if (!panel_)
-        panel_ = std::make_unique<platform::PanelWindow>(platform::PanelWindow::Policy {
+        panel_ = std::make_unique<platform::PanelWindow>([this] {
             // A pick by the desktop's own means, or a drag into another program.
-            [this] { return content().model->isSampling() || platform::isColorDragRunning(); },
-            [this](const QWindow* focus) {
-                const auto* preview = appDelegate_.previewWindow();
-                return preview == nullptr || preview->windowHandle() != focus;
-            },
-            [] { return !platform::ThemeSource::instance().reducesMotion(); } });
+            return content().model->isSampling() || platform::isColorDragRunning();
+        });
     if (view->window() != panel_.get())
         panel_->setContent(window_ ? window_->takeContent() : view);
     return *panel_;
