@@ -48,9 +48,4 @@ void TintwellAppDelegate::showPreviewWindow()
     previewWindowController_->window.present();
 }
 
-const QWidget* TintwellAppDelegate::previewWindow() const
-{
-    return previewWindowController_ ? &previewWindowController_->window : nullptr;
-}
-
 } // namespace tintwell

@@ -31,8 +31,6 @@ public:
     /// Brings the preview window to the front; makes it the first time. Closed, it only hides.
     void showPreviewWindow();
 
-    [[nodiscard]] const QWidget* previewWindow() const;
-
 private:
     struct WindowController;
 

@@ -1,0 +1,64 @@
+#include "MainPanel.h"
+
+#include "ColorDrag.h"
+
+#include <QShortcut>
+
+namespace tintwell {
+
+MainPanel::MainPanel(DesktopServices& services, WindowEvents events)
+    : services_(services)
+    , events_(std::move(events))
+{
+}
+
+TintwellModel& MainPanel::model()
+{
+    return *content().model;
+}
+
+PanelContent& MainPanel::content()
+{
+    if (!content_)
+        content_ = makePanelContent(services_);
+    return *content_;
+}
+
+platform::PanelWindow& MainPanel::panel()
+{
+    auto* view = content().view.data();
+    if (!panel_)
+        panel_ = std::make_unique<platform::PanelWindow>([this] {
+            // A pick by the desktop's own means, or a drag into another program.
+            return model().isSampling() || platform::isColorDragRunning();
+        });
+    if (view->window() != panel_.get())
+        panel_->setContent(window_ ? window_->takeContent() : view);
+    return *panel_;
+}
+
+platform::ContentWindow& MainPanel::window()
+{
+    auto* view = content().view.data();
+    if (!window_) {
+        window_
+            = std::make_unique<platform::ContentWindow>(QStringLiteral("Tintwell"), events_.closed);
+        auto* escape = new QShortcut(Qt::Key_Escape, window_.get());
+        QObject::connect(escape, &QShortcut::activated, window_.get(), events_.escape);
+    }
+    if (view->window() != window_.get())
+        window_->setContent(panel_ ? panel_->takeContent() : view);
+    return *window_;
+}
+
+platform::ContentWindow* MainPanel::openWindow() const
+{
+    return window_ && window_->isVisible() ? window_.get() : nullptr;
+}
+
+bool MainPanel::isBesideItem() const
+{
+    return panel_ && panel_->isVisible();
+}
+
+} // namespace tintwell

@@ -1,0 +1,54 @@
+// When and where the panel shows: beside its item in the tray, or as an ordinary window.
+#pragma once
+
+#include "MainPanel.h"
+#include "Observers.h"
+#include "StatusItem.h"
+#include "WindowsDuringPick.h"
+
+#include <QRect>
+
+#include <memory>
+#include <optional>
+
+namespace tintwell {
+
+/// Puts the item into the tray, and sees to it that something always reaches the process: where no
+/// tray turns up the panel opens as a window, and without either the process ends.
+class PanelPresenter {
+public:
+    /// `applicationID` names the item and its icon.
+    PanelPresenter(const char* applicationID, DesktopServices& services);
+
+    void show();
+    /// Picks a colour, and shows the panel with it.
+    void sample();
+    /// One of the application's ordinary windows was closed by the user.
+    void windowClosed();
+
+    /// The application's windows make room for a pick, and come back after it.
+    void pickBegins() { windowsDuringPick_.hide(); }
+    void pickEnded();
+
+private:
+    void itemActivated(const std::optional<platform::ScreenRect>& place);
+    void trayChanged(platform::StatusItem::Presence presence);
+    /// Opens the panel as a window where nothing else would reach the process.
+    void standIn();
+    /// Where the item is, or was when it was last clicked, or most likely is.
+    [[nodiscard]] QRect anchor() const;
+    [[nodiscard]] bool hasTray() const;
+    /// True where the panel can stand beside its item.
+    [[nodiscard]] bool canDock() const;
+
+    MainPanel panel_;
+    WindowsDuringPick windowsDuringPick_;
+    std::optional<QRect> lastPlace_;
+    /// The window has opened by itself, for want of a tray.
+    bool standsIn_ = false;
+    /// Waits for the end of a pick that the item's menu began.
+    platform::Subscription pick_;
+    std::unique_ptr<platform::StatusItem> item_;
+};
+
+} // namespace tintwell
