@@ -1,6 +1,6 @@
 // How long the panel takes to follow its model, in its own process and on the real display.
+#include "ModelAndView.h"
 #include "PaletteGenerator.h"
-#include "PanelContent.h"
 
 #include <QApplication>
 #include <QScrollArea>
@@ -121,7 +121,7 @@ int main(int argc, char* argv[])
     fillLibrary();
     tintwell::DesktopServices services({});
     const auto start = Clock::now();
-    auto content = tintwell::makePanelContent(services);
+    auto content = tintwell::makeModelAndView(services);
     report("model and view over 10,000 palettes", { Milliseconds(Clock::now() - start).count() });
     content.view->show();
     settle();

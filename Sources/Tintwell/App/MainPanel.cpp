@@ -17,10 +17,10 @@ TintwellModel& MainPanel::model()
     return *content().model;
 }
 
-PanelContent& MainPanel::content()
+ModelAndView& MainPanel::content()
 {
     if (!content_)
-        content_ = makePanelContent(services_);
+        content_ = makeModelAndView(services_);
     return *content_;
 }
 

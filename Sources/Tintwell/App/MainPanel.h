@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ContentWindow.h"
-#include "PanelContent.h"
+#include "ModelAndView.h"
 #include "PanelWindow.h"
 
 #include <functional>
@@ -35,11 +35,11 @@ public:
     [[nodiscard]] bool isBesideItem() const;
 
 private:
-    [[nodiscard]] PanelContent& content();
+    [[nodiscard]] ModelAndView& content();
 
     DesktopServices& services_;
     WindowEvents events_;
-    std::optional<PanelContent> content_;
+    std::optional<ModelAndView> content_;
     // After the content: the views go before their model.
     std::unique_ptr<platform::PanelWindow> panel_;
     std::unique_ptr<platform::ContentWindow> window_;

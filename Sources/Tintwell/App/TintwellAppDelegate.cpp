@@ -10,13 +10,13 @@ namespace tintwell {
 /// The window is declared last: its view goes before the model that it shows.
 struct TintwellAppDelegate::WindowController {
     WindowController(DesktopServices& services, std::function<void()> closed)
-        : content(makePanelContent(services))
+        : content(makeModelAndView(services))
         , window(QStringLiteral("Tintwell Preview"), std::move(closed))
     {
         window.setContent(content.view);
     }
 
-    PanelContent content;
+    ModelAndView content;
     platform::ContentWindow window;
 };
 

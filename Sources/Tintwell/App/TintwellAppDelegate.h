@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ContentWindow.h"
-#include "PanelContent.h"
+#include "ModelAndView.h"
 
 #include <functional>
 #include <memory>

@@ -1,5 +1,5 @@
 // What a panel shows: a model and the root view that stands on it.
-#include "PanelContent.h"
+#include "ModelAndView.h"
 
 #include "BrandMark.h"
 #include "DateText.h"
@@ -11,11 +11,11 @@
 
 namespace tintwell {
 
-PanelContent makePanelContent(DesktopServices& services)
+ModelAndView makeModelAndView(DesktopServices& services)
 {
     // No window is made before its content, and the content shows the same picture.
     QApplication::setWindowIcon(QPixmap::fromImage(BrandMark::mascot()));
-    PanelContent content;
+    ModelAndView content;
     content.model = std::make_unique<TintwellModel>(seedColor,
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
         services.forModel());

@@ -12,13 +12,13 @@
 namespace tintwell {
 
 /// The view has no parent yet; the frame that shows it owns it, and has to go before the model.
-struct PanelContent {
+struct ModelAndView {
     std::unique_ptr<TintwellModel> model;
     QPointer<QWidget> view;
 };
 
 /// A new model of the seed colour over the user's library, independent of every other, and its
 /// view.
-[[nodiscard]] PanelContent makePanelContent(DesktopServices& services);
+[[nodiscard]] ModelAndView makeModelAndView(DesktopServices& services);
 
 } // namespace tintwell
