@@ -1,4 +1,3 @@
-// Shows a widget of fixed size in whatever room there is.
 #include "ContentViewport.h"
 
 #include "ScrollArea.h"

@@ -1,4 +1,3 @@
-// An ordinary window of fixed size around one widget.
 #include "ContentWindow.h"
 
 #include "ReadingOrder.h"

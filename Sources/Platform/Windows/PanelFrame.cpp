@@ -1,4 +1,3 @@
-// The shadow, outline and round corners of the panel.
 #include "PanelFrame.h"
 
 #include "Shapes.h"

@@ -1,4 +1,3 @@
-// Where a panel stands beside its status item.
 #include "PanelPlacement.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The panel that opens beside the status item.
 #include "PanelWindow.h"
 
 #include "ContentWindow.h"

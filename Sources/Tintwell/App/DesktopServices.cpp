@@ -1,4 +1,3 @@
-// The services of the desktop that all panels of the process share.
 #include "DesktopServices.h"
 
 #include "DesktopColorSampler.h"

@@ -1,4 +1,3 @@
-// What a panel shows: a model and the root view that stands on it.
 #include "ModelAndView.h"
 
 #include "BrandMark.h"

@@ -1,4 +1,3 @@
-// The end of launching, and the preview window.
 #include "TintwellAppDelegate.h"
 
 #include <QGuiApplication>
