@@ -15,12 +15,11 @@ def run(*command):
 
 
 def eventually(condition):
+    """The condition's first true value, or its last false one when none comes in time."""
     limit = time.monotonic() + PATIENCE
-    while not condition():
-        if time.monotonic() > limit:
-            return False
+    while not (value := condition()) and time.monotonic() < limit:
         time.sleep(0.01)
-    return True
+    return value
 
 
 class Program:

@@ -8,49 +8,34 @@ import json
 import os
 import subprocess
 import sys
-import time
 import unittest
 
 import pyatspi
 from gi.repository import GLib
 
+from pick_support import PATIENCE, eventually
+from reader import find_window, walk
+
 APPLICATION = sys.argv.pop(1)
 LIBRARY = os.path.join(os.environ["XDG_DATA_HOME"], "Tintwell/saved-palettes.json")
 COLOR_LIST = os.path.join(os.environ["HOME"], "Library/Colors/Tintwell.clr")
-LIMIT = 20.0
 HELP = "Click to copy this color, or drag it into a compatible color control."
 
-HARMONY_NAMES = [
-    "Base", "Complement", "Left", "Base", "Right", "Base", "Split left", "Split right", "Base", "Triad two",
-    "Triad three", "Base", "Tetrad two", "Tetrad three", "Tetrad four", "Air", "Mist", "Base", "Deep", "Ink"]
-TONES = ["50", "100", "200", "300", "400", "500", "600", "700", "800", "900", "950"]
 # What Studio shows of the colour that the program starts with, where the exact hex text is known.
 HEXES = {"Violet": "#6E56CF", "Complement": "#767300", "Left": "#1D6AD4", "Triad three": "#008363", "Air": "#EAE8FF",
          "950": "#0C0228"}
-ROLES = ["Background", "Surface", "Text", "Primary", "On primary", "Secondary", "Accent", "Success", "Warning", "Error"]
 
 
 def wait_for(condition, what):
-    """The first true value of condition, asked again and again; fails after LIMIT seconds."""
-    end = time.monotonic() + LIMIT
-    while True:
+    """The condition's first true value."""
+    def ask():
         try:
-            value = condition()
+            return condition()
         except Exception:  # the tree changes while it is walked
-            value = None
-        if value:
-            return value
-        if time.monotonic() > end:
-            raise AssertionError(f"waited {LIMIT:.0f} s in vain for {what}")
-        time.sleep(0.02)
-
-
-def walk(node):
-    yield node
-    for index in range(node.childCount):
-        child = node.getChildAtIndex(index)
-        if child is not None:
-            yield from walk(child)
+            return None
+    value = eventually(ask)
+    assert value, f"waited in vain for {what}"
+    return value
 
 
 def showing(node):
@@ -75,21 +60,13 @@ class Panel(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.process = subprocess.Popen([APPLICATION, "--preview-window"])
-        cls.window = wait_for(cls.find_window, "the preview window")
+        cls.window = wait_for(lambda: find_window("Tintwell Preview"), "the preview window")
 
     @classmethod
     def tearDownClass(cls):
         if cls.process.poll() is None:
             cls.process.terminate()
-            cls.process.wait(LIMIT)
-
-    @classmethod
-    def find_window(cls):
-        for application in pyatspi.Registry.getDesktop(0):
-            for window in application:
-                if window.name == "Tintwell Preview":
-                    return window
-        return None
+            cls.process.wait(PATIENCE)
 
     def controls(self, role):
         return [node for node in walk(self.window) if node.getRole() == role and showing(node)]
@@ -104,9 +81,6 @@ class Panel(unittest.TestCase):
     def state(self, node, state):
         return node.getState().contains(state)
 
-    def button_names(self):
-        return [node.name for node in self.controls(pyatspi.ROLE_PUSH_BUTTON)]
-
     def texts(self):
         return {node.name for node in walk(self.window) if showing(node)}
 
@@ -119,15 +93,7 @@ class Panel(unittest.TestCase):
         press(segment)
         wait_for(lambda: self.state(segment, pyatspi.STATE_CHECKED), f"{tab} to be the chosen one")
 
-    def test_1_header_and_studio(self):
-        self.choose("Studio")
-        self.wait_text("Complementary")
-        names = self.button_names()
-        for name in ["Violet", "Sample", "Copy #6E56CF", "Save + Install", "More"]:
-            self.assertIn(name, names)
-        tiles = [name for name in names if name in HARMONY_NAMES or name in TONES]
-        self.assertEqual(tiles, (HARMONY_NAMES + TONES)[:len(tiles)])
-        self.assertGreaterEqual(len(tiles), 5)
+    def test_1_copies_reach_the_clipboard(self):
         press(self.button("Complement"))
         self.wait_text("Copied Complement · #767300")
         wait_for(lambda: clipboard("UTF8_STRING") == b"#767300", "the hex text on the clipboard")
@@ -156,8 +122,6 @@ class Panel(unittest.TestCase):
     def test_3_themes(self):
         self.choose("Themes")
         self.wait_text("Light system")
-        roles = [name for name in self.button_names() if name in ROLES]
-        self.assertEqual(roles[:10], ROLES)
         self.assertTrue(any(text.endswith(":1 contrast") for text in self.texts()))
         press(self.button("Primary"))
         wait_for(lambda: any(text.startswith("Copied Primary · #") for text in self.texts()), "the status")
@@ -221,7 +185,7 @@ class Panel(unittest.TestCase):
         self.wait_text("Opened macOS Colors")
         wait_for(lambda: not self.controls(pyatspi.ROLE_MENU_ITEM), "the menu to close")
         press(self.item("Quit Tintwell"))
-        self.assertEqual(self.process.wait(LIMIT), 0)
+        self.assertEqual(self.process.wait(PATIENCE), 0)
 
 
 if __name__ == "__main__":

@@ -3,7 +3,8 @@
 import ctypes
 import re
 import subprocess
-import time
+
+from pick_support import eventually
 
 CLIENT_MESSAGE = 33
 # What a window manager selects on the root window: SubstructureNotifyMask, SubstructureRedirectMask.
@@ -61,15 +62,6 @@ GLib.MainLoop().run()
 
 def output(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout
-
-
-def eventually(condition, seconds=10):
-    limit = time.monotonic() + seconds
-    while True:
-        value = condition()
-        if value or time.monotonic() > limit:
-            return value
-        time.sleep(0.01)
 
 
 class CloseRequest(ctypes.Structure):
@@ -136,6 +128,10 @@ def embedded_item():
     return int(place.group(1)) + 11, int(place.group(2)) + 11
 
 
+def active_window():
+    return output("xdotool", "getactivewindow").strip()
+
+
 def call(destination, path, method, *arguments):
     return output("gdbus", "call", "--session", "--dest", destination, "--object-path", path,
                   "--method", method, *arguments)
@@ -160,3 +156,8 @@ def click(x, y, button=1):
 
 def key(name):
     subprocess.run(["xdotool", "key", name], check=True)
+
+
+def pixels(x, y, width, height):
+    """A part of the screen as text, each pixel with its hex code."""
+    return output("import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "txt:-")

@@ -10,8 +10,9 @@ import sys
 import tempfile
 import unittest
 
-from shell_support import (BLACK_DOT, OTHER_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, call, click, embedded_item,
-                           eventually, key, menu, notifier_items, output, owner_process, panel, windows)
+from pick_support import eventually
+from shell_support import (BLACK_DOT, OTHER_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, active_window, call, click,
+                           embedded_item, key, menu, notifier_items, output, owner_process, panel, pixels, windows)
 
 PROGRAM = sys.argv.pop(1)
 CASE = sys.argv.pop(1)
@@ -78,8 +79,7 @@ class ShellTest(unittest.TestCase):
     def open_other_window(self):
         self.start_service(sys.executable, "-c", OTHER_WINDOW)
         other = self.expect(lambda: windows("Another program"), "the other window")[0]
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == other.number,
-                    "the other window has the focus")
+        self.expect(lambda: active_window() == other.number, "the other window has the focus")
         return other
 
 
@@ -106,35 +106,13 @@ class TrayTest(ShellTest):
         self.assertLess(abs(opened.x + opened.width / 2 - self.place[0]), opened.width / 2 + 9)
         beside = min(abs(opened.y - self.place[1]), abs(opened.y + opened.height - self.place[1]))
         self.assertLess(beside, 45, "beside the bar")
-        for state in ("SKIP_TASKBAR", "SKIP_PAGER"):
-            self.assertIn(state, opened.states())
+        self.assertIn("SKIP_TASKBAR", opened.states())
+        self.assertIn("SKIP_PAGER", opened.states())
         click(*self.place)
         self.expect(lambda: panel() is None, "a second click closes the panel")
         self.open_panel()
         process.terminate()
         self.expect_end(process)
-
-    def check_focus_and_keys(self):
-        self.start_with_item()
-        other = self.open_other_window()
-        self.open_panel()
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == panel().number, "focus")
-        key("Escape")
-        self.expect(lambda: panel() is None, "Escape closes the panel")
-        self.open_panel()
-        subprocess.run(["xdotool", "windowactivate", other.number], check=True)
-        self.expect(lambda: panel() is None, "the panel closes when the focus goes")
-
-    def check_second_start(self):
-        first = self.start_with_item()
-        self.assertEqual(self.start().wait(timeout=10), 0)
-        opened = self.expect(panel, "a second start shows the panel")
-        self.assertTrue(opened.is_on_screen())
-        self.assertEqual(self.start("--preview-window").wait(timeout=10), 0)
-        self.expect(lambda: windows("Tintwell Preview"), "and the preview window with the switch")
-        self.assertIsNone(first.poll())
-        first.send_signal(signal.SIGINT)
-        self.expect_end(first)
 
 
 @unittest.skipUnless(CASE == "trayer", "needs an X11 tray")
@@ -148,12 +126,6 @@ class EmbeddedTest(TrayTest):
 
     def test_click_opens_and_closes(self):
         self.check_click_opens_and_closes()
-
-    def test_focus_and_keys(self):
-        self.check_focus_and_keys()
-
-    def test_second_start(self):
-        self.check_second_start()
 
     def test_tray_restarts(self):
         self.start_with_item()
@@ -169,7 +141,7 @@ class EmbeddedTest(TrayTest):
         x, y = self.place[0] - 11, self.place[1] - 11
 
         def shows(ink):
-            return ink in output("import", "-window", "root", "-crop", f"22x22+{x}+{y}", "-depth", "8", "txt:-")
+            return ink in pixels(x, y, 22, 22)
         self.expect(lambda: shows("#2A2A2E"), "dark ink on the light bar")
         # Twice, as the looks that the item takes by itself at its start may serve for the first time.
         for _ in range(2):
@@ -186,13 +158,13 @@ class EmbeddedTest(TrayTest):
         self.start_with_item()
         other = self.open_other_window()
         opened = self.open_panel()
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == opened.number, "focus")
+        self.expect(lambda: active_window() == opened.number, "focus")
         source = opened.x + 70, opened.y + 80
         subprocess.run(["xdotool", "mousemove", *map(str, source), "mousedown", "1"], check=True)
         for x in range(source[0], other.x + 100, -20):
             subprocess.run(["xdotool", "mousemove", str(x), str(source[1])], check=True)
         subprocess.run(["xdotool", "windowactivate", "--sync", other.number], check=True)
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == other.number, "the other window")
+        self.expect(lambda: active_window() == other.number, "the other window")
         self.assertIsNotNone(panel())
         subprocess.run(["xdotool", "mouseup", "1"], check=True)
         self.expect(lambda: panel() is None, "then the focus is gone, and with it the panel")
@@ -200,7 +172,7 @@ class EmbeddedTest(TrayTest):
     def test_item_outlives_a_pick(self):
         self.start_with_item()
         self.open_panel()
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == panel().number, "focus")
+        self.expect(lambda: active_window() == panel().number, "focus")
         key("ctrl+shift+c")
         self.expect(lambda: panel() is None, "the panel makes room for the loupe")
         self.expect(lambda: key("Escape") or panel(), "the panel comes back")
@@ -248,19 +220,34 @@ class NotifierTest(TrayTest):
 
     def open_panel(self):
         # The bar shows an item a moment after it has registered.
-        def click_until_open():
-            click(*self.place)
-            return eventually(panel, 0.3)
-        return self.expect(click_until_open, "the panel")
+        x, y = self.place
+        self.expect(lambda: "#2A2A2E" in pixels(x - 8, y - 8, 16, 16), "the picture in the bar")
+        return super().open_panel()
 
     def test_click_opens_and_closes(self):
         self.check_click_opens_and_closes()
 
     def test_focus_and_keys(self):
-        self.check_focus_and_keys()
+        self.start_with_item()
+        other = self.open_other_window()
+        self.open_panel()
+        self.expect(lambda: active_window() == panel().number, "focus")
+        key("Escape")
+        self.expect(lambda: panel() is None, "Escape closes the panel")
+        self.open_panel()
+        subprocess.run(["xdotool", "windowactivate", other.number], check=True)
+        self.expect(lambda: panel() is None, "the panel closes when the focus goes")
 
     def test_second_start(self):
-        self.check_second_start()
+        first = self.start_with_item()
+        self.assertEqual(self.start().wait(timeout=10), 0)
+        opened = self.expect(panel, "a second start shows the panel")
+        self.assertTrue(opened.is_on_screen())
+        self.assertEqual(self.start("--preview-window").wait(timeout=10), 0)
+        self.expect(lambda: windows("Tintwell Preview"), "and the preview window with the switch")
+        self.assertIsNone(first.poll())
+        first.send_signal(signal.SIGINT)
+        self.expect_end(first)
 
     def test_item_describes_itself(self):
         self.start_with_item()
@@ -329,21 +316,11 @@ class NoTrayTest(ShellTest):
         window.close()
         self.expect_end(process)
 
-    def test_item_moves_to_a_late_tray(self):
-        process = self.start()
-        self.expect(panel, "the panel as a window")
-        self.start_trayer()
-        item = self.expect(embedded_item, "the item")
-        self.expect(lambda: panel() is None, "nobody has used the window: it gives way to the item")
-        self.assertIsNone(process.poll())
-        click(*item)
-        self.expect(panel, "the panel beside the item")
-
     def test_window_in_use_stays(self):
         process = self.start()
         window = self.expect(panel, "the panel as a window")
         click(window.x + 5, window.y + window.height - 5)
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == window.number, "focus")
+        self.expect(lambda: active_window() == window.number, "focus")
         tray = self.start_trayer()
         self.expect(embedded_item, "the item")
         self.assertIsNotNone(panel())
@@ -353,14 +330,16 @@ class NoTrayTest(ShellTest):
         self.end(tray)
         self.expect(panel, "the window again")
         self.start_trayer()
-        self.expect(lambda: panel() is None, "nobody has used it this time")
+        self.expect(lambda: panel() is None, "nobody has used it this time: it gives way to the item")
+        click(*self.expect(embedded_item, "the item"))
+        self.expect(panel, "the panel beside the item")
 
     def test_second_start_brings_the_window_back(self):
         process = self.start()
         window = self.expect(panel, "the panel as a window")
         self.open_other_window()
         self.assertEqual(self.start().wait(timeout=10), 0)
-        self.expect(lambda: output("xdotool", "getactivewindow").strip() == window.number, "focus")
+        self.expect(lambda: active_window() == window.number, "focus")
         self.assertIsNone(process.poll())
         self.start_trayer()
         self.expect(embedded_item, "the item")
@@ -413,10 +392,7 @@ class ArgumentsTest(ShellTest):
         for arguments, opens in cases:
             with self.subTest(arguments=arguments):
                 process = self.start(*arguments)
-                try:
-                    self.check_preview(process, opens)
-                finally:
-                    self.end(process)
+                self.check_preview(process, opens)
 
     def check_preview(self, process, opens):
         self.expect(embedded_item, "the item")
