@@ -33,6 +33,19 @@ function(tintwell_add_library name)
     target_link_libraries(${name} PRIVATE tintwell_options)
 endfunction()
 
+# Stops when a target of the folder, just added, links a room that is not there yet.
+function(tintwell_check_links folder)
+    get_property(targets DIRECTORY "${folder}" PROPERTY BUILDSYSTEM_TARGETS)
+    foreach(target IN LISTS targets)
+        get_target_property(libraries ${target} LINK_LIBRARIES)
+        foreach(library IN LISTS libraries)
+            if(library MATCHES "^(platform|tintwell)_" AND NOT TARGET ${library})
+                message(FATAL_ERROR "${target} links ${library}, which does not stand before ${folder}")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
+
 # Builds a target against Qt with its implicit conversions and keywords turned off.
 function(tintwell_use_qt name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
