@@ -11,35 +11,25 @@ import pyatspi
 
 from pick_support import X, code_of, eventually, run
 from reader import find_window, walk
+from shell_support import SCREEN, click, key, windows
 
 PROGRAM = sys.argv.pop(1)
 COMMAND_LINE = sys.argv.pop(1)
-WIDTH, HEIGHT = 1280, 1500
 # Readers are told places in the toolkit's units.
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))
 PREVIEW = "Tintwell Preview"
-
-
-def is_visible(title):
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
-                           capture_output=True, text=True, check=False)
-    return bool(found.stdout.strip())
-
-
-def xdotool(*words):
-    run("xdotool", *(str(word) for word in words))
 
 
 class ApplicationPickTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.x = X()
-        cls.x.paint_root(WIDTH, HEIGHT, code_of)
+        cls.x.paint_root(*SCREEN, code_of)
 
     def setUp(self):
         self.process = subprocess.Popen([PROGRAM, "--preview-window"])
         self.addCleanup(self.end)
-        self.expect(lambda: is_visible(PREVIEW), "the preview window")
+        self.expect(lambda: windows(PREVIEW), "the preview window")
         self.frame = self.expect(lambda: find_window(PREVIEW), "the window for readers")
 
     def end(self):
@@ -72,16 +62,16 @@ class ApplicationPickTest(unittest.TestCase):
         place = button.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         # The loupe starts where the window was, so it shows whether the window is in its picture.
         middle = ((place.x + place.width // 2) * SCALE, (place.y + place.height // 2) * SCALE)
-        xdotool("mousemove", *middle, "click", 1)
-        self.expect(lambda: is_visible("Loupe"), "the loupe")
-        self.assertFalse(is_visible(PREVIEW), "the program's window is out of the picture")
+        click(*middle)
+        self.expect(lambda: windows("Loupe"), "the loupe")
+        self.assertEqual(windows(PREVIEW), [], "the program's window is out of the picture")
         return middle
 
     def expect_status(self, text):
         self.expect(lambda: self.sees(text), f"{text}; there are "
                     f"{[element.name for element in self.elements() if element.name]}")
-        self.expect(lambda: is_visible(PREVIEW), "the window is back")
-        self.assertFalse(is_visible("Loupe"))
+        self.expect(lambda: windows(PREVIEW), "the window is back")
+        self.assertEqual(windows("Loupe"), [])
 
     def check_color(self, place):
         code = "#{:02X}{:02X}{:02X}".format(*code_of(*place))
@@ -92,10 +82,10 @@ class ApplicationPickTest(unittest.TestCase):
 
     def test_picked_pixels_become_the_source(self):
         place = self.press_sample()
-        xdotool("click", 1)
+        click(*place)
         self.check_color(place)
         self.press_sample()
-        xdotool("mousemove", 3, 777, "key", "Return")
+        run("xdotool", "mousemove", "3", "777", "key", "Return")
         self.check_color((3, 777))
 
     def codes(self):
@@ -105,7 +95,7 @@ class ApplicationPickTest(unittest.TestCase):
         before = self.codes()
         self.assertTrue(before)
         self.press_sample()
-        xdotool("key", "Escape")
+        key("Escape")
         self.expect_status("Sampling cancelled")
         self.assertEqual(self.codes(), before)
 

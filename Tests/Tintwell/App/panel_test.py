@@ -21,10 +21,6 @@ LIBRARY = os.path.join(os.environ["XDG_DATA_HOME"], "Tintwell/saved-palettes.jso
 COLOR_LIST = os.path.join(os.environ["HOME"], "Library/Colors/Tintwell.clr")
 HELP = "Click to copy this color, or drag it into a compatible color control."
 
-# What Studio shows of the colour that the program starts with, where the exact hex text is known.
-HEXES = {"Violet": "#6E56CF", "Complement": "#767300", "Left": "#1D6AD4", "Triad three": "#008363", "Air": "#EAE8FF",
-         "950": "#0C0228"}
-
 
 def wait_for(condition, what):
     """The condition's first true value."""
@@ -75,9 +71,6 @@ class Panel(unittest.TestCase):
         return wait_for(lambda: next((node for node in self.controls(pyatspi.ROLE_PUSH_BUTTON)
                                       if node.name == name), None), f'a button named "{name}"')
 
-    def value(self, node):
-        return node.queryText().getText(0, -1)
-
     def state(self, node, state):
         return node.getState().contains(state)
 
@@ -114,19 +107,10 @@ class Panel(unittest.TestCase):
             for node in walk(self.window):
                 if showing(node) and self.state(node, pyatspi.STATE_FOCUSABLE):
                     self.assertTrue(node.name, f"a {node.getRoleName()} without a name in {tab}")
-        for name, color in HEXES.items():
-            swatch = self.button(name)
-            self.assertEqual(self.value(swatch), color, name)
-            self.assertEqual(swatch.description, HELP)
+        swatch = self.button("Complement")
+        self.assertEqual((swatch.queryText().getText(0, -1), swatch.description), ("#767300", HELP))
 
-    def test_3_themes(self):
-        self.choose("Themes")
-        self.wait_text("Light system")
-        self.assertTrue(any(text.endswith(":1 contrast") for text in self.texts()))
-        press(self.button("Primary"))
-        wait_for(lambda: any(text.startswith("Copied Primary · #") for text in self.texts()), "the status")
-
-    def test_4_save_use_install_delete(self):
+    def test_3_save_use_install_delete(self):
         self.choose("Saved")
         self.wait_text("No saved palettes")
         press(self.button("Save + Install"))
@@ -151,7 +135,7 @@ class Panel(unittest.TestCase):
         with open(LIBRARY, encoding="utf-8") as file:
             self.assertEqual(json.load(file), [])
 
-    def test_5_a_new_status_is_announced(self):
+    def test_4_a_new_status_is_announced(self):
         announced = []
         context = GLib.MainContext.default()
 
@@ -180,7 +164,7 @@ class Panel(unittest.TestCase):
         self.assertEqual([item.name for item in items], ["Open macOS Colors", "Quit Tintwell"])
         return next(item for item in items if item.name == name)
 
-    def test_6_menu(self):
+    def test_5_menu(self):
         press(self.item("Open macOS Colors"))
         self.wait_text("Opened macOS Colors")
         wait_for(lambda: not self.controls(pyatspi.ROLE_MENU_ITEM), "the menu to close")

@@ -12,24 +12,17 @@ SUBSTRUCTURE_MASKS = 1 << 19 | 1 << 20
 WATCHER = "org.kde.StatusNotifierWatcher"
 SCREEN = tuple(map(int, re.search(r"dimensions:\s+(\d+)x(\d+)", subprocess.run(
     ["xdpyinfo"], capture_output=True, text=True, check=True).stdout).groups()))
-OTHER_WINDOW = """
-import gi
-gi.require_version("Gtk", "3.0")
-from gi.repository import Gtk
-window = Gtk.Window(title="Another program", default_width=200, default_height=200)
-window.move(20, 60)
-window.show()
-Gtk.main()
-"""
-# Two black pixels in square above everything, at the place that the arguments say.
-BLACK_DOT = """
+# A black window of another program: its kind, title, place and size.
+BLACK_WINDOW = """
 import sys
 import gi
 gi.require_version("Gtk", "3.0")
 from gi.repository import Gdk, Gtk
-window = Gtk.Window(type=Gtk.WindowType.POPUP, title="Black dot", default_width=2, default_height=2)
+kind = getattr(Gtk.WindowType, sys.argv[1])
+x, y, size = map(int, sys.argv[3:])
+window = Gtk.Window(type=kind, title=sys.argv[2], default_width=size, default_height=size)
 window.override_background_color(Gtk.StateFlags.NORMAL, Gdk.RGBA(0, 0, 0, 1))
-window.move(int(sys.argv[1]), int(sys.argv[2]))
+window.move(x, y)
 window.show()
 Gtk.main()
 """

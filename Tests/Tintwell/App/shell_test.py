@@ -11,8 +11,8 @@ import tempfile
 import unittest
 
 from pick_support import eventually
-from shell_support import (BLACK_DOT, OTHER_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, active_window, call, click,
-                           embedded_item, key, menu, notifier_items, output, owner_process, panel, pixels, windows)
+from shell_support import (BLACK_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, active_window, call, click, embedded_item,
+                           key, menu, notifier_items, output, owner_process, panel, pixels, windows)
 
 PROGRAM = sys.argv.pop(1)
 CASE = sys.argv.pop(1)
@@ -76,9 +76,12 @@ class ShellTest(unittest.TestCase):
         self.assertEqual(leftovers() - self.before, set())
         self.assertIsNone(panel())
 
+    def open_window(self, kind, title, *place):
+        process = self.start_service(sys.executable, "-c", BLACK_WINDOW, kind, title, *map(str, place))
+        return process, self.expect(lambda: windows(title), title)[0]
+
     def open_other_window(self):
-        self.start_service(sys.executable, "-c", OTHER_WINDOW)
-        other = self.expect(lambda: windows("Another program"), "the other window")[0]
+        _, other = self.open_window("TOPLEVEL", "Another program", 20, 60, 200)
         self.expect(lambda: active_window() == other.number, "the other window has the focus")
         return other
 
@@ -146,8 +149,7 @@ class EmbeddedTest(TrayTest):
         # Twice, as the looks that the item takes by itself at its start may serve for the first time.
         for _ in range(2):
             # Where the item looks at the bar.
-            dot = self.start_service(sys.executable, "-c", BLACK_DOT, str(x), str(y))
-            self.expect(lambda: windows("Black dot"), "the dark bar")
+            dot, _ = self.open_window("POPUP", "Dark bar", x, y, 2)
             choose(1)
             self.expect(lambda: shows("#F2F2F4"), "light ink on the dark bar")
             self.end(dot)
