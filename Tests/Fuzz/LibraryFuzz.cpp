@@ -21,7 +21,7 @@ void require(bool holds)
 
 template <typename Record> void check(std::string_view text)
 {
-    const auto record = decodeJson<Record>(text);
+    const auto record = decodeJson<Record>(std::string(text));
     if (!record) {
         const auto& error = record.error().description;
         require(!error.empty() && error.size() < 2000 && error.find('\n') == std::string::npos

@@ -2,7 +2,7 @@
 
 #include "AtomicFile.h"
 #include "Directories.h"
-#include "JsonReader.h"
+#include "JsonDocument.h"
 #include "JsonWriter.h"
 #include "Text.h"
 
@@ -41,7 +41,7 @@ constexpr std::array components {
 };
 
 /// Reads one colour and its key, all members of which have to be there.
-bool readEntry(JsonReader& json, std::pair<std::string, Color>& entry)
+bool readEntry(JsonDocument& json, std::pair<std::string, Color>& entry)
 {
     constexpr unsigned keyBit = 1U << components.size();
     unsigned seen = 0;
@@ -65,7 +65,7 @@ struct FileContent {
 };
 
 /// The first colour of every key.
-bool readEntries(JsonReader& json, Entries& colors)
+bool readEntries(JsonDocument& json, Entries& colors)
 {
     colors.clear();
     std::unordered_set<std::string> keys;
@@ -80,13 +80,13 @@ bool readEntries(JsonReader& json, Entries& colors)
 }
 
 /// What a text says, or nothing when it is not that of a list.
-std::optional<FileContent> parse(std::string_view text)
+std::optional<FileContent> parse(std::string text)
 {
     FileContent content;
     std::string name;
     bool hasName = false;
     bool hasColors = false;
-    JsonReader json(text);
+    JsonDocument json(std::move(text));
     const bool read = json.readObject([&](std::string_view member) {
         if (member == "colors")
             return hasColors = readEntries(json, content.colors);
@@ -101,8 +101,8 @@ std::optional<FileContent> parse(std::string_view text)
 
 std::optional<FileContent> readList(const path& file)
 {
-    const auto text = readWholeFile(file, maxFileBytes);
-    return text ? parse(text.value()) : std::nullopt;
+    auto text = readWholeFile(file, maxFileBytes);
+    return text ? parse(std::move(text).value()) : std::nullopt;
 }
 
 bool mayWrite(const path& target)

@@ -196,8 +196,9 @@ Result<std::string> readWholeFile(const path& file, std::size_t maxBytes, FileSt
         return opened.error();
     if (static_cast<std::uintmax_t>(status.st_size) > maxBytes)
         return tooLargeError(file, maxBytes);
-    // One byte more than expected, so that the read that finds the end needs no second buffer.
-    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    // More than expected, so that neither the read that finds the end nor a reader of JSON, which
+    // wants 64 bytes behind the text, needs a second buffer.
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 64, '\0');
     std::size_t length = 0;
     for (;;) {
         const auto count = retryInterrupted([&] {

@@ -1,6 +1,6 @@
 #include "PaletteModelsJson.h"
 
-#include "JsonReader.h"
+#include "JsonDocument.h"
 
 #include <optional>
 #include <tuple>
@@ -9,20 +9,21 @@ namespace tintwell {
 
 namespace {
 
-using platform::JsonReader;
+using platform::JsonDocument;
 using platform::JsonWriter;
 using platform::Timestamp;
 using platform::Uuid;
 
+template <typename Value> constexpr bool isOptional = false;
+template <typename Value> constexpr bool isOptional<std::optional<Value>> = true;
+
 template <typename Record, typename Value> struct Member {
+    static constexpr bool isRequired = !isOptional<Value>;
     std::string_view name;
     Value Record::*field;
 };
 template <typename Record, typename Value>
 Member(std::string_view, Value Record::*) -> Member<Record, Value>;
-
-template <typename Value> constexpr bool isOptional = false;
-template <typename Value> constexpr bool isOptional<std::optional<Value>> = true;
 
 // The members of each record in ascending order of their names, which is the order of the file.
 template <typename Record> constexpr auto membersOf = nullptr;
@@ -76,6 +77,12 @@ constexpr auto membersOf<SavedPalette> = std::tuple {
     Member { "name", &SavedPalette::name },
     Member { "source", &SavedPalette::source },
 };
+
+/// Calls `visit(member)` for each member of a record, in the order of the file.
+template <typename Record, typename Visit> void forEachMember(Visit visit)
+{
+    std::apply([&](const auto&... member) { (visit(member), ...); }, membersOf<Record>);
+}
 
 bool write(JsonWriter& json, double number)
 {
@@ -136,24 +143,24 @@ bool writeMember(JsonWriter& json, const Record& record, const Member<Record, Va
 template <typename Record> bool write(JsonWriter& json, const Record& record)
 {
     json.beginObject();
-    const bool complete = std::apply(
-        [&](const auto&... member) { return (writeMember(json, record, member) && ...); },
-        membersOf<Record>);
+    bool isComplete = true;
+    forEachMember<Record>(
+        [&](const auto& member) { isComplete = isComplete && writeMember(json, record, member); });
     json.endObject();
-    return complete;
+    return isComplete;
 }
 
-bool read(JsonReader& json, double& number)
+bool read(JsonDocument& json, double& number)
 {
     return json.readNumber(number);
 }
 
-bool read(JsonReader& json, std::string& text)
+bool read(JsonDocument& json, std::string& text)
 {
     return json.readString(text);
 }
 
-bool read(JsonReader& json, std::optional<std::string>& text)
+bool read(JsonDocument& json, std::optional<std::string>& text)
 {
     text.reset();
     return json.readNull() || json.readString(text.emplace());
@@ -161,7 +168,7 @@ bool read(JsonReader& json, std::optional<std::string>& text)
 
 /// Reads a string that has to have the form that `parse` knows.
 template <typename Value, typename Parse>
-bool readParsed(JsonReader& json, Value& value, Parse parse, std::string_view what)
+bool readParsed(JsonDocument& json, Value& value, Parse parse, std::string_view what)
 {
     std::string text;
     if (!json.readString(text))
@@ -173,25 +180,25 @@ bool readParsed(JsonReader& json, Value& value, Parse parse, std::string_view wh
     return true;
 }
 
-bool read(JsonReader& json, Uuid& uuid)
+bool read(JsonDocument& json, Uuid& uuid)
 {
     return readParsed(
         json, uuid, Uuid::fromText, "a UUID like 0F8FAD5B-D9CB-469F-A165-70867728950E");
 }
 
-bool read(JsonReader& json, Timestamp& time)
+bool read(JsonDocument& json, Timestamp& time)
 {
     return readParsed(json, time, platform::parseIso8601, "a date like 2026-11-22T10:00:00Z");
 }
 
-bool read(JsonReader& json, Appearance& appearance)
+bool read(JsonDocument& json, Appearance& appearance)
 {
     return readParsed(json, appearance, appearanceFromRawValue, R"("light" or "dark")");
 }
 
-template <typename Record> bool read(JsonReader& json, Record& record);
+template <typename Record> bool read(JsonDocument& json, Record& record);
 
-template <typename Element> bool read(JsonReader& json, std::vector<Element>& list)
+template <typename Element> bool read(JsonDocument& json, std::vector<Element>& list)
 {
     list.clear();
     return json.readArray([&] { return read(json, list.emplace_back()); });
@@ -200,7 +207,7 @@ template <typename Element> bool read(JsonReader& json, std::vector<Element>& li
 /// Reads one record, member by member, and notes which ones were there.
 template <typename Record> class RecordReader {
 public:
-    RecordReader(JsonReader& json, Record& record)
+    RecordReader(JsonDocument& json, Record& record)
         : json_(json)
         , record_(record)
     {
@@ -208,45 +215,46 @@ public:
 
     bool read()
     {
-        return json_.readObject([this](std::string_view name) { return readMember(name, indices); })
-            && complete(indices);
+        return json_.readObject([this](std::string_view name) { return readMember(name); })
+            && isComplete();
     }
 
 private:
-    static constexpr const auto& members = membersOf<Record>;
-    static constexpr std::make_index_sequence<std::tuple_size_v<decltype(membersOf<Record>)>>
-        indices {};
-
-    template <std::size_t... index>
-    bool readMember(std::string_view name, std::index_sequence<index...>)
+    bool readMember(std::string_view name)
     {
-        bool outcome = false;
-        const bool known
-            = ((name == std::get<index>(members).name
-                   && (seen_ |= 1U << index,
-                       outcome = tintwell::read(json_, record_.*std::get<index>(members).field),
-                       true))
-                || ...);
-        return known ? outcome : json_.skipValue();
+        bool isKnown = false;
+        bool isRead = false;
+        unsigned bit = 1;
+        forEachMember<Record>([&](const auto& member) {
+            if (member.name == name) {
+                isKnown = true;
+                isRead = tintwell::read(json_, record_.*member.field);
+                seen_ |= bit;
+            }
+            bit <<= 1U;
+        });
+        return isKnown ? isRead : json_.skipValue();
     }
 
-    template <std::size_t... index> bool complete(std::index_sequence<index...>)
+    bool isComplete()
     {
-        return (has(std::get<index>(members), 1U << index) && ...);
+        bool isComplete = true;
+        unsigned bit = 1;
+        forEachMember<Record>([&](const auto& member) {
+            if (isComplete && member.isRequired && (seen_ & bit) == 0)
+                isComplete
+                    = json_.fail("the member \"" + std::string(member.name) + "\" is missing");
+            bit <<= 1U;
+        });
+        return isComplete;
     }
 
-    template <typename Value> bool has(const Member<Record, Value>& member, unsigned bit)
-    {
-        return isOptional<Value> || (seen_ & bit) != 0
-            || json_.fail("the member \"" + std::string(member.name) + "\" is missing");
-    }
-
-    JsonReader& json_;
+    JsonDocument& json_;
     Record& record_;
     unsigned seen_ = 0;
 };
 
-template <typename Record> bool read(JsonReader& json, Record& record)
+template <typename Record> bool read(JsonDocument& json, Record& record)
 {
     return RecordReader<Record>(json, record).read();
 }
@@ -264,9 +272,9 @@ platform::Result<void> appendJson(std::string& out, const Record& record, JsonSt
     return platform::Error { json.place().sentence() };
 }
 
-template <typename Record> platform::Result<Record> decodeJson(std::string_view text)
+template <typename Record> platform::Result<Record> decodeJson(std::string text)
 {
-    JsonReader json(text);
+    JsonDocument json(std::move(text));
     Record record;
     if (!read(json, record) || !json.readEnd())
         return platform::Error { json.problem() };
@@ -275,7 +283,7 @@ template <typename Record> platform::Result<Record> decodeJson(std::string_view 
 
 #define TINTWELL_JSON_RECORD(Record)                                                               \
     template platform::Result<void> appendJson(std::string&, const Record&, JsonStyle);            \
-    template platform::Result<Record> decodeJson(std::string_view);
+    template platform::Result<Record> decodeJson(std::string);
 TINTWELL_JSON_RECORD(RGBAColor)
 TINTWELL_JSON_RECORD(NamedColor)
 TINTWELL_JSON_RECORD(PaletteSection)

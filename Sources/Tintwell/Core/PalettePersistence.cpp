@@ -31,10 +31,10 @@ Error inFile(const path& url, const std::string& problem)
 
 Result<Library> readLibrary(const path& url, FileStamp& stamp)
 {
-    const auto json = platform::readWholeFile(url, maxFileSize, &stamp);
+    auto json = platform::readWholeFile(url, maxFileSize, &stamp);
     if (!json)
         return json.error();
-    auto library = decodeJson<Library>(json.value());
+    auto library = decodeJson<Library>(std::move(json).value());
     if (!library)
         return inFile(url, library.error().description);
     return library;

@@ -1,6 +1,6 @@
 #include "JsonWriter.h"
 
-#include "JsonReader.h"
+#include "JsonDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -88,8 +88,8 @@ TEST(JsonWriter, NumbersReadBackToTheSameBits)
         JsonWriter writer(out, JsonStyle::compact);
         ASSERT_TRUE(writer.number(number));
         double back = 0;
-        JsonReader reader(out);
-        ASSERT_TRUE(reader.readNumber(back) && reader.readEnd()) << out;
+        JsonDocument document('[' + out + ']');
+        ASSERT_TRUE(document.readArray([&] { return document.readNumber(back); })) << out;
         ASSERT_EQ(std::bit_cast<std::uint64_t>(back), std::bit_cast<std::uint64_t>(number)) << out;
     }
 }
