@@ -1,5 +1,7 @@
 #include "X11Display.h"
 
+#include "XcbReply.h"
+
 #include <QGuiApplication>
 #include <qguiapplication_platform.h>
 
@@ -7,16 +9,10 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
 
 namespace platform {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-template <typename T> using Reply = std::unique_ptr<T, Free>;
 
 struct PictureFormat {
     int depth;
@@ -80,7 +76,8 @@ xcb_atom_t X11Display::atom(const std::string& name) const
 {
     const auto cookie = xcb_intern_atom(
         connection_, /*only_if_exists=*/0, static_cast<std::uint16_t>(name.size()), name.c_str());
-    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, cookie, nullptr));
+    const XcbReply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(connection_, cookie, nullptr));
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
@@ -89,7 +86,7 @@ std::vector<std::byte> X11Display::rootProperty(const std::string& name) const
     constexpr std::uint32_t longestInWords = 4U << 20U;
     const auto cookie = xcb_get_property(
         connection_, 0, root(), atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, longestInWords);
-    const Reply<xcb_get_property_reply_t> reply(
+    const XcbReply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection_, cookie, nullptr));
     if (!reply)
         return {};
@@ -100,7 +97,7 @@ std::vector<std::byte> X11Display::rootProperty(const std::string& name) const
 xcb_window_t X11Display::selectionOwner(const std::string& selection) const
 {
     const auto cookie = xcb_get_selection_owner(connection_, atom(selection));
-    const Reply<xcb_get_selection_owner_reply_t> reply(
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(connection_, cookie, nullptr));
     return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
@@ -117,7 +114,7 @@ QRect X11Display::rootGeometry() const
 
 QPoint X11Display::pointer() const
 {
-    const Reply<xcb_query_pointer_reply_t> reply(
+    const XcbReply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, root()), nullptr));
     return reply ? QPoint(reply->root_x, reply->root_y) : QPoint();
 }
@@ -125,7 +122,7 @@ QPoint X11Display::pointer() const
 bool X11Display::isButtonDown() const
 {
     constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
-    const Reply<xcb_query_pointer_reply_t> reply(
+    const XcbReply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, root()), nullptr));
     return reply && (reply->mask & buttons) != 0;
 }
@@ -133,7 +130,7 @@ bool X11Display::isButtonDown() const
 xcb_window_t X11Display::frameOf(xcb_window_t window) const
 {
     while (true) {
-        const Reply<xcb_query_tree_reply_t> reply(
+        const XcbReply<xcb_query_tree_reply_t> reply(
             xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
         if (!reply || reply->parent == XCB_WINDOW_NONE || reply->parent == root())
             return window;
@@ -144,14 +141,14 @@ xcb_window_t X11Display::frameOf(xcb_window_t window) const
 bool X11Display::isViewable(xcb_window_t window) const
 {
     const auto cookie = xcb_get_window_attributes(connection_, window);
-    const Reply<xcb_get_window_attributes_reply_t> reply(
+    const XcbReply<xcb_get_window_attributes_reply_t> reply(
         xcb_get_window_attributes_reply(connection_, cookie, nullptr));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 QRect X11Display::geometryOf(xcb_window_t window) const
 {
-    const Reply<xcb_get_geometry_reply_t> reply(
+    const XcbReply<xcb_get_geometry_reply_t> reply(
         xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
     if (!reply)
         return {};
