@@ -1,6 +1,7 @@
 // The status item: follows the tray from one kind to the other.
 #include "QtStatusItem.h"
 
+#include "DesktopSession.h"
 #include "EmbeddedItem.h"
 #include "NotifierItem.h"
 #include "StatusIcon.h"
@@ -127,9 +128,7 @@ private:
     {
         if (!X11Display::current())
             return std::nullopt;
-        const bool isEmulated = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-            || qgetenv("XDG_SESSION_TYPE") == "wayland";
-        if (!isEmulated)
+        if (!isWaylandSession())
             return QCursor::pos();
         return hint.isNull() ? std::nullopt : std::optional(hint);
     }
