@@ -267,7 +267,8 @@ TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
     int number = 0;
     int saved = 0;
     int interrupted = 0;
-    for (int round = 0; round < 500; ++round) {
+    // Many are killed after a whole save, and many while the new file stands beside the old one.
+    for (int round = 0; round < 300 || saved <= 10 || interrupted <= 10; ++round) {
         const pid_t child = startChild([&] {
             auto store = storeAt(file);
             for (int next = number + 1;; ++next)
@@ -288,9 +289,6 @@ TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
         interrupted += folder.names().size() > 2 ? 1 : 0;
         number = current;
     }
-    // Many were killed after a whole save, and many while the new file stood beside the old one.
-    EXPECT_GT(saved, 10);
-    EXPECT_GT(interrupted, 10);
     ASSERT_TRUE(storeAt(file).save({}));
     EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
 }
