@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <map>
 #include <vector>
 
 namespace platform {
@@ -52,34 +51,13 @@ TEST(DateText, WritesEnglishForWhatNamesNoLocale)
         EXPECT_EQ(DateText(name, "UTC")(time), DateText("en_US", "UTC")(time)) << name;
 }
 
-/// Puts environment variables in place for as long as it lives.
-class Environment {
-public:
-    void set(const char* name, const char* value)
-    {
-        if (const char* old = std::getenv(name); old && !before_.contains(name))
-            before_[name] = old;
-        before_.try_emplace(name);
-        if (value)
-            ::setenv(name, value, 1);
-        else
-            ::unsetenv(name);
-    }
-    Environment() = default;
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-    ~Environment()
-    {
-        for (const auto& [name, value] : before_)
-            if (value)
-                ::setenv(name.c_str(), value->c_str(), 1);
-            else
-                ::unsetenv(name.c_str());
-    }
-
-private:
-    std::map<std::string, std::optional<std::string>> before_;
-};
+void setVariable(const char* name, const char* value)
+{
+    if (value)
+        ::setenv(name, value, 1);
+    else
+        ::unsetenv(name);
+}
 
 TEST(DateText, TakesTheLocaleThatTheUserSetForDates)
 {
@@ -95,11 +73,10 @@ TEST(DateText, TakesTheLocaleThatTheUserSetForDates)
         { "", "", "en_US.UTF-8", "en_US.UTF-8" },
         { nullptr, nullptr, nullptr, "C" },
     };
-    Environment environment;
     for (const auto& [all, time, lang, locale] : cases) {
-        environment.set("LC_ALL", all);
-        environment.set("LC_TIME", time);
-        environment.set("LANG", lang);
+        setVariable("LC_ALL", all);
+        setVariable("LC_TIME", time);
+        setVariable("LANG", lang);
         EXPECT_EQ(DateText::userLocale(), locale);
     }
 }

@@ -2,7 +2,6 @@
 #include "DesktopSettings.h"
 
 #include <gtest/gtest.h>
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMessage>
@@ -121,62 +120,36 @@ TEST_F(DesktopSettingsTest, HasNoWishesWhenTheAnswerIsNotOne)
     EXPECT_EQ(settings_.preferences(), (DesktopPreferences { Appearance::dark, {} }));
 }
 
-TEST_F(DesktopSettingsTest, TurnsTheWholeApplicationDark)
+TEST(DesktopSettings, PreferencesAreReadFromEveryDesktopsSettings)
 {
-    auto& source = ThemeSource::instance();
-    source.setAppearance({});
-    QObject::connect(&settings_, &DesktopSettings::changed, &source,
-        [this, &source] { source.setDesktopPreferences(settings_.preferences()); });
-    settings_.start();
-    ASSERT_TRUE(waitForQuestion());
-    EXPECT_EQ(source.appearance(), Appearance::light);
-    portal_->answer({ { appearance, { { schemeKey, 1U } } } });
-    EXPECT_TRUE(QTest::qWaitFor([&source] { return source.appearance() == Appearance::dark; }));
-    EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(0x23, 0x23, 0x26));
+    constexpr auto common = "org.freedesktop.appearance";
+    constexpr auto gnome = "org.gnome.desktop.interface";
+    constexpr auto kde = "org.kde.kdeglobals.KDE";
+    const struct {
+        const char* group;
+        const char* key;
+        QVariant value;
+        DesktopPreferences expected;
+    } rows[] = {
+        { common, "color-scheme", 0U, {} },
+        { common, "color-scheme", 1U, { Appearance::dark, {} } },
+        { common, "color-scheme", 2U, { Appearance::light, {} } },
+        { common, "color-scheme", 7U, {} },
+        { common, "reduced-motion", 1U, { {}, true } },
+        { common, "reduced-motion", 0U, {} },
+        { gnome, "enable-animations", false, { {}, true } },
+        { gnome, "enable-animations", true, { {}, false } },
+        { kde, "AnimationDurationFactor", QStringLiteral("0"), { {}, true } },
+        { kde, "AnimationDurationFactor", 0.5, { {}, false } },
+        { kde, "AnimationDurationFactor", QStringLiteral("x"), {} },
+    };
+    for (const auto& row : rows) {
+        const SettingGroups groups { { QString::fromLatin1(row.group),
+            { { QString::fromLatin1(row.key), row.value } } } };
+        EXPECT_EQ(preferencesIn(groups), row.expected)
+            << row.key << " " << row.value.toString().toStdString();
+    }
 }
-
-struct PreferenceCase {
-    const char* name;
-    const char* group;
-    const char* key;
-    QVariant value;
-    DesktopPreferences expected;
-};
-
-void PrintTo(const PreferenceCase& test, std::ostream* out)
-{
-    *out << test.name;
-}
-
-class Preference : public ::testing::TestWithParam<PreferenceCase> { };
-
-TEST_P(Preference, IsReadFromTheDesktopsSettings)
-{
-    const auto& test = GetParam();
-    const SettingGroups groups { { QString::fromLatin1(test.group),
-        { { QString::fromLatin1(test.key), test.value } } } };
-    EXPECT_EQ(preferencesIn(groups), test.expected);
-}
-
-constexpr auto common = "org.freedesktop.appearance";
-constexpr auto gnome = "org.gnome.desktop.interface";
-constexpr auto kde = "org.kde.kdeglobals.KDE";
-
-INSTANTIATE_TEST_SUITE_P(Session, Preference,
-    ::testing::Values(PreferenceCase { "no_preference", common, "color-scheme", 0U, {} },
-        PreferenceCase { "dark", common, "color-scheme", 1U, { Appearance::dark, {} } },
-        PreferenceCase { "light", common, "color-scheme", 2U, { Appearance::light, {} } },
-        PreferenceCase { "unknown_scheme", common, "color-scheme", 7U, {} },
-        PreferenceCase { "reduced_motion", common, "reduced-motion", 1U, { {}, true } },
-        PreferenceCase { "motion_not_reduced", common, "reduced-motion", 0U, {} },
-        PreferenceCase { "animations_off", gnome, "enable-animations", false, { {}, true } },
-        PreferenceCase { "animations_on", gnome, "enable-animations", true, { {}, false } },
-        PreferenceCase { "factor_zero_as_text", kde, "AnimationDurationFactor", QStringLiteral("0"),
-            { {}, true } },
-        PreferenceCase { "factor", kde, "AnimationDurationFactor", 0.5, { {}, false } },
-        PreferenceCase {
-            "factor_that_is_no_number", kde, "AnimationDurationFactor", QStringLiteral("x"), {} }),
-    [](const auto& test) { return test.param.name; });
 
 } // namespace
 } // namespace platform
