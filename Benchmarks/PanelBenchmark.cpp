@@ -119,7 +119,7 @@ int main(int argc, char* argv[])
     qputenv("HOME", home.path().toUtf8());
     const QApplication application(argc, argv);
     fillLibrary();
-    tintwell::DesktopServices services({});
+    tintwell::DesktopServices services;
     const auto start = Clock::now();
     auto content = tintwell::makeModelAndView(services);
     report("model and view over 10,000 palettes", { Milliseconds(Clock::now() - start).count() });

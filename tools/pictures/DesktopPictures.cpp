@@ -152,7 +152,7 @@ void clickFirstColor(QWidget& window)
 
 QImage colorsWindow()
 {
-    DesktopServices services({});
+    DesktopServices services;
     const auto palette = PaletteGenerator().generate(*RGBAColor::fromHex("#6E56CF"));
     const auto installed = MacColorListInstaller(
         platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder()),

@@ -9,22 +9,21 @@
 
 namespace platform {
 
-/// Shows a loupe and answers with the picked colour, or with nothing when the pick was cancelled or
-/// is impossible.
+/// Answers with the picked colour, or with nothing when the pick was cancelled or is impossible.
 class ColorSampler {
 public:
     using SelectionHandler = std::function<void(std::optional<Color>)>;
 
-    /// Destroying a sampler that is still picking takes its loupe away; its handler is then not
-    /// called any more.
+    /// Destroying a sampler that is still picking ends the pick; its handler is then not called any
+    /// more.
     virtual ~ColorSampler() = default;
 
-    /// Returns at once; calls `handler` exactly once, later, on the main thread. One call a
-    /// sampler, which may be destroyed from inside its handler.
+    /// Starts the pick, once a sampler, and does not wait for it. Calls `handler` once, on the main
+    /// thread, perhaps before this returns; the handler must leave the sampler alive.
     virtual void show(SelectionHandler handler) = 0;
 };
 
-/// Makes a fresh sampler for every pick.
+/// Makes a fresh sampler for every pick, never none.
 using ColorSamplerFactory = std::function<std::unique_ptr<ColorSampler>()>;
 
 } // namespace platform

@@ -1,12 +1,14 @@
 // Draws the loupe of a screen pick: magnified pixels in a ring, and a label that names the colour.
 #pragma once
 
+#include "Color.h"
 #include "Theme.h"
 
 #include <QImage>
 #include <QPoint>
 #include <QRect>
 
+#include <functional>
 #include <string>
 
 namespace platform {
@@ -16,6 +18,9 @@ struct ColorDescription {
     std::string hex;
     std::string name;
 };
+
+/// Describes a picked colour, which may be in a monitor's own space.
+using ColorDescriber = std::function<ColorDescription(const Color&)>;
 
 /// The monitor on which the loupe stands: its device pixels and how many make one point.
 struct LoupeMonitor {

@@ -83,6 +83,12 @@ void LoupeWindow::createWindow()
         XCB_ATOM_STRING, 8, title.size(), title.data());
 }
 
+bool LoupeWindow::isExposedBy(const xcb_generic_event_t& event) const
+{
+    return event.response_type == XCB_EXPOSE
+        && reinterpret_cast<const xcb_expose_event_t&>(event).window == window_;
+}
+
 void LoupeWindow::map()
 {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;

@@ -24,7 +24,8 @@ public:
     LoupeWindow& operator=(const LoupeWindow&) = delete;
 
     [[nodiscard]] const QImage& frozen() const { return frozen_; }
-    [[nodiscard]] xcb_window_t window() const { return window_; }
+    /// Whether the event says that a part of the window has to be drawn again.
+    [[nodiscard]] bool isExposedBy(const xcb_generic_event_t& event) const;
     /// A cursor without a single visible pixel.
     [[nodiscard]] xcb_cursor_t blankCursor() const { return cursor_; }
 

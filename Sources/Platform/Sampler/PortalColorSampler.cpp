@@ -1,7 +1,6 @@
 #include "PortalColorSampler.h"
 
-#include "PendingAnswer.h"
-
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -15,7 +14,6 @@
 #include <QVariantMap>
 
 #include <cmath>
-#include <functional>
 #include <utility>
 
 namespace platform {
@@ -53,11 +51,9 @@ class PortalRequest final : public QObject {
     Q_OBJECT
 
 public:
-    using Ended = std::function<void(std::optional<Color>)>;
-
-    PortalRequest(std::chrono::milliseconds timeLimit, Ended ended)
+    PortalRequest(std::chrono::milliseconds timeLimit, ColorSampler::SelectionHandler handler)
         : QObject(QCoreApplication::instance())
-        , ended_(std::move(ended))
+        , handler_(std::move(handler))
         , bus_(QDBusConnection::sessionBus())
         , gone_(service, bus_, QDBusServiceWatcher::WatchForUnregistration)
     {
@@ -74,7 +70,7 @@ public:
     /// Nobody wants the answer any more: closes the request as soon as its handle is known.
     void drop()
     {
-        if (!std::exchange(ended_, nullptr))
+        if (!std::exchange(handler_, nullptr))
             return;
         limit_.stop();
         if (!calling_)
@@ -114,7 +110,7 @@ private:
             end(std::nullopt);
         } else {
             listen(reply.value().path());
-            if (!ended_)
+            if (!handler_)
                 close();
         }
     }
@@ -134,10 +130,10 @@ private:
 
     void expired()
     {
-        const auto ended = ended_;
+        const auto handler = handler_;
         drop();
-        if (ended)
-            ended(std::nullopt);
+        if (handler)
+            handler(std::nullopt);
     }
 
     void close()
@@ -151,11 +147,11 @@ private:
     {
         limit_.stop();
         deleteLater();
-        if (const auto ended = std::exchange(ended_, nullptr))
-            ended(color);
+        if (const auto handler = std::exchange(handler_, nullptr))
+            handler(color);
     }
 
-    Ended ended_;
+    ColorSampler::SelectionHandler handler_;
     QDBusConnection bus_;
     QDBusServiceWatcher gone_;
     QTimer limit_;
@@ -176,14 +172,10 @@ PortalColorSampler::~PortalColorSampler()
 
 void PortalColorSampler::show(SelectionHandler handler)
 {
-    answer_ = std::make_unique<PendingAnswer>(std::move(handler));
-    if (!QDBusConnection::sessionBus().isConnected()) {
-        answer_->give(std::nullopt);
-        return;
-    }
-    // The request tells us nothing once it is dropped, so it never outlives what it calls.
-    request_ = new PortalRequest(
-        timeLimit_, [this](const std::optional<Color>& color) { answer_->give(color); });
+    if (QDBusConnection::sessionBus().isConnected())
+        request_ = new PortalRequest(timeLimit_, std::move(handler));
+    else
+        handler(std::nullopt);
 }
 
 } // namespace platform

@@ -6,11 +6,9 @@
 #include <QPointer>
 
 #include <chrono>
-#include <memory>
 
 namespace platform {
 
-class PendingAnswer;
 class PortalRequest;
 
 /// Asks org.freedesktop.portal.Screenshot for one colour, without ever waiting for the bus.
@@ -29,7 +27,6 @@ public:
 
 private:
     std::chrono::milliseconds timeLimit_;
-    std::unique_ptr<PendingAnswer> answer_;
     QPointer<PortalRequest> request_;
 };
 

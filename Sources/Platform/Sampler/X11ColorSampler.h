@@ -2,32 +2,32 @@
 #pragma once
 
 #include "ColorSampler.h"
-#include "SamplerHooks.h"
+#include "LoupePainter.h"
+#include "X11Display.h"
 
 #include <chrono>
 #include <memory>
 
 namespace platform {
 
-class PendingAnswer;
-
 /// Freezes the desktop and lets the user take one of its pixels.
 ///
 /// The pointer or the arrow keys (ten pixels with Shift) move the loupe; a left click, Return,
 /// Enter and Space take the pixel; Escape and a right click cancel. The picked colour is in the
 /// space of the monitor's ICC profile, where it has one. Where the pointer and the keyboard cannot
-/// be had, the pick goes to `fallback`.
+/// be had, the pick goes to the portal.
 class X11ColorSampler final : public ColorSampler {
 public:
     struct Limits {
         /// How long another program may keep the pointer or the keyboard to itself.
-        std::chrono::milliseconds refusal { 1000 };
+        std::chrono::milliseconds refusal;
         /// How long the loupe stays without any event, so that it never locks a desktop up.
-        std::chrono::milliseconds idle { 60000 };
+        std::chrono::milliseconds idle;
     };
+    static constexpr Limits usualLimits { std::chrono::seconds(1), std::chrono::minutes(1) };
 
-    X11ColorSampler(SamplerHooks hooks, ColorSamplerFactory fallback);
-    X11ColorSampler(SamplerHooks hooks, ColorSamplerFactory fallback, Limits limits);
+    X11ColorSampler(
+        const X11Display& display, ColorDescriber describe, Limits limits = usualLimits);
     ~X11ColorSampler() override;
 
     void show(SelectionHandler handler) override;
@@ -35,14 +35,12 @@ public:
 private:
     class Pick;
 
-    void unavailable();
-
-    SamplerHooks hooks_;
-    ColorSamplerFactory fallback_;
+    X11Display display_;
+    ColorDescriber describe_;
     Limits limits_;
-    std::unique_ptr<PendingAnswer> answer_;
+    SelectionHandler handler_;
     std::unique_ptr<Pick> pick_;
-    std::unique_ptr<ColorSampler> other_;
+    std::unique_ptr<ColorSampler> portal_;
 };
 
 } // namespace platform

@@ -33,12 +33,10 @@ platform::ColorListRegistry userLists()
 
 } // namespace
 
-DesktopServices::DesktopServices(platform::SamplerHooks hooks)
-    : hooks_(std::move(hooks))
-    , installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
+DesktopServices::DesktopServices()
+    : installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
     , colorPanel_(platform::makeColorPanel({ pasteboard_, userLists(), inkOn, installedListName }))
 {
-    hooks_.describe = describe;
 }
 
 ModelServices DesktopServices::forModel()
@@ -46,9 +44,10 @@ ModelServices DesktopServices::forModel()
     return { pasteboard_, installer_, scheduler_, platform::currentTime, platform::Uuid::random };
 }
 
-std::shared_ptr<ScreenColorSampling> DesktopServices::makeSampler() const
+std::shared_ptr<ScreenColorSampling> DesktopServices::makeSampler()
 {
-    return std::make_shared<ColorSamplerService>(platform::makeColorSamplerFactory(hooks_));
+    return std::make_shared<ColorSamplerService>(
+        platform::makeColorSamplerFactory(describe), scheduler_);
 }
 
 } // namespace tintwell

@@ -5,7 +5,6 @@
 #include "MacColorIntegration.h"
 #include "QtPasteboard.h"
 #include "QtScheduler.h"
-#include "SamplerHooks.h"
 #include "TintwellModel.h"
 
 #include <memory>
@@ -15,16 +14,14 @@ namespace tintwell {
 /// Outlives every model that it serves.
 class DesktopServices {
 public:
-    /// `hooks` tell the application when a pick begins and ends.
-    explicit DesktopServices(platform::SamplerHooks hooks);
+    DesktopServices();
 
     [[nodiscard]] ModelServices forModel();
-    [[nodiscard]] std::shared_ptr<ScreenColorSampling> makeSampler() const;
+    [[nodiscard]] std::shared_ptr<ScreenColorSampling> makeSampler();
     /// The process's one "Colors" window.
     [[nodiscard]] platform::ColorPanel& colorPanel() { return *colorPanel_; }
 
 private:
-    platform::SamplerHooks hooks_;
     platform::QtPasteboard pasteboard_;
     platform::QtScheduler scheduler_;
     MacColorListInstaller installer_;

@@ -2,11 +2,14 @@
 
 #include "ColorDrag.h"
 
+#include <QApplication>
 #include <QShortcut>
+
+#include <utility>
 
 namespace tintwell {
 
-MainPanel::MainPanel(DesktopServices& services, WindowEvents events)
+MainPanel::MainPanel(DesktopServices& services, Events events)
     : services_(services)
     , events_(std::move(events))
 {
@@ -19,9 +22,22 @@ TintwellModel& MainPanel::model()
 
 ModelAndView& MainPanel::content()
 {
-    if (!content_)
+    if (!content_) {
         content_ = makeModelAndView(services_);
+        picks_ = content_->model->observe([this] {
+            // The model announces a change before it makes it.
+            QMetaObject::invokeMethod(
+                qApp, [this] { followPicks(); }, Qt::QueuedConnection);
+        });
+    }
     return *content_;
+}
+
+void MainPanel::followPicks()
+{
+    const bool isSampling = model().isSampling();
+    if (std::exchange(wasSampling_, isSampling) && !isSampling)
+        events_.pickEnded();
 }
 
 platform::PanelWindow& MainPanel::panel()
@@ -54,11 +70,6 @@ platform::ContentWindow& MainPanel::window()
 platform::ContentWindow* MainPanel::openWindow() const
 {
     return window_ && window_->isVisible() ? window_.get() : nullptr;
-}
-
-bool MainPanel::isBesideItem() const
-{
-    return panel_ && panel_->isVisible();
 }
 
 } // namespace tintwell

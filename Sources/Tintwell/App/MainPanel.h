@@ -3,6 +3,7 @@
 
 #include "ContentWindow.h"
 #include "ModelAndView.h"
+#include "Observers.h"
 #include "PanelWindow.h"
 
 #include <functional>
@@ -15,14 +16,16 @@ namespace tintwell {
 /// whichever of the windows is asked for.
 class MainPanel {
 public:
-    struct WindowEvents {
+    struct Events {
+        /// A pick of the panel's own model is over; the application's windows are back.
+        std::function<void()> pickEnded;
         /// The user has closed the ordinary window.
         std::function<void()> closed;
         /// Escape was pressed in it.
         std::function<void()> escape;
     };
 
-    MainPanel(DesktopServices& services, WindowEvents events);
+    MainPanel(DesktopServices& services, Events events);
 
     [[nodiscard]] TintwellModel& model();
     /// Stands beside the status item.
@@ -31,15 +34,16 @@ public:
     [[nodiscard]] platform::ContentWindow& window();
     /// The ordinary window while it is open, or none.
     [[nodiscard]] platform::ContentWindow* openWindow() const;
-    /// True while it stands beside the status item.
-    [[nodiscard]] bool isBesideItem() const;
 
 private:
     [[nodiscard]] ModelAndView& content();
+    void followPicks();
 
     DesktopServices& services_;
-    WindowEvents events_;
+    Events events_;
     std::optional<ModelAndView> content_;
+    platform::Subscription picks_;
+    bool wasSampling_ = false;
     // After the content: the views go before their model.
     std::unique_ptr<platform::PanelWindow> panel_;
     std::unique_ptr<platform::ContentWindow> window_;

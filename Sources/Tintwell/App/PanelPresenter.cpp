@@ -2,6 +2,7 @@
 
 #include "QtStatusItem.h"
 #include "TrayIcon.h"
+#include "WindowsAside.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -38,7 +39,8 @@ bool hasOpenWindow()
 
 PanelPresenter::PanelPresenter(const char* applicationID, DesktopServices& services)
     : panel_(services,
-        { .closed = [this] { windowClosed(); },
+        { .pickEnded = [this] { pickEnded(); },
+            .closed = [this] { windowClosed(); },
             .escape =
                 [this] {
                     // The item brings the window back.
@@ -80,28 +82,17 @@ void PanelPresenter::itemActivated(const std::optional<platform::ScreenRect>& pl
 /// The picked colour shows in the panel, so it opens when the pick is over.
 void PanelPresenter::sample()
 {
-    auto& model = panel_.model();
-    if (model.isSampling())
+    if (panel_.model().isSampling())
         return;
-    model.beginSampling();
-    pick_ = model.observe([this, &model] {
-        // The model announces a change before it makes it.
-        const auto look = [this, &model] {
-            if (model.isSampling())
-                return;
-            pick_ = {};
-            show();
-        };
-        QMetaObject::invokeMethod(qApp, look, Qt::QueuedConnection);
-    });
+    showsAfterPick_ = true;
+    panel_.model().beginSampling();
 }
 
 void PanelPresenter::pickEnded()
 {
-    windowsDuringPick_.show();
-    if (panel_.isBesideItem())
-        panel_.panel().activateWindow();
-    if (item_->presence() == Presence::absent)
+    if (std::exchange(showsAfterPick_, false))
+        show();
+    else if (item_->presence() == Presence::absent)
         standIn();
 }
 
@@ -118,7 +109,7 @@ void PanelPresenter::trayChanged(Presence presence)
 void PanelPresenter::standIn()
 {
     // Windows that make room for a pick come back.
-    if (hasOpenWindow() || windowsDuringPick_.areHidden())
+    if (hasOpenWindow() || platform::areWindowsAside())
         return;
     panel_.window().present();
     standsIn_ = true;

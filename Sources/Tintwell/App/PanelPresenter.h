@@ -2,9 +2,7 @@
 #pragma once
 
 #include "MainPanel.h"
-#include "Observers.h"
 #include "StatusItem.h"
-#include "WindowsDuringPick.h"
 
 #include <QRect>
 
@@ -26,11 +24,8 @@ public:
     /// One of the application's ordinary windows was closed by the user.
     void windowClosed();
 
-    /// The application's windows make room for a pick, and come back after it.
-    void pickBegins() { windowsDuringPick_.hide(); }
-    void pickEnded();
-
 private:
+    void pickEnded();
     void itemActivated(const std::optional<platform::ScreenRect>& place);
     void trayChanged(platform::StatusItem::Presence presence);
     /// Opens the panel as a window where nothing else would reach the process.
@@ -42,12 +37,11 @@ private:
     [[nodiscard]] bool canDock() const;
 
     MainPanel panel_;
-    WindowsDuringPick windowsDuringPick_;
     std::optional<QRect> lastPlace_;
     /// The window has opened by itself, for want of a tray.
     bool standsIn_ = false;
-    /// Waits for the end of a pick that the item's menu began.
-    platform::Subscription pick_;
+    /// The item's menu began the pick.
+    bool showsAfterPick_ = false;
     std::unique_ptr<platform::StatusItem> item_;
 };
 

@@ -23,21 +23,8 @@ TintwellApp::TintwellApp(std::vector<std::string> arguments)
     : arguments_(std::move(arguments))
     , instance_(
           applicationID, [this](const platform::ActivationRequest& request) { handle(request); })
-    , services_({ .willShow = [this] { panel_->pickBegins(); },
-          .didEnd =
-              [this] {
-                  // A pick ends with its model, so also while the application ends.
-                  if (panel_)
-                      panel_->pickEnded();
-              } })
     , appDelegate_(services_, [this] { panel_->windowClosed(); })
 {
-}
-
-TintwellApp::~TintwellApp()
-{
-    // Sets it to none first, unlike the member's own end.
-    panel_.reset();
 }
 
 int TintwellApp::run()

@@ -18,7 +18,6 @@ class TintwellApp {
 public:
     /// `arguments` are those of the process, the program's own name included.
     explicit TintwellApp(std::vector<std::string> arguments);
-    ~TintwellApp();
     TintwellApp(const TintwellApp&) = delete;
     TintwellApp& operator=(const TintwellApp&) = delete;
 
@@ -36,7 +35,7 @@ private:
     platform::DesktopSettings settings_;
     DesktopServices services_;
     TintwellAppDelegate appDelegate_;
-    /// None before the process knows that it is the only one, and once the application ends.
+    /// None before the process knows that it is the only one.
     std::unique_ptr<PanelPresenter> panel_;
 };
 

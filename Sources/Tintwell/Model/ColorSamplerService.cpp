@@ -1,13 +1,14 @@
 // The sampler service: one platform sampler a pick, one answer a pick.
 #include "MacColorIntegration.h"
 
+#include <chrono>
 #include <utility>
 
 namespace tintwell {
 
 namespace {
 
-/// A completion that is waiting; empty once it was called.
+/// The completion that waits for a pick; empty once it was called.
 using Waiting = std::shared_ptr<ScreenColorSampling::Completion>;
 
 void answer(const Waiting& waiting, const std::optional<RGBAColor>& color)
@@ -24,28 +25,12 @@ struct ColorSamplerService::State {
     /// The sampler that shows its loupe now; nothing else keeps it alive.
     std::unique_ptr<platform::ColorSampler> activeSampler;
     Waiting waiting;
-
-    /// Knows the service only weakly: a pick that is pending does not keep it alive.
-    [[nodiscard]] static platform::ColorSampler::SelectionHandler handlerFor(
-        const Waiting& waiting, const std::weak_ptr<State>& weakState);
 };
 
-platform::ColorSampler::SelectionHandler ColorSamplerService::State::handlerFor(
-    const Waiting& waiting, const std::weak_ptr<State>& weakState)
-{
-    return [held = waiting, weakState](const std::optional<platform::Color>& color) mutable {
-        // Releasing the sampler may destroy this very function, so nothing captured is used after.
-        const auto mine = std::move(held);
-        const auto picked = color ? fromPlatformColor(*color) : std::nullopt;
-        const auto state = weakState.lock();
-        if (state && state->waiting == mine)
-            state->activeSampler.reset();
-        answer(mine, picked);
-    };
-}
-
-ColorSamplerService::ColorSamplerService(platform::ColorSamplerFactory makeSampler)
+ColorSamplerService::ColorSamplerService(
+    platform::ColorSamplerFactory makeSampler, platform::Scheduler& scheduler)
     : makeSampler_(std::move(makeSampler))
+    , scheduler_(scheduler)
     , state_(std::make_shared<State>())
 {
 }
@@ -60,12 +45,18 @@ void ColorSamplerService::sample(Completion completion)
 {
     const auto waiting = std::make_shared<Completion>(std::move(completion));
     const auto replaced = std::exchange(state_->waiting, waiting);
+    // Knows the service only weakly: a pick that is pending does not keep it alive.
+    const auto picked = [waiting, &scheduler = scheduler_, state = std::weak_ptr(state_)](
+                            const std::optional<platform::Color>& color) {
+        scheduler.after(std::chrono::milliseconds(0), [=] {
+            if (const auto alive = state.lock(); alive && alive->waiting == waiting)
+                alive->activeSampler.reset();
+            answer(waiting, color ? fromPlatformColor(*color) : std::nullopt);
+        });
+    };
     state_->activeSampler = makeSampler_();
-    if (state_->activeSampler)
-        state_->activeSampler->show(State::handlerFor(waiting, state_));
-    else
-        answer(waiting, std::nullopt);
-    answer(replaced, std::nullopt);
+    state_->activeSampler->show(picked);
+    scheduler_.after(std::chrono::milliseconds(0), [replaced] { answer(replaced, std::nullopt); });
 }
 
 bool ColorSamplerService::hasActiveSampler() const

@@ -8,6 +8,7 @@
 #include "PalettePublisher.h"
 #include "Pasteboard.h"
 #include "Result.h"
+#include "Scheduler.h"
 
 #include <filesystem>
 #include <functional>
@@ -39,10 +40,12 @@ public:
     virtual void sample(Completion completion) = 0;
 };
 
-/// The application's sampler, over a fresh platform sampler for every pick.
+/// The application's sampler, over a fresh platform sampler for every pick. Here, and nowhere else,
+/// every pick gets its one answer.
 class ColorSamplerService final : public ScreenColorSampling {
 public:
-    explicit ColorSamplerService(platform::ColorSamplerFactory makeSampler);
+    /// `scheduler` outlives the service.
+    ColorSamplerService(platform::ColorSamplerFactory makeSampler, platform::Scheduler& scheduler);
     ~ColorSamplerService() override;
 
     /// A pick that is pending when the service goes still gets its one answer: nothing.
@@ -53,6 +56,7 @@ public:
 private:
     struct State;
     platform::ColorSamplerFactory makeSampler_;
+    platform::Scheduler& scheduler_;
     std::shared_ptr<State> state_;
 };
 

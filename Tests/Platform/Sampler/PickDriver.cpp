@@ -1,13 +1,15 @@
 // A little application whose only feature is the screen pick, driven by lines on its standard
 // input.
 //
-//   pick     starts a pick with the sampler of this session; prints "picked R G B" in sRGB or
-//   "nothing" portal   starts one with the portal, which has 1 s to answer loupe    starts one with
-//   the loupe and no fallback, which ends after 1 s without an event drop     destroys the sampler
-//   that is picking alive    prints "alive"
+// - "pick" starts a pick with the sampler of this session; prints "picked R G B" in sRGB or
+//   "nothing".
+// - "portal" starts one with the portal, which has 1 s to answer.
+// - "loupe" starts one with the loupe, which ends after 1 s without an event.
+// - "drop" destroys the sampler that is picking.
+// - "alive" prints "alive".
 //
-// With "--window X Y" it has a window that it hides while the loupe shows; prints "hidden" and
-// "shown".
+// With "--window X Y" it has a window; prints "hidden" and "shown" when it leaves the screen and
+// comes back.
 
 #include "DesktopColorSampler.h"
 #include "PortalColorSampler.h"
@@ -52,21 +54,12 @@ public:
             window_->setTitle(QStringLiteral("Panel"));
             window_->setGeometry(arguments[at + 1].toInt(), arguments[at + 2].toInt(), 200, 150);
             window_->show();
+            QObject::connect(window_.get(), &QWindow::visibleChanged, window_.get(),
+                [](bool visible) { std::cout << (visible ? "shown" : "hidden") << std::endl; });
         }
         const bool dark = arguments.contains(QStringLiteral("--dark"));
         platform::ThemeSource::instance().setAppearance(
             dark ? platform::Appearance::dark : platform::Appearance::light);
-        hooks_.describe = [](const platform::Color& color) {
-            const auto srgb = platform::inSRGB(color).value_or(platform::Color {});
-            return platform::ColorDescription { QColor::fromRgbF(float(srgb.red), float(srgb.green),
-                                                    float(srgb.blue))
-                                                    .name()
-                                                    .toUpper()
-                                                    .toStdString(),
-                "Violet" };
-        };
-        hooks_.willShow = [this] { setWindowVisible(false); };
-        hooks_.didEnd = [this] { setWindowVisible(true); };
     }
 
     void run(const std::string& command)
@@ -79,36 +72,38 @@ public:
     }
 
 private:
-    void setWindowVisible(bool visible)
+    static platform::ColorDescription describe(const platform::Color& color)
     {
-        if (!window_)
-            return;
-        window_->setVisible(visible);
-        if (visible)
-            window_->requestActivate();
-        std::cout << (visible ? "shown" : "hidden") << std::endl;
+        const auto srgb = platform::inSRGB(color).value_or(platform::Color {});
+        const auto hex
+            = QColor::fromRgbF(float(srgb.red), float(srgb.green), float(srgb.blue)).name();
+        return { hex.toUpper().toStdString(), "Violet" };
     }
 
     void pick(std::unique_ptr<platform::ColorSampler> sampler)
     {
         sampler_ = std::move(sampler);
         sampler_->show([this](const std::optional<platform::Color>& color) {
-            // Like the application, which lets the sampler go before it looks at the answer.
-            sampler_.reset();
-            const auto srgb = color ? platform::inSRGB(*color) : std::nullopt;
-            if (srgb)
-                std::printf("picked %.5f %.5f %.5f\n", srgb->red, srgb->green, srgb->blue);
-            else
-                std::printf("nothing\n");
-            std::fflush(stdout);
+            QMetaObject::invokeMethod(
+                qApp, [this, color] { answer(color); }, Qt::QueuedConnection);
         });
     }
 
+    void answer(const std::optional<platform::Color>& color)
+    {
+        sampler_.reset();
+        const auto srgb = color ? platform::inSRGB(*color) : std::nullopt;
+        if (srgb)
+            std::printf("picked %.5f %.5f %.5f\n", srgb->red, srgb->green, srgb->blue);
+        else
+            std::printf("nothing\n");
+        std::fflush(stdout);
+    }
+
     std::unique_ptr<Window> window_;
-    platform::SamplerHooks hooks_;
     std::unique_ptr<platform::ColorSampler> sampler_;
     std::map<std::string, std::function<void()>> commands_ {
-        { "pick", [this] { pick(platform::makeColorSamplerFactory(hooks_)()); } },
+        { "pick", [this] { pick(platform::makeColorSamplerFactory(describe)()); } },
         { "portal",
             [this] {
                 pick(std::make_unique<platform::PortalColorSampler>(std::chrono::seconds(1)));
@@ -117,7 +112,8 @@ private:
             [this] {
                 const platform::X11ColorSampler::Limits limits { std::chrono::milliseconds(500),
                     std::chrono::milliseconds(1000) };
-                pick(std::make_unique<platform::X11ColorSampler>(hooks_, nullptr, limits));
+                pick(std::make_unique<platform::X11ColorSampler>(
+                    *platform::X11Display::current(), describe, limits));
             } },
         { "drop", [this] { sampler_.reset(); } },
         { "alive", [] { std::cout << "alive" << std::endl; } },

@@ -406,7 +406,8 @@ TEST(TintwellModel, MayGoWhileSomethingIsPending)
         void show(SelectionHandler /*handler*/) override { }
     };
     TintwellModel last(seed, PalettePersistence(scene.file),
-        std::make_shared<ColorSamplerService>([] { return std::make_unique<Endless>(); }),
+        std::make_shared<ColorSamplerService>(
+            [] { return std::make_unique<Endless>(); }, scene.scheduler),
         scene.services());
     last.beginSampling();
     EXPECT_TRUE(last.isSampling());

@@ -1,4 +1,4 @@
-// Waits until windows that the application has hidden are really off the screen.
+// The application's own windows make room for a pick.
 #pragma once
 
 #include "X11Display.h"
@@ -13,34 +13,37 @@
 
 namespace platform {
 
-/// Made before the windows are hidden, asked again and again afterwards.
-class X11Departure {
+/// Takes the windows off the screen for as long as it lives; then they are back, and the one that
+/// had the focus has it again.
+class WindowsAside {
 public:
-    /// Remembers the windows that the application shows now.
-    explicit X11Departure(const X11Display& display);
-
-    /// The windows that are hidden by now are those to wait for.
-    void begin();
+    explicit WindowsAside(const X11Display& display);
+    ~WindowsAside();
+    WindowsAside(const WindowsAside&) = delete;
+    WindowsAside& operator=(const WindowsAside&) = delete;
 
     /// Whether they are gone and what lay below them has been drawn again: their frames are
     /// unmapped, a compositor has had the time of a fade, and their place looks the same twice in a
     /// row. True in any case 2 s after a window manager was asked in vain and 0.7 s after the
     /// unmapping.
-    [[nodiscard]] bool isOver();
+    [[nodiscard]] bool areGone();
 
 private:
     struct Window {
         QPointer<QWindow> window;
         xcb_window_t frame;
-        QRect geometry;
     };
 
     X11Display display_;
     std::vector<Window> windows_;
+    QPointer<QWindow> focused_;
     QRect area_;
-    QElapsedTimer since_;
-    QElapsedTimer unmapped_;
+    QElapsedTimer sinceHidden_;
+    QElapsedTimer sinceUnmapped_;
     QImage last_;
 };
+
+/// True while the application's windows are off the screen for a pick, after which they come back.
+[[nodiscard]] bool areWindowsAside();
 
 } // namespace platform
