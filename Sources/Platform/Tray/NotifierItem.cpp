@@ -1,4 +1,3 @@
-// A tray item over the bus.
 #include "NotifierItem.h"
 
 #include <QCoreApplication>

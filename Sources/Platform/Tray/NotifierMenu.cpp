@@ -1,4 +1,3 @@
-// The tray menu on the bus.
 #include "NotifierMenu.h"
 
 #include <QDBusMetaType>

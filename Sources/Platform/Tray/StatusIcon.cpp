@@ -1,4 +1,3 @@
-// The status icon for light and dark bars.
 #include "StatusIcon.h"
 
 #include "ThemeSource.h"

@@ -1,4 +1,3 @@
-// Which kind of tray the desktop has at the moment.
 #include "TrayWatch.h"
 
 #include <QCoreApplication>

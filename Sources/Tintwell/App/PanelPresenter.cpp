@@ -1,6 +1,5 @@
 #include "PanelPresenter.h"
 
-#include "QtStatusItem.h"
 #include "TrayIcon.h"
 #include "WindowsAside.h"
 
@@ -47,13 +46,12 @@ PanelPresenter::PanelPresenter(const char* applicationID, DesktopServices& servi
                     if (hasTray())
                         panel_.window().hide();
                 } })
-    , item_(platform::makeStatusItem(
-          { applicationID, "Tintwell",
-              { { "Open Tintwell", [this] { show(); } }, { "Sample", [this] { sample(); } },
-                  { "Quit Tintwell", [] { QApplication::quit(); } } } },
+    , item_({ applicationID, "Tintwell",
+                { { "Open Tintwell", [this] { show(); } }, { "Sample", [this] { sample(); } },
+                    { "Quit Tintwell", [] { QApplication::quit(); } } } },
           { [this](const auto& place) { itemActivated(place); },
               [this](Presence presence) { trayChanged(presence); } },
-          paintTrayIcon))
+          paintTrayIcon)
 {
 }
 
@@ -92,7 +90,7 @@ void PanelPresenter::pickEnded()
 {
     if (std::exchange(showsAfterPick_, false))
         show();
-    else if (item_->presence() == Presence::absent)
+    else if (item_.presence() == Presence::absent)
         standIn();
 }
 
@@ -118,20 +116,20 @@ void PanelPresenter::standIn()
 /// Without an item nobody could reach a process that shows no window.
 void PanelPresenter::windowClosed()
 {
-    if (item_->presence() == Presence::absent && !hasOpenWindow())
+    if (item_.presence() == Presence::absent && !hasOpenWindow())
         QApplication::quit();
 }
 
 QRect PanelPresenter::anchor() const
 {
-    if (const auto place = item_->place())
+    if (const auto place = item_.place())
         return { place->x, place->y, place->width, place->height };
     return lastPlace_.value_or(likelyItemPlace());
 }
 
 bool PanelPresenter::hasTray() const
 {
-    return item_->presence() == Presence::shown;
+    return item_.presence() == Presence::shown;
 }
 
 bool PanelPresenter::canDock() const

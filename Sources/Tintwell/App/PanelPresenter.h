@@ -6,7 +6,6 @@
 
 #include <QRect>
 
-#include <memory>
 #include <optional>
 
 namespace tintwell {
@@ -42,7 +41,7 @@ private:
     bool standsIn_ = false;
     /// The item's menu began the pick.
     bool showsAfterPick_ = false;
-    std::unique_ptr<platform::StatusItem> item_;
+    platform::StatusItem item_;
 };
 
 } // namespace tintwell

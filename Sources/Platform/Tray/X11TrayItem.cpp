@@ -1,5 +1,4 @@
-// A tray item inside the window of an X11 tray.
-#include "EmbeddedItem.h"
+#include "X11TrayItem.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -22,7 +21,7 @@ constexpr std::array<std::chrono::milliseconds, 2> lookTimes { 300ms, 1500ms };
 
 } // namespace
 
-EmbeddedItem::EmbeddedItem(
+X11TrayItem::X11TrayItem(
     const StatusItem::Content& content, const StatusIcon& icon, Handlers handlers)
     : icon_(icon)
     , bar_(StatusIcon::likelyBar())
@@ -41,13 +40,13 @@ EmbeddedItem::EmbeddedItem(
     followBar();
 }
 
-void EmbeddedItem::followBar()
+void X11TrayItem::followBar()
 {
     for (const auto time : lookTimes)
         QTimer::singleShot(time, &item_, [this] { matchBar(); });
 }
 
-void EmbeddedItem::setIcon(StatusIcon::Bar bar)
+void X11TrayItem::setIcon(StatusIcon::Bar bar)
 {
     bar_ = bar;
     QIcon icon;
@@ -56,7 +55,7 @@ void EmbeddedItem::setIcon(StatusIcon::Bar bar)
     item_.setIcon(icon);
 }
 
-void EmbeddedItem::matchBar()
+void X11TrayItem::matchBar()
 {
     const auto corner = item_.geometry().topLeft();
     auto* screen = QGuiApplication::screenAt(corner);

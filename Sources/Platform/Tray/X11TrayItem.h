@@ -12,14 +12,14 @@
 namespace platform {
 
 /// Make one only while no host listens on the bus: Qt then takes the X11 tray, and stays with it.
-class EmbeddedItem {
+class X11TrayItem {
 public:
     struct Handlers {
         std::function<void()> activated;
         std::function<void()> menuWanted;
     };
 
-    EmbeddedItem(const StatusItem::Content& content, const StatusIcon& icon, Handlers handlers);
+    X11TrayItem(const StatusItem::Content& content, const StatusIcon& icon, Handlers handlers);
 
     /// Empty while no tray has taken the item in.
     [[nodiscard]] QRect place() const { return item_.geometry(); }

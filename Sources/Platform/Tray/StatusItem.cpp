@@ -1,0 +1,153 @@
+#include "StatusItem.h"
+
+#include "DesktopSession.h"
+#include "NotifierItem.h"
+#include "ThemeSource.h"
+#include "TrayWatch.h"
+#include "X11Display.h"
+#include "X11TrayItem.h"
+
+#include <QCursor>
+#include <QMenu>
+
+#include <chrono>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// How long the item waits for a tray, at the start and after one has gone, before the desktop
+/// counts as one without. A tray that comes later is still used.
+constexpr std::chrono::milliseconds graceTime { 2000 };
+
+/// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland
+/// desktop its emulation knows the pointer over X11 windows only, so there the tray's own hint
+/// counts, if it gives one.
+std::optional<QPoint> clickPlace(QPoint hint)
+{
+    if (!X11Display::current())
+        return std::nullopt;
+    if (!isWaylandSession())
+        return QCursor::pos();
+    return hint.isNull() ? std::nullopt : std::optional(hint);
+}
+
+} // namespace
+
+StatusItem::StatusItem(Content content, Events events, StatusIconPainter paintIcon)
+    : content_(std::move(content))
+    , events_(std::move(events))
+    , icon_(std::move(paintIcon))
+    , watch_(std::make_unique<TrayWatch>())
+{
+    QObject::connect(watch_.get(), &TrayWatch::changed, watch_.get(), [this] { followTray(); });
+    QObject::connect(watch_.get(), &TrayWatch::watcherStarted, watch_.get(), [this] {
+        if (notifier_)
+            notifier_->announce();
+    });
+    QObject::connect(
+        &ThemeSource::instance(), &ThemeSource::changed, watch_.get(), [this] { followTheme(); });
+    QObject::connect(
+        &grace_, &QTimer::timeout, watch_.get(), [this] { setPresence(Presence::absent); });
+    grace_.setSingleShot(true);
+    grace_.start(graceTime);
+    QTimer::singleShot(0, watch_.get(), [this] { followTray(); });
+}
+
+StatusItem::~StatusItem() = default;
+
+std::optional<ScreenRect> StatusItem::place() const
+{
+    const auto rect = inX11Tray_ ? inX11Tray_->place() : QRect();
+    if (rect.isEmpty())
+        return std::nullopt;
+    return ScreenRect { rect.x(), rect.y(), rect.width(), rect.height() };
+}
+
+void StatusItem::followTray()
+{
+    using Tray = TrayWatch::Tray;
+    const auto tray = watch_->tray();
+    const auto current = notifier_ ? Tray::notifier : inX11Tray_ ? Tray::embedding : Tray::none;
+    // One X11 tray may have handed over to the next.
+    if (tray == current && inX11Tray_)
+        inX11Tray_->followBar();
+    if (tray == current || tray == Tray::unknown)
+        return;
+    notifier_.reset();
+    inX11Tray_.reset();
+    switch (tray) {
+    case Tray::notifier:
+        showNotifier();
+        break;
+    case Tray::embedding:
+        showInX11Tray();
+        break;
+    case Tray::none:
+    case Tray::unknown:
+        break;
+    }
+    if (tray != Tray::none)
+        setPresence(Presence::shown);
+    else if (presence_ == Presence::shown)
+        setPresence(Presence::waiting);
+}
+
+void StatusItem::showNotifier()
+{
+    notifier_ = std::make_unique<NotifierItem>(content_, StatusIcon::themeName(content_.id),
+        NotifierItem::Handlers {
+            [this](QPoint hint) { activate(hint); }, [this](QPoint hint) { popUpMenu(hint); } });
+    notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
+    notifier_->announce();
+}
+
+void StatusItem::showInX11Tray()
+{
+    inX11Tray_ = std::make_unique<X11TrayItem>(content_, icon_,
+        X11TrayItem::Handlers { [this] { activate({}); }, [this] { popUpMenu({}); } });
+}
+
+/// The bar mostly changes with the desktop's appearance.
+void StatusItem::followTheme()
+{
+    if (notifier_)
+        notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
+    if (inX11Tray_)
+        inX11Tray_->followBar();
+}
+
+void StatusItem::activate(QPoint hint) const
+{
+    if (const auto item = place())
+        return events_.activated(item);
+    const auto click = clickPlace(hint);
+    events_.activated(
+        click ? std::optional(ScreenRect { click->x(), click->y(), 1, 1 }) : std::nullopt);
+}
+
+/// For trays that leave the menu to the item.
+void StatusItem::popUpMenu(QPoint hint)
+{
+    if (!menu_) {
+        menu_ = std::make_unique<QMenu>();
+        for (const auto& entry : content_.menu)
+            menu_->addAction(QString::fromStdString(entry.title), entry.action);
+    }
+    menu_->popup(clickPlace(hint).value_or(QCursor::pos()));
+}
+
+void StatusItem::setPresence(Presence presence)
+{
+    if (presence_ == presence)
+        return;
+    presence_ = presence;
+    if (presence == Presence::waiting)
+        grace_.start(graceTime);
+    else
+        grace_.stop();
+    events_.presenceChanged(presence);
+}
+
+} // namespace platform
