@@ -13,7 +13,6 @@
 
 #include "DesktopColorSampler.h"
 #include "PortalColorSampler.h"
-#include "ThemeSource.h"
 #include "X11ColorSampler.h"
 
 #include <QApplication>
@@ -57,9 +56,6 @@ public:
             QObject::connect(window_.get(), &QWindow::visibleChanged, window_.get(),
                 [](bool visible) { std::cout << (visible ? "shown" : "hidden") << std::endl; });
         }
-        const bool dark = arguments.contains(QStringLiteral("--dark"));
-        platform::ThemeSource::instance().setAppearance(
-            dark ? platform::Appearance::dark : platform::Appearance::light);
     }
 
     void run(const std::string& command)

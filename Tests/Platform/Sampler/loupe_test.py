@@ -282,9 +282,10 @@ class LoupeTest(PickTest):
         self.assertTrue(eventually(self.waits_without_a_time_limit))
 
     def waits_without_a_time_limit(self):
-        poll, forever = "7", "0xffffffff"
+        poll, forever, lock = "7", "0xffffffff", "202"
         calls = [call.split() for call in self.of_every_thread("syscall")]
-        return all(call[0] == poll and call[3] == forever for call in calls)
+        # Threads of the toolkit's pool wait for work at a lock.
+        return all(call[0] == lock or call[0] == poll and call[3] == forever for call in calls)
 
     def of_every_thread(self, name):
         folder = f"/proc/{self.driver.process.pid}/task"
