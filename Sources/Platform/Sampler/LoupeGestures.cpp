@@ -149,7 +149,7 @@ std::optional<LoupeAction> LoupeGestures::buttonReleased(const xcb_button_releas
 /// A movement from before our last warp is history: it must not undo a key's step.
 std::optional<LoupeAction> LoupeGestures::pointerMoved(const xcb_generic_event_t& event) const
 {
-    if (static_cast<std::int32_t>(event.full_sequence - lastWarp_) < 0)
+    if (lastWarp_ && static_cast<std::int32_t>(event.full_sequence - *lastWarp_) < 0)
         return std::nullopt;
     const auto& motion = reinterpret_cast<const xcb_motion_notify_event_t&>(event);
     return LoupeAction { Kind::moveTo, { motion.root_x, motion.root_y } };

@@ -51,7 +51,7 @@ private:
     xcb_keycode_t releasedCode_ = 0;
     xcb_timestamp_t releasedAt_ = 0;
     xcb_button_t pressedButton_ = 0;
-    std::uint32_t lastWarp_ = 0;
+    std::optional<std::uint32_t> lastWarp_;
 };
 
 } // namespace platform
