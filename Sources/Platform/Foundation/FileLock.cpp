@@ -8,7 +8,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace platform {
@@ -33,18 +32,6 @@ FileDescriptor openLockFile(const std::filesystem::path& lockFile)
     return FileDescriptor {};
 }
 
-/// A holder that waited may get the lock of a file that the one before has removed. Some file
-/// systems count no links, some number their files anew; none is known to do both.
-bool isRemoved(const std::filesystem::path& path, int file)
-{
-    struct stat held = {};
-    struct stat there = {};
-    if (::fstat(file, &held) != 0 || held.st_nlink > 0)
-        return false;
-    return ::stat(path.c_str(), &there) != 0 || there.st_ino != held.st_ino
-        || there.st_dev != held.st_dev;
-}
-
 /// 0, or why the lock could not be had; EWOULDBLOCK when somebody holds it past the deadline.
 int lockUntil(steady_clock::time_point deadline, int file)
 {
@@ -67,27 +54,16 @@ Result<FileLock> FileLock::acquire(const std::filesystem::path& file, millisecon
     const auto deadline = steady_clock::now() + patience;
     auto lockFile = file;
     lockFile += ".lock";
-    for (;;) {
-        auto opened = openLockFile(lockFile);
-        if (!opened.isOpen())
-            return Error { lockFile.filename().string()
-                + " could not be made: " + reasonText(errno) };
-        const int failure = lockUntil(deadline, opened.number());
-        if (failure == EWOULDBLOCK)
-            return Error { file.filename().string() + " is in use by another program" };
-        if (failure != 0)
-            return Error { lockFile.filename().string()
-                + " could not be locked: " + reasonText(failure) };
-        if (!isRemoved(lockFile, opened.number()))
-            return FileLock(std::move(lockFile), std::move(opened));
-    }
-}
-
-/// The file goes while it is still locked, so that nobody's lock is removed but one's own.
-FileLock::~FileLock()
-{
-    if (file_.isOpen())
-        ::unlink(path_.c_str());
+    auto opened = openLockFile(lockFile);
+    if (!opened.isOpen())
+        return Error { lockFile.filename().string() + " could not be made: " + reasonText(errno) };
+    const int failure = lockUntil(deadline, opened.number());
+    if (failure == EWOULDBLOCK)
+        return Error { file.filename().string() + " is in use by another program" };
+    if (failure != 0)
+        return Error { lockFile.filename().string()
+            + " could not be locked: " + reasonText(failure) };
+    return FileLock(std::move(opened));
 }
 
 } // namespace platform

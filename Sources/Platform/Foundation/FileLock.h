@@ -13,24 +13,19 @@ namespace platform {
 /// happens; programs that are started meanwhile do not inherit it.
 class FileLock {
 public:
-    /// Takes the lock `<file>.lock`, an empty file that goes with its last holder. Waits for
-    /// another holder, in this process too, but no longer than `patience`. On a file system without
-    /// locks the writer goes on without one.
+    /// Takes the lock `<file>.lock`, an empty file that stays for good: where a network home
+    /// renames an open file on removal, two holders could lock two files. Waits for another holder,
+    /// in this process too, but no longer than `patience`. On a file system without locks the
+    /// writer goes on without one.
     [[nodiscard]] static Result<FileLock> acquire(const std::filesystem::path& file,
         std::chrono::milliseconds patience = std::chrono::seconds { 10 });
 
-    FileLock(FileLock&&) = default;
-    FileLock& operator=(FileLock&&) = delete;
-    ~FileLock();
-
 private:
-    FileLock(std::filesystem::path path, FileDescriptor file)
-        : path_(std::move(path))
-        , file_(std::move(file))
+    explicit FileLock(FileDescriptor file)
+        : file_(std::move(file))
     {
     }
 
-    std::filesystem::path path_;
     FileDescriptor file_;
 };
 

@@ -32,6 +32,9 @@ using platform::contentOf;
 using platform::TemporaryFolder;
 using platform::writeContent;
 
+/// All there is in a folder when no save is under way: the library and its lock, which stays.
+const Names onlyLibrary { "saved-palettes.json", "saved-palettes.json.lock" };
+
 SavedPalette named(const std::string& name)
 {
     return { .id = platform::Uuid::random(),
@@ -164,7 +167,7 @@ TEST(PalettePersistence, MovesAFileItCannotReadAside)
     }
     EXPECT_EQ(contentOf(folder / asides[0].c_str()), "first, not JSON");
     EXPECT_EQ(contentOf(folder / asides[1].c_str()), "second, not JSON");
-    EXPECT_EQ(folder.names(), (Names { file.filename(), asides[0], asides[1] }));
+    EXPECT_EQ(folder.names(), (Names { onlyLibrary[0], onlyLibrary[1], asides[0], asides[1] }));
 }
 
 TEST(PalettePersistence, TakesUpAFileThatWasRepairedMeanwhile)
@@ -179,7 +182,7 @@ TEST(PalettePersistence, TakesUpAFileThatWasRepairedMeanwhile)
     Library library;
     ASSERT_TRUE(insertPalette(store, library, named("new")));
     EXPECT_EQ(namesIn(loaded(file)), (Names { "new", "repaired" }));
-    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
+    EXPECT_EQ(folder.names(), onlyLibrary);
 }
 
 TEST(PalettePersistence, AFolderInItsPlaceIsAnErrorAndStays)
@@ -196,7 +199,7 @@ TEST(PalettePersistence, AFolderInItsPlaceIsAnErrorAndStays)
     EXPECT_EQ(saved.error().description,
         "saved-palettes.json could not be written: a folder is in its place");
     EXPECT_TRUE(fs::is_directory(file));
-    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
+    EXPECT_EQ(folder.names(), onlyLibrary);
 
     writeContent(folder / "plain", "x");
     EXPECT_EQ(loaded(folder / "plain/saved-palettes.json"), Library {});
@@ -290,7 +293,7 @@ TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
         number = current;
     }
     ASSERT_TRUE(storeAt(file).save({}));
-    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
+    EXPECT_EQ(folder.names(), onlyLibrary);
 }
 
 TEST(PalettePersistence, TwoProcessesLoseNothing)
@@ -352,9 +355,7 @@ TEST(PalettePersistence, AFullDiskLeavesTheOldLibrary)
             },
             "saved-palettes.json could not be written: it would be too large", 1000);
         EXPECT_EQ(contentOf(file), content);
-        const auto names = folder.names();
-        EXPECT_EQ(std::set<std::string>(names.begin(), names.end()),
-            std::set<std::string> { "saved-palettes.json" });
+        EXPECT_EQ(folder.names(), onlyLibrary);
     }
 }
 
@@ -369,7 +370,7 @@ TEST(PalettePersistence, AFullFileSystemLeavesTheOldLibrary)
         folder.path(), [] { return true; },
         "saved-palettes.json could not be written: the disk is full", 1000);
     EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
-    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
+    EXPECT_EQ(folder.names(), onlyLibrary);
     ::umount(folder.path().c_str());
 }
 

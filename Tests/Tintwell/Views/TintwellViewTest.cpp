@@ -419,7 +419,7 @@ TEST_F(TintwellViewTest, ABrokenLibraryIsToldAndASaveStartsANewOne)
     settle();
     EXPECT_NE(label("Saved and installed Tintwell.clr"), nullptr);
     EXPECT_NE(button("Delete palette"), nullptr);
-    EXPECT_EQ(folder_.names().size(), 2U) << "the unreadable file is kept";
+    EXPECT_EQ(folder_.names().size(), 3U) << "library, lock and the unreadable file";
 }
 
 TEST_F(TintwellViewTest, RepaintsAllOfItselfWhenTheDesktopTurnsDark)
