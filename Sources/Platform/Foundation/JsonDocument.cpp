@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <clocale>
 #include <cmath>
-#include <limits>
+#include <cstdlib>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -37,7 +38,10 @@ std::optional<double> unusualNumber(std::string_view text)
     if (!startsWithDigit(digits) || (digits[0] == '0' && startsWithDigit(digits.substr(1)))
         || (point != std::string_view::npos && !startsWithDigit(digits.substr(point + 1))))
         return std::nullopt;
-    return result.ec == std::errc {} ? number : std::numeric_limits<double>::infinity();
+    if (result.ec == std::errc {})
+        return number;
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    return ::strtod_l(std::string(text.data(), result.ptr).c_str(), nullptr, plain);
 }
 
 /// Where a string does not end in its line; simdjson only says that there is one.
@@ -55,7 +59,7 @@ std::size_t findUnendedString(std::string_view text)
     return text.size();
 }
 
-error_code skip(simdjson::simdjson_result<simdjson::ondemand::value> value, int levels);
+error_code skip(simdjson::simdjson_result<simdjson::ondemand::value> result, int levels);
 
 error_code skipArray(simdjson::ondemand::value& value, int levels)
 {
@@ -89,8 +93,9 @@ error_code skip(simdjson::simdjson_result<simdjson::ondemand::value> result, int
 {
     simdjson::ondemand::value value;
     json_type type {};
-    if (result.get(value) != simdjson::SUCCESS || value.type().get(type) != simdjson::SUCCESS)
-        return simdjson::TAPE_ERROR;
+    for (const auto error : { result.get(value), result.type().get(type) })
+        if (error != simdjson::SUCCESS)
+            return error;
     switch (type) {
     case json_type::array:
         return levels > 0 ? skipArray(value, levels - 1) : simdjson::DEPTH_ERROR;

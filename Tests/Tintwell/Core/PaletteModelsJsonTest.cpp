@@ -142,6 +142,7 @@ TEST(PaletteModelsJson, TakesWhatHandsAndOtherProgramsMakeOfIt)
     } sameLibrary[] = {
         { "[", "\xEF\xBB\xBF[" },
         { "\"createdAt\"", R"("later":{"x":[1,{"y":null}],"z":1e999},"createdAt")" },
+        { "\"alpha\"", R"("gamma":1e-0000000000000000000000400,"alpha")" },
         { "\"alpha\"", R"("gamma":"\u0000","alpha")" },
         { R"("name": "Source — Violet")", R"("name":"Source — Violet","detail":null)" },
         { "\"alpha\"", R"("\u0061lpha")" },
