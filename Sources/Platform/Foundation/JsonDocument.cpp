@@ -134,9 +134,13 @@ JsonDocument::JsonDocument(std::string text)
 
 bool JsonDocument::readNumber(double& number)
 {
+    // simdjson 3.0.1 gives some numbers of more than 19 digits a value of another magnitude.
+    constexpr std::size_t mostDigits = 19;
     const auto error = value_.get_double().get(number);
-    return error == simdjson::NUMBER_ERROR ? readUnusualNumber(number)
-                                           : succeeded(error, "a number");
+    const bool isLong
+        = error == simdjson::SUCCESS && value_.raw_json_token().value_unsafe().size() > mostDigits;
+    return error == simdjson::NUMBER_ERROR || isLong ? readUnusualNumber(number)
+                                                     : succeeded(error, "a number");
 }
 
 bool JsonDocument::readString(std::string& text)
