@@ -318,6 +318,16 @@ class NoTrayTest(ShellTest):
         window.close()
         self.expect_end(process)
 
+    def test_item_moves_to_a_late_tray(self):
+        process = self.start()
+        self.expect(panel, "the panel as a window")
+        self.start_trayer()
+        item = self.expect(embedded_item, "the item")
+        self.expect(lambda: panel() is None, "nobody has used the window: it gives way to the item")
+        self.assertIsNone(process.poll())
+        click(*item)
+        self.expect(panel, "the panel beside the item")
+
     def test_window_in_use_stays(self):
         process = self.start()
         window = self.expect(panel, "the panel as a window")
@@ -332,9 +342,7 @@ class NoTrayTest(ShellTest):
         self.end(tray)
         self.expect(panel, "the window again")
         self.start_trayer()
-        self.expect(lambda: panel() is None, "nobody has used it this time: it gives way to the item")
-        click(*self.expect(embedded_item, "the item"))
-        self.expect(panel, "the panel beside the item")
+        self.expect(lambda: panel() is None, "nobody has used it this time")
 
     def test_second_start_brings_the_window_back(self):
         process = self.start()
