@@ -1,7 +1,8 @@
 // A scroll area without visible bars.
 #pragma once
 
-#include <QPropertyAnimation>
+#include "WheelGlide.h"
+
 #include <QScrollArea>
 
 namespace platform {
@@ -20,14 +21,12 @@ public:
     void revealFocus();
 
 protected:
-    void wheelEvent(QWheelEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override { glide_.turn(*event); }
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void glideTo(int value);
-
-    QPropertyAnimation glide_;
+    WheelGlide glide_;
 };
 
 } // namespace platform
