@@ -1,18 +1,11 @@
 #include "ColorMimeData.h"
 
+#include "ToolkitColor.h"
+
 #include <QGuiApplication>
 #include <QMimeData>
 
 namespace platform {
-
-QColor toQColor(const Color& color)
-{
-    const auto converted = inSRGB(color);
-    if (!converted)
-        return {};
-    return { toByte(converted->red), toByte(converted->green), toByte(converted->blue),
-        toByte(converted->alpha) };
-}
 
 bool sessionCarriesColors()
 {
@@ -32,7 +25,7 @@ PastedContent pastedContent(const QMimeData& data)
 {
     PastedContent content { std::nullopt, data.text().toStdString() };
     if (const auto color = qvariant_cast<QColor>(data.colorData()); color.isValid())
-        content.color = Color { color.redF(), color.greenF(), color.blueF(), color.alphaF() };
+        content.color = fromQColor(color);
     return content;
 }
 

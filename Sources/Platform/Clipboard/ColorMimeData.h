@@ -3,18 +3,11 @@
 
 #include "Pasteboard.h"
 
-#include <QColor>
-
 #include <memory>
 
 class QMimeData;
 
 namespace platform {
-
-/// The colour in sRGB, each channel one of 256 steps, so that the toolkit sends both bytes of every
-/// 16-bit channel alike: receivers read the high one or the low one. Invalid when the colour has no
-/// sRGB form.
-[[nodiscard]] QColor toQColor(const Color& color);
 
 /// Whether this session's back-end sends colours as other programs expect them. The toolkit's own
 /// Wayland one sends a text under the type of a colour, which receivers refuse or take for numbers.

@@ -1,15 +1,10 @@
-// The colour lists of the user.
 #include "ColorListPane.h"
 
-#include "ColorMimeData.h"
-#include "RecyclingList.h"
-#include "ScrollArea.h"
 #include "Shapes.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <QCollator>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
@@ -26,7 +21,6 @@ constexpr int sideSpace = 16;
 constexpr int boxHeight = 30;
 constexpr int gap = 10;
 constexpr int listGap = 12;
-constexpr int rowHeight = 30;
 constexpr double radius = 8;
 /// A list that is written in several pieces is read once.
 constexpr std::chrono::milliseconds settleTime { 60 };
@@ -106,32 +100,24 @@ protected:
     }
 };
 
-ColorListPane::ColorListPane(ColorListRegistry registry, Handlers handlers, QWidget* parent)
+ColorListPane::ColorListPane(ColorListRegistry registry, std::string firstList,
+    ColorListView::InkOn inkOn, std::function<void(const QColor&)> chosen, QWidget* parent)
     : QWidget(parent)
     , registry_(std::move(registry))
-    , handlers_(std::move(handlers))
-    , wanted_(handlers_.firstList)
+    , wanted_(std::move(firstList))
     , button_(new ListButton(this))
-    , search_(new PlateField(boxStyle, radius, lensSpace, gap, this))
-    , rows_(new RecyclingList(
-          rowHeight, [](QWidget* parentOfRow) { return new ColorRow(parentOfRow); },
-          [this](QWidget& row, std::size_t index) {
-              auto& colorRow = static_cast<ColorRow&>(row);
-              colorRow.show(rowState(index));
-              colorRow.setPressed([this, index] { choose(index); });
-          }))
-    , scroller_(new ScrollArea(rows_, this))
+    , search_(new TextField(boxStyle, radius, lensSpace, gap, this))
+    , colors_(new ColorListView(std::move(inkOn), std::move(chosen), this))
 {
     search_->setPlaceholderText(QStringLiteral("Search colors"));
     search_->setAccessibleName(QStringLiteral("Search colors"));
     auto* lens = new Lens(search_);
     lens->setGeometry(0, 0, lensSpace, boxHeight);
-    scroller_->setAccessibleName(QStringLiteral("Colors"));
-    rows_->setAccessibleName(QStringLiteral("Colors"));
-    scroller_->installEventFilter(this);
-    connect(search_, &QLineEdit::textChanged, this, [this] {
-        scroller_->scrollToTop();
-        filter();
+    colors_->setAccessibleName(QStringLiteral("Colors"));
+    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        colors_->search(text.trimmed());
+        colors_->scrollToTop();
+        update();
     });
     connect(button_, &QAbstractButton::clicked, this, [this] { openListMenu(); });
     settling_.setSingleShot(true);
@@ -145,7 +131,7 @@ void ColorListPane::resizeEvent(QResizeEvent* /*event*/)
     button_->setGeometry(sideSpace, topSpace, inside, boxHeight);
     search_->setGeometry(sideSpace, topSpace + boxHeight + gap, inside, boxHeight);
     const int listTop = topSpace + 2 * boxHeight + gap + listGap;
-    scroller_->setGeometry(sideSpace, listTop, inside, height() - listTop);
+    colors_->setGeometry(sideSpace, listTop, inside, height() - listTop);
 }
 
 void ColorListPane::showEvent(QShowEvent* /*event*/)
@@ -222,7 +208,8 @@ void ColorListPane::showList(const std::string& name)
         list != nullptr ? QString::fromStdString(shown_) : QStringLiteral("No color lists yet"));
     button_->setAccessibleDescription(QString::fromStdString(shown_));
     button_->setEnabled(list != nullptr);
-    filter();
+    colors_->show(list);
+    update();
 }
 
 void ColorListPane::openListMenu()
@@ -237,123 +224,18 @@ void ColorListPane::openListMenu()
         if (list.name() == shown_)
             current = action;
         connect(action, &QAction::triggered, this, [this, name = list.name()] {
-            selectedKey_.clear();
-            scroller_->scrollToTop();
+            colors_->forgetChosen();
             showList(name);
+            colors_->scrollToTop();
         });
     }
     menu.setActiveAction(current);
     menu.exec(button_->mapToGlobal(QPoint(0, 0)), current);
 }
 
-void ColorListPane::filter()
-{
-    matches_.clear();
-    const auto wanted = search_->text().trimmed();
-    if (const auto* list = listNamed(lists_, shown_)) {
-        const auto& colors = list->colors();
-        for (std::size_t index = 0; index < colors.size(); ++index) {
-            const auto& [key, color] = colors[index];
-            if (wanted.isEmpty()
-                || QString::fromStdString(key).contains(wanted, Qt::CaseInsensitive)
-                || hexText(toQColor(color)).contains(wanted, Qt::CaseInsensitive))
-                matches_.push_back(index);
-        }
-    }
-    current_ = std::min(current_, matches_.empty() ? 0 : matches_.size() - 1);
-    // Nothing to go to by keyboard where there is nothing.
-    scroller_->setFocusPolicy(matches_.empty() ? Qt::NoFocus : Qt::TabFocus);
-    rows_->reload(matches_.size());
-    update();
-}
-
-ColorRowState ColorListPane::rowState(std::size_t row) const
-{
-    const auto* list = listNamed(lists_, shown_);
-    if (list == nullptr || row >= matches_.size())
-        return {};
-    const auto& [key, value] = list->colors()[matches_[row]];
-    const auto color = toQColor(value);
-    const bool selected = key == selectedKey_;
-    return { QString::fromStdString(key), color, selected, scroller_->hasFocus() && row == current_,
-        selected ? handlers_.inkOn(color) : QColor() };
-}
-
-void ColorListPane::choose(std::size_t row)
-{
-    const auto* list = listNamed(lists_, shown_);
-    if (list == nullptr || row >= matches_.size())
-        return;
-    const auto [key, color] = list->colors()[matches_[row]];
-    selectedKey_ = key;
-    current_ = row;
-    rows_->reload(matches_.size());
-    handlers_.chosen(toQColor(color));
-}
-
-bool ColorListPane::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == scroller_) {
-        if (event->type() == QEvent::FocusIn)
-            makeCurrent(current_);
-        if (event->type() == QEvent::FocusOut)
-            rows_->reload(matches_.size());
-        if (event->type() == QEvent::KeyPress)
-            return handleKey(static_cast<QKeyEvent*>(event)->key());
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-bool ColorListPane::handleKey(int key)
-{
-    if (matches_.empty())
-        return false;
-    const auto last = matches_.size() - 1;
-    const auto page = static_cast<std::size_t>(std::max(1, scroller_->height() / rowHeight));
-    switch (key) {
-    case Qt::Key_Up:
-        makeCurrent(current_ - std::min<std::size_t>(current_, 1));
-        return true;
-    case Qt::Key_Down:
-        makeCurrent(std::min(current_ + 1, last));
-        return true;
-    case Qt::Key_PageUp:
-        makeCurrent(current_ - std::min(current_, page));
-        return true;
-    case Qt::Key_PageDown:
-        makeCurrent(std::min(current_ + page, last));
-        return true;
-    case Qt::Key_Home:
-        makeCurrent(0);
-        return true;
-    case Qt::Key_End:
-        makeCurrent(last);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Space:
-        choose(current_);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void ColorListPane::makeCurrent(std::size_t row)
-{
-    current_ = row;
-    const int top = static_cast<int>(row) * rowHeight;
-    scroller_->ensureVisible(0, top + rowHeight / 2, 0, rowHeight);
-    rows_->reload(matches_.size());
-    if (auto* widget = rows_->childAt(0, top + rowHeight / 2)) {
-        QAccessibleEvent event(widget, QAccessible::Focus);
-        QAccessible::updateAccessibility(&event);
-    }
-}
-
 void ColorListPane::paintEvent(QPaintEvent* /*event*/)
 {
-    if (!matches_.empty())
+    if (!colors_->isEmpty())
         return;
     QPainter painter(this);
     painter.setFont(fontOf(hintStyle));
@@ -361,7 +243,7 @@ void ColorListPane::paintEvent(QPaintEvent* /*event*/)
     const auto hint = lists_.empty() ? QStringLiteral("Save + Install puts a palette here.")
         : search_->text().trimmed().isEmpty() ? QStringLiteral("This list has no colors.")
                                               : QStringLiteral("No color is called that.");
-    painter.drawText(scroller_->geometry(), Qt::AlignCenter, hint);
+    painter.drawText(colors_->geometry(), Qt::AlignCenter, hint);
 }
 
 } // namespace platform

@@ -1,9 +1,9 @@
-// Mixes a colour by wheel and brightness, by channel, or from numbers and hex text.
 #include "ColorMixer.h"
 
-#include "ColorMimeData.h"
+#include "SwatchPainting.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
+#include "ToolkitColor.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -57,7 +57,7 @@ constexpr unsigned mostOfChannel = 255;
 /// The colour in 256 steps a channel, so that numbers, hex text and what is copied say the same.
 QColor inBytes(const QColor& color)
 {
-    return toQColor({ color.redF(), color.greenF(), color.blueF(), color.alphaF() });
+    return toQColor(fromQColor(color));
 }
 
 QRect channelRow(std::size_t index)
@@ -91,12 +91,6 @@ QColor colorFromHex(QString text)
 
 } // namespace
 
-ColorWell::ColorWell(QWidget* parent)
-    : ColorSource(QAccessible::PushButton, parent)
-{
-    setFocusPolicy(Qt::TabFocus);
-}
-
 void ColorWell::show(const QColor& color)
 {
     setColor(color);
@@ -107,9 +101,10 @@ void ColorWell::show(const QColor& color)
 void ColorWell::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const auto& theme = currentTheme();
-    paintColor(painter, rect(), previewRadius, color(),
-        hasFocus() ? theme.secondary : theme.swatchEdge, hasFocus() ? 2 : 0.75);
+    if (hasFocus())
+        paintSwatch(painter, rect(), cornerRadius(), color(), currentTheme().secondary, 2);
+    else
+        paintSwatch(painter, rect(), cornerRadius(), color());
 }
 
 ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent)
@@ -119,13 +114,13 @@ ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent
     , brightness_(
           Qt::Vertical, QStringLiteral("Brightness"),
           [this](double value) { setHsv(hue_, saturation_, value); }, this)
-    , well_(this)
+    , well_(
+          color_, previewRadius, [this, taken = std::move(taken)] { taken(color_); }, this)
     , hex_(hexStyle, fieldRadius, 10, 10, this)
 {
     wheel_.setGeometry(wheelArea);
     brightness_.setGeometry(brightnessArea);
     well_.setGeometry(preview);
-    well_.setPressed([this, taken = std::move(taken)] { taken(color_); });
     for (std::size_t index = 0; index < channels_.size(); ++index)
         makeChannel(index);
     hex_.setGeometry(hexArea);
@@ -142,7 +137,7 @@ void ColorMixer::makeChannel(std::size_t index)
     channel.slider = new ColorSlider(
         Qt::Horizontal, name, [this, index](double value) { setChannel(index, value); }, this);
     channel.slider->setGeometry(trackLeft, row.y(), trackWidth, rowHeight);
-    channel.field = new PlateField(numberStyle, fieldRadius, 4, 9, this);
+    channel.field = new TextField(numberStyle, fieldRadius, 4, 9, this);
     channel.field->setGeometry(fieldLeft, row.y(), fieldWidth, rowHeight);
     channel.field->setAlignment(Qt::AlignRight);
     channel.field->setAccessibleName(name);

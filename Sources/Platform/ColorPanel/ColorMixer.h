@@ -2,9 +2,9 @@
 #pragma once
 
 #include "ColorSlider.h"
-#include "ColorSource.h"
+#include "ColorSwatch.h"
 #include "ColorWheel.h"
-#include "PlateField.h"
+#include "TextField.h"
 
 #include <QColor>
 #include <QWidget>
@@ -15,9 +15,9 @@
 namespace platform {
 
 /// The mixed colour, large.
-class ColorWell : public ColorSource {
+class ColorWell : public ColorSwatch {
 public:
-    explicit ColorWell(QWidget* parent);
+    using ColorSwatch::ColorSwatch;
 
     void show(const QColor& color);
 
@@ -39,7 +39,7 @@ protected:
 private:
     struct Channel {
         ColorSlider* slider = nullptr;
-        PlateField* field = nullptr;
+        TextField* field = nullptr;
     };
 
     void makeChannel(std::size_t index);
@@ -61,7 +61,7 @@ private:
     ColorSlider brightness_;
     ColorWell well_;
     std::array<Channel, 4> channels_;
-    PlateField hex_;
+    TextField hex_;
 };
 
 } // namespace platform

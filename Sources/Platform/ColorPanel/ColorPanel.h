@@ -1,15 +1,40 @@
-// The shared "Colors" window.
+// The "Colors" window: a colour mixed by wheel, sliders or numbers, beside the user's colour lists.
 #pragma once
+
+#include "ColorList.h"
+#include "Pasteboard.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class QColor;
+class QWidget;
 
 namespace platform {
 
-/// The desktop's one colour panel.
+struct ColorPanelServices {
+    /// Outlives the panel.
+    Pasteboard& pasteboard;
+    ColorListRegistry registry;
+    /// The ink that can be read on a fill.
+    std::function<QColor(const QColor& fill)> inkOn;
+    /// The list that the panel opens with, if it is there.
+    std::string firstList;
+};
+
+/// The desktop's one colour panel. Its window is made when it is first shown.
 class ColorPanel {
 public:
-    virtual ~ColorPanel() = default;
+    explicit ColorPanel(ColorPanelServices services);
+    ~ColorPanel();
 
     /// Shows the panel in front of the application's other windows.
-    virtual void orderFront() = 0;
+    void orderFront();
+
+private:
+    ColorPanelServices services_;
+    std::unique_ptr<QWidget> window_;
 };
 
 } // namespace platform

@@ -1,4 +1,3 @@
-// A slider whose track shows the colours that it leads to.
 #include "ColorSlider.h"
 
 #include "Shapes.h"

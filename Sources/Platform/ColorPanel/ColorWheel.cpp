@@ -1,4 +1,3 @@
-// A wheel of hues and saturations.
 #include "ColorWheel.h"
 
 #include "ColorSlider.h"

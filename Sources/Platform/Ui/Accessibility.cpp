@@ -62,31 +62,6 @@ public:
     }
 };
 
-class PressableWidget : public QAccessibleWidget {
-public:
-    PressableWidget(QWidget& widget, Pressable& pressable)
-        : QAccessibleWidget(&widget, pressable.pressableRole())
-        , pressable_(pressable)
-    {
-    }
-
-    [[nodiscard]] QAccessible::State state() const override
-    {
-        auto state = QAccessibleWidget::state();
-        pressable_.describe(state);
-        return state;
-    }
-    [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
-    void doAction(const QString& name) override
-    {
-        if (name == pressAction())
-            pressable_.press();
-    }
-
-private:
-    Pressable& pressable_;
-};
-
 class AdjustableWidget : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     AdjustableWidget(QWidget& widget, Adjustable& adjustable)
@@ -117,8 +92,6 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
     auto* widget = static_cast<QWidget*>(object);
     if (const auto role = widget->property(roleProperty); role.isValid())
         return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
-    if (auto* pressable = dynamic_cast<Pressable*>(widget))
-        return new PressableWidget(*widget, *pressable);
     if (auto* adjustable = dynamic_cast<Adjustable*>(widget))
         return new AdjustableWidget(*widget, *adjustable);
     // To the toolkit a plain widget is a filler, even as a window. What has no parent yet has no

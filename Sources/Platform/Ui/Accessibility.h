@@ -7,24 +7,6 @@ class QWidget;
 
 namespace platform {
 
-/// A plain widget that is pressed like a button, in the role that it has to a reader.
-class Pressable {
-public:
-    explicit Pressable(QAccessible::Role role)
-        : pressableRole_(role)
-    {
-    }
-    virtual ~Pressable() = default;
-
-    virtual void press() = 0;
-    /// Adds what a reader should know beyond what holds for any widget.
-    virtual void describe(QAccessible::State& /*state*/) const { }
-    [[nodiscard]] QAccessible::Role pressableRole() const { return pressableRole_; }
-
-private:
-    QAccessible::Role pressableRole_;
-};
-
 /// A plain widget that holds a number between 0 and 1.
 class Adjustable {
 public:
@@ -34,8 +16,8 @@ public:
     virtual void adjustTo(double value) = 0;
 };
 
-/// Makes the kit's widgets known to readers; the first call counts. Pressable and adjustable
-/// widgets call it when they are made.
+/// Makes the kit's widgets known to readers; the first call counts. Adjustable widgets call it
+/// when they are made.
 void installAccessibility();
 
 /// Gives a plain widget, which would be a filler to a reader, a role of its own. To be called while

@@ -2,7 +2,7 @@
 
 #include "DesktopColorSampler.h"
 #include "PaletteGenerator.h"
-#include "QtColorPanel.h"
+#include "QtColor.h"
 
 #include <QColor>
 
@@ -21,9 +21,7 @@ platform::ColorDescription describe(const platform::Color& color)
 
 QColor inkOn(const QColor& fill)
 {
-    const auto ink = readableInkOn({ fill.redF(), fill.greenF(), fill.blueF(), 1 });
-    return QColor::fromRgbF(
-        static_cast<float>(ink.red), static_cast<float>(ink.green), static_cast<float>(ink.blue));
+    return toQColor(readableInkOn(fromQColor(fill.rgb())));
 }
 
 platform::ColorListRegistry userLists()
@@ -35,7 +33,7 @@ platform::ColorListRegistry userLists()
 
 DesktopServices::DesktopServices()
     : installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
-    , colorPanel_(platform::makeColorPanel({ pasteboard_, userLists(), inkOn, installedListName }))
+    , colorPanel_({ pasteboard_, userLists(), inkOn, installedListName })
 {
 }
 

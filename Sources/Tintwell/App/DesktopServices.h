@@ -19,13 +19,13 @@ public:
     [[nodiscard]] ModelServices forModel();
     [[nodiscard]] std::shared_ptr<ScreenColorSampling> makeSampler();
     /// The process's one "Colors" window.
-    [[nodiscard]] platform::ColorPanel& colorPanel() { return *colorPanel_; }
+    [[nodiscard]] platform::ColorPanel& colorPanel() { return colorPanel_; }
 
 private:
     platform::QtPasteboard pasteboard_;
     platform::QtScheduler scheduler_;
     MacColorListInstaller installer_;
-    std::unique_ptr<platform::ColorPanel> colorPanel_;
+    platform::ColorPanel colorPanel_;
 };
 
 } // namespace tintwell

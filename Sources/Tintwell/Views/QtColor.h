@@ -1,8 +1,8 @@
 // From the application's colours to the toolkit's and back.
 #pragma once
 
-#include "ColorMimeData.h"
 #include "MacColorIntegration.h"
+#include "ToolkitColor.h"
 
 #include <QColor>
 

@@ -60,17 +60,20 @@ SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
     : QWidget(parent)
     , shown_(state)
     , copy_(std::move(copy))
-    , tile_(NativeColorSwatch { state.namedColor.color, state.namedColor.name,
-          styleOf(state.compact).cornerRadius, [this] { copy_(shown_.namedColor); } }
-                .makeNSView()
-                .release())
+    , tile_(swatch().makeNSView().release())
     , mark_(new CopiedMark(markSize, this))
     , ring_(new platform::FocusRing(*tile_, styleOf(state.compact).cornerRadius))
-    , motion_(*tile_)
+    , motion_(*tile_, state.namedColor.color)
 {
     tile_->setParent(this);
     mark_->raise();
     mark_->show(state.isCopied, toQColor(state.mark));
+}
+
+NativeColorSwatch SwatchCell::swatch() const
+{
+    return { shown_.namedColor.color, shown_.namedColor.name, styleOf(shown_.compact).cornerRadius,
+        [this] { copy_(shown_.namedColor); } };
 }
 
 int SwatchCell::heightOf(bool compact)
@@ -84,12 +87,9 @@ void SwatchCell::show(const CellState& state, const std::optional<platform::Spri
 {
     if (state == shown_)
         return;
-    const bool hasNewColor = state.namedColor.color != shown_.namedColor.color;
     shown_ = state;
-    tile_->setLabel(state.namedColor.name);
+    motion_.show(swatch(), spring);
     mark_->show(state.isCopied, toQColor(state.mark));
-    if (hasNewColor)
-        motion_.moveTo(state.namedColor.color, spring);
     update();
 }
 

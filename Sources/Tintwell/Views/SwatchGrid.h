@@ -40,6 +40,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] NativeColorSwatch swatch() const;
     void layOut();
 
     CellState shown_;

@@ -1,6 +1,6 @@
 #include "SwatchMotion.h"
 
-#include "MacColorIntegration.h"
+#include "QtColor.h"
 #include "Spring.h"
 
 namespace tintwell {
@@ -16,32 +16,39 @@ RGBAColor blended(const RGBAColor& from, const RGBAColor& to, double progress)
 
 } // namespace
 
-SwatchMotion::SwatchMotion(DraggableColorView& swatch, std::function<void()> moved)
-    : swatch_(swatch)
+SwatchMotion::SwatchMotion(
+    DraggableColorView& view, const RGBAColor& color, std::function<void()> moved)
+    : view_(view)
+    , target_(color)
+    , painted_(color)
     , moved_(std::move(moved))
 {
 }
 
 void SwatchMotion::paint(const RGBAColor& color)
 {
-    swatch_.setPaintedColor(toPlatformColor(color));
+    painted_ = color;
+    view_.setPaintedColor(toQColor(color));
     if (moved_)
         moved_();
 }
 
-void SwatchMotion::moveTo(const RGBAColor& target, const std::optional<platform::Spring>& spring)
+void SwatchMotion::show(
+    const NativeColorSwatch& swatch, const std::optional<platform::Spring>& spring)
 {
+    swatch.updateNSView(view_);
+    if (swatch.color == target_)
+        return;
+    target_ = swatch.color;
     motion_.stop();
-    const auto from = fromPlatformColor(swatch_.paintedColor()).value_or(target);
-    swatch_.setColor(toPlatformColor(target));
     if (!spring)
-        return paint(target);
+        return paint(target_);
     motion_.run(
         platform::springDuration(*spring),
-        [this, from, target, spring = *spring](double seconds) {
-            paint(blended(from, target, platform::springProgress(seconds, spring)));
+        [this, from = painted_, spring = *spring](double seconds) {
+            paint(blended(from, target_, platform::springProgress(seconds, spring)));
         },
-        [this, target] { paint(target); });
+        [this] { paint(target_); });
 }
 
 } // namespace tintwell

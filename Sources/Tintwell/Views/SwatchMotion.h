@@ -10,19 +10,23 @@
 
 namespace tintwell {
 
-/// Gives one swatch another colour; what it paints blends along a spring, in gamma-encoded sRGB.
+/// Hosts one swatch. When it is given another colour, what it paints blends along a spring, in
+/// gamma-encoded sRGB.
 class SwatchMotion {
 public:
-    /// `moved` is called whenever the swatch paints another colour.
-    explicit SwatchMotion(DraggableColorView& swatch, std::function<void()> moved = {});
+    /// `view` shows `color`; `moved` is called whenever it paints another one.
+    SwatchMotion(
+        DraggableColorView& view, const RGBAColor& color, std::function<void()> moved = {});
 
-    /// Without a spring it is painted at once.
-    void moveTo(const RGBAColor& target, const std::optional<platform::Spring>& spring);
+    /// Brings the view up to date; without a spring a new colour is painted at once.
+    void show(const NativeColorSwatch& swatch, const std::optional<platform::Spring>& spring);
 
 private:
     void paint(const RGBAColor& color);
 
-    DraggableColorView& swatch_;
+    DraggableColorView& view_;
+    RGBAColor target_;
+    RGBAColor painted_;
     std::function<void()> moved_;
     platform::Motion motion_;
 };

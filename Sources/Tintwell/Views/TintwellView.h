@@ -46,6 +46,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    [[nodiscard]] NativeColorSwatch swatch(const RGBAColor& color, const std::string& name) const;
     QLayout* makeColumn();
     void setCanSample(bool canSample);
     void placeMark();

@@ -1,5 +1,6 @@
 // The header of the panel.
 #include "BrandMark.h"
+#include "ColorMimeData.h"
 #include "MacColorIntegration.h"
 #include "Metrics.h"
 #include "QtColor.h"
@@ -42,10 +43,7 @@ const platform::TextStyle hexStyle {
 CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
     : QWidget(parent)
     , model_(model)
-    , swatch_(NativeColorSwatch { model.generated().source, model.generated().sourceName,
-          swatchRadius, [this] { model_.copySource(); } }
-                  .makeNSView()
-                  .release())
+    , swatch_(swatch(model.generated().source, model.generated().sourceName).makeNSView().release())
     , mark_(new CopiedMark(markBox, this))
     , ring_(new platform::FocusRing(*swatch_, swatchRadius))
     , name_(new platform::FadingName(nameStyle))
@@ -53,7 +51,7 @@ CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
     , sample_(platform::prominentButton(QStringLiteral("Sample"), platform::Symbol::eyedropper))
     , copy_(platform::borderedIcon(platform::Symbol::copy, QStringLiteral("Copy")))
     , shadow_(swatchRadius, shadowSigma)
-    , motion_(*swatch_, [this] { update(); })
+    , motion_(*swatch_, model.generated().source, [this] { update(); })
 {
     setAcceptDrops(true);
     swatch_->setFixedSize(swatchSide, swatchSide);
@@ -62,6 +60,11 @@ CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
         platform::Metrics::margin, platform::Metrics::margin));
     connect(sample_, &platform::Button::clicked, this, [this] { model_.beginSampling(); });
     connect(copy_, &platform::Button::clicked, this, [this] { model_.copySource(); });
+}
+
+NativeColorSwatch CaptureHeader::swatch(const RGBAColor& color, const std::string& name) const
+{
+    return { color, name, swatchRadius, [this] { model_.copySource(); } };
 }
 
 QLayout* CaptureHeader::makeColumn()
@@ -80,9 +83,7 @@ void CaptureHeader::show(const HeaderState& state, const std::optional<platform:
         return;
     const auto name = QString::fromStdString(state.name);
     const auto tooltip = QString::fromStdString(state.copyTooltip);
-    if (state.source != shown_.source)
-        motion_.moveTo(state.source, spring);
-    swatch_->setLabel(state.name);
+    motion_.show(swatch(state.source, state.name), spring);
     name_->fadeTo(name, spring);
     hex_->rollTo(QString::fromStdString(state.hex), spring);
     mark_->show(state.isCopied, toQColor(state.mark));
@@ -141,9 +142,8 @@ void CaptureHeader::resizeEvent(QResizeEvent*)
 void CaptureHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const auto color = fromPlatformColor(swatch_->paintedColor());
     shadow_.paint(painter, QRectF(swatch_->geometry()).translated(0, shadowDrop),
-        platform::faded(toQColor(color.value_or(RGBAColor())), shadowOpacity));
+        platform::faded(swatch_->paintedColor(), shadowOpacity));
 }
 
 } // namespace tintwell

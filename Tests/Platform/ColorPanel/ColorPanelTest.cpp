@@ -1,5 +1,6 @@
-#include "ColorRow.h"
-#include "QtColorPanel.h"
+#include "ColorPanel.h"
+
+#include "ColorDrag.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
@@ -7,12 +8,11 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QMouseEvent>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 
-#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -50,12 +50,18 @@ protected:
     {
         save("Earlier by name", { { "Hidden", {} } });
         save("Kept", { { "Violet", { 0.5, 0, 1 } }, { "Sea Green", { 0, 0.5, 0.4 } } });
-        panel_ = makeColorPanel(
-            { pasteboard_, registry_, [](const QColor&) { return Qt::white; }, "Kept" });
+        open("Kept");
+    }
+
+    void open(const std::string& firstList)
+    {
+        panel_ = std::make_unique<ColorPanel>(ColorPanelServices {
+            pasteboard_, registry_, [](const QColor&) { return Qt::white; }, firstList });
         panel_->orderFront();
         for (auto* widget : QApplication::topLevelWidgets())
             if (widget->windowTitle() == QStringLiteral("Colors"))
                 window_ = widget;
+        list_ = named<QListView>(u"Colors");
     }
 
     void save(const std::string& name, const std::vector<std::pair<std::string, Color>>& colors)
@@ -89,26 +95,32 @@ protected:
         return named<QLineEdit>(field)->text();
     }
 
-    /// What the rows in sight say, from top to bottom.
+    [[nodiscard]] QModelIndex row(int index) const { return list_->model()->index(index, 0); }
+    /// What readers hear of the rows, from top to bottom.
     [[nodiscard]] QStringList rows() const
     {
-        auto found = window_->findChildren<QWidget*>();
-        std::sort(found.begin(), found.end(),
-            [](const QWidget* a, const QWidget* b) { return a->y() < b->y(); });
         QStringList names;
-        for (const auto* widget : found)
-            if (dynamic_cast<const ColorRow*>(widget) != nullptr && widget->isVisible())
-                names.append(widget->accessibleName());
+        for (int index = 0; index < list_->model()->rowCount(); ++index)
+            names += row(index).data(Qt::AccessibleTextRole).toString();
         return names;
     }
 
-    static void click(QWidget* widget)
+    static void send(QWidget* widget, QEvent::Type type, QPointF at)
     {
-        for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
-            QMouseEvent event(type, QPointF(9, 9), widget->mapToGlobal(QPointF(9, 9)),
-                Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(widget, &event);
-        }
+        QMouseEvent event(
+            type, at, widget->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
+    static void click(QWidget* widget, QPointF at = { 9, 9 })
+    {
+        for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease })
+            send(widget, type, at);
+    }
+    static void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        const auto text = key < 128 ? QString(QChar(key)) : QString();
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(widget, &event);
     }
 
     const QTemporaryDir home_;
@@ -116,6 +128,7 @@ protected:
     RecordingPasteboard pasteboard_;
     std::unique_ptr<ColorPanel> panel_;
     QWidget* window_ = nullptr;
+    QListView* list_ = nullptr;
 };
 
 TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
@@ -150,10 +163,6 @@ TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
 
 TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
 {
-    const auto press = [](QWidget* widget, int key) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(widget, &event);
-    };
     enter(u"Hex", QStringLiteral("#808080"));
     // The number and the slider of a channel share a name.
     for (auto* widget : window_->findChildren<QWidget*>())
@@ -175,12 +184,7 @@ TEST_F(ColorPanelTest, ListsAreInTheOrderOfTheirNumbers)
     std::filesystem::remove_all(registry_.folder());
     for (const auto* name : { "List 10", "List 2" })
         save(name, { { name, {} } });
-    panel_
-        = makeColorPanel({ pasteboard_, registry_, [](const QColor&) { return Qt::white; }, "" });
-    panel_->orderFront();
-    for (auto* widget : QApplication::topLevelWidgets())
-        if (widget->windowTitle() == QStringLiteral("Colors"))
-            window_ = widget;
+    open("");
     EXPECT_EQ(rows(), QStringList { QStringLiteral("List 2, #000000") });
 }
 
@@ -188,8 +192,7 @@ TEST_F(ColorPanelTest, NumbersStepByKeysAndWheel)
 {
     enter(u"Hex", QStringLiteral("#808080"));
     auto* field = named<QLineEdit>(u"Green");
-    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::ShiftModifier);
-    QApplication::sendEvent(field, &up);
+    press(field, Qt::Key_Up, Qt::ShiftModifier);
     EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#808A80"));
     QWheelEvent down(
         QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, -120), {}, {}, Qt::NoScrollPhase, false);
@@ -218,28 +221,21 @@ TEST_F(ColorPanelTest, TheListIsOneControlToTheKeyboard)
     std::vector<std::pair<std::string, Color>> many;
     for (int i = 0; i < 40; ++i)
         many.emplace_back("Color " + std::to_string(i), Color { 0, 0, i / 40.0 });
+    many.emplace_back("Sea", Color {});
     save("Kept", many);
     ASSERT_TRUE(eventually([this] { return rows().size() > 5; }));
-    auto* list = named<QWidget>(u"Colors");
-    list->setFocus(Qt::TabFocusReason);
-    const auto press = [list](int key) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(list, &event);
-    };
-    for (const auto& [key, chosen] : std::vector<std::pair<int, std::string>> {
-             { Qt::Key_Down, "Color 1" }, { Qt::Key_End, "Color 39" }, { Qt::Key_Down, "Color 39" },
-             { Qt::Key_Up, "Color 38" }, { Qt::Key_Home, "Color 0" }, { Qt::Key_Up, "Color 0" } }) {
+    list_->setFocus(Qt::TabFocusReason);
+    for (const auto& [key, current] : std::vector<std::pair<int, int>> { { Qt::Key_Down, 1 },
+             { Qt::Key_End, 40 }, { Qt::Key_Down, 40 }, { Qt::Key_Up, 39 }, { Qt::Key_Home, 0 },
+             { Qt::Key_Up, 0 }, { Qt::Key_S, 40 } }) {
         pasteboard_.written.clear();
-        press(key);
+        press(list_, key);
         EXPECT_TRUE(pasteboard_.written.empty()) << "moving chooses nothing";
-        press(Qt::Key_Return);
-        ASSERT_EQ(pasteboard_.written.size(), 1U) << chosen;
-        const auto shown
-            = rows().filter(QRegularExpression(QString::fromStdString("^" + chosen + ",")));
-        ASSERT_EQ(shown.size(), 1) << chosen << " is in sight";
-        auto* row = named<QWidget>(shown.front().toStdU16String().c_str());
-        auto* reader = QAccessible::queryAccessibleInterface(row);
-        EXPECT_TRUE(reader->state().selected && reader->state().focused) << chosen;
+        press(list_, Qt::Key_Return);
+        ASSERT_EQ(pasteboard_.written.size(), 1U) << current;
+        EXPECT_TRUE(list_->viewport()->rect().contains(list_->visualRect(row(current))));
+        const auto state = QAccessible::queryAccessibleInterface(list_)->child(current)->state();
+        EXPECT_TRUE(state.selected && state.focused) << current;
     }
 }
 
@@ -247,11 +243,61 @@ TEST_F(ColorPanelTest, ChosenRowIsCopiedAndShown)
 {
     ASSERT_EQ(rows(),
         QStringList({ QStringLiteral("Violet, #8000FF"), QStringLiteral("Sea Green, #008066") }));
-    click(named<QWidget>(u"Sea Green, #008066"));
-    ASSERT_EQ(pasteboard_.written.size(), 1U);
-    EXPECT_EQ(pasteboard_.written[0].text, "#008066");
+    const auto chooseByClick
+        = [this] { click(list_->viewport(), list_->visualRect(row(1)).center()); };
+    auto* const reader = QAccessible::queryAccessibleInterface(list_);
+    ASSERT_EQ(reader->role(), QAccessible::List);
+    const auto chooseAsReader = [reader](int index) {
+        reader->child(index)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    };
+    chooseByClick();
+    chooseByClick();
+    chooseAsReader(0);
+    chooseAsReader(1);
+    ASSERT_EQ(pasteboard_.written.size(), 4U);
+    for (const auto& [index, text] : { std::pair(0, "#008066"), std::pair(1, "#008066"),
+             std::pair(2, "#8000FF"), std::pair(3, "#008066") })
+        EXPECT_EQ(pasteboard_.written.at(index).text, text);
     EXPECT_NEAR(pasteboard_.written[0].color.green, 0.5, 0.01);
     EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#008066"));
+
+    // It stays chosen, without being copied again.
+    auto* search = named<QLineEdit>(u"Search colors");
+    for (const auto* text : { u"violet", u"green" })
+        search->setText(QString::fromUtf16(text));
+    EXPECT_TRUE(list_->selectionModel()->isSelected(row(0)));
+    save("Kept", { { "First", {} }, { "Sea Green", { 0, 0.5, 0.4 } } });
+    search->clear();
+    EXPECT_TRUE(eventually([this] { return rows().front().startsWith(u"First"); }));
+    EXPECT_TRUE(list_->selectionModel()->isSelected(row(1)));
+    EXPECT_EQ(pasteboard_.written.size(), 4U);
+}
+
+/// Hears a drag from the events that it brings to the application.
+class DragWatch final : public QObject {
+public:
+    DragWatch() { qApp->installEventFilter(this); }
+    bool hasSeenDrag = false;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override
+    {
+        hasSeenDrag = hasSeenDrag || isColorDragRunning();
+        return false;
+    }
+};
+
+TEST_F(ColorPanelTest, ARowIsDraggedAndNotChosen)
+{
+    const DragWatch drags;
+    auto* const rowsArea = list_->viewport();
+    send(rowsArea, QEvent::MouseButtonPress, { 9, 9 });
+    for (const double x : { 15, 30, 60 })
+        send(rowsArea, QEvent::MouseMove, { x, 9 });
+    send(rowsArea, QEvent::MouseButtonRelease, { 60, 9 });
+    EXPECT_TRUE(drags.hasSeenDrag);
+    EXPECT_TRUE(pasteboard_.written.empty());
 }
 
 TEST_F(ColorPanelTest, SearchLooksAtNamesAndHexTexts)

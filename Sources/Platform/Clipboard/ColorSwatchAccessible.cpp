@@ -1,14 +1,14 @@
-#include "NativeColorSwatchAccessible.h"
+#include "ColorSwatchAccessible.h"
 
-#include "MacColorIntegration.h"
-#include "NativeColorSwatch.h"
+#include "ColorSwatch.h"
+#include "ToolkitColor.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
 
 #include <algorithm>
 
-namespace tintwell {
+namespace platform {
 
 namespace {
 
@@ -16,7 +16,7 @@ namespace {
 /// which is what the text interface is for.
 class SwatchAccessible final : public QAccessibleWidget, public QAccessibleTextInterface {
 public:
-    explicit SwatchAccessible(DraggableColorView* view)
+    explicit SwatchAccessible(ColorSwatch* view)
         : QAccessibleWidget(view, QAccessible::Button)
     {
     }
@@ -43,7 +43,7 @@ public:
     void doAction(const QString& name) override
     {
         if (name == pressAction())
-            view().accessibilityPerformPress();
+            view().press();
         else
             QAccessibleWidget::doAction(name);
     }
@@ -68,21 +68,13 @@ public:
     }
 
 private:
-    [[nodiscard]] DraggableColorView& view() const
-    {
-        return *static_cast<DraggableColorView*>(widget());
-    }
-
-    [[nodiscard]] QString hex() const
-    {
-        const auto color = fromPlatformColor(view().color());
-        return color ? QString::fromStdString(color->hex()) : QString();
-    }
+    [[nodiscard]] ColorSwatch& view() const { return *static_cast<ColorSwatch*>(widget()); }
+    [[nodiscard]] QString hex() const { return hexText(view().color()); }
 };
 
 QAccessibleInterface* swatchAccessible(const QString& /*className*/, QObject* object)
 {
-    auto* const view = dynamic_cast<DraggableColorView*>(object);
+    auto* const view = dynamic_cast<ColorSwatch*>(object);
     return view != nullptr ? new SwatchAccessible(view) : nullptr;
 }
 
@@ -93,4 +85,4 @@ void installSwatchAccessibility()
     QAccessible::installFactory(swatchAccessible);
 }
 
-} // namespace tintwell
+} // namespace platform

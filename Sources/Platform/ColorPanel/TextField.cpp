@@ -1,5 +1,4 @@
-// A line of text on a plate.
-#include "PlateField.h"
+#include "TextField.h"
 
 #include "Shapes.h"
 #include "ThemeSource.h"
@@ -15,7 +14,7 @@ constexpr int ownMargin = 2;
 
 } // namespace
 
-PlateField::PlateField(
+TextField::TextField(
     const TextStyle& style, double radius, int leading, int trailing, QWidget* parent)
     : QLineEdit(parent)
     , radius_(radius)
@@ -29,7 +28,7 @@ PlateField::PlateField(
     setPalette(transparent);
 }
 
-void PlateField::paintEvent(QPaintEvent* event)
+void TextField::paintEvent(QPaintEvent* event)
 {
     {
         QPainter painter(this);

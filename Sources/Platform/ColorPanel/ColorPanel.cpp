@@ -1,10 +1,10 @@
-// The "Colors" window: a colour mixed by wheel, sliders or numbers, beside the user's colour lists.
-#include "QtColorPanel.h"
+#include "ColorPanel.h"
 
 #include "ColorListPane.h"
 #include "ColorMixer.h"
 #include "ReadingOrder.h"
 #include "ThemeSource.h"
+#include "ToolkitColor.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -25,12 +25,12 @@ public:
                 | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
         , pasteboard_(services.pasteboard)
         , mixer_([this](const QColor& color) { copy(color); }, this)
-        , lists_(services.registry,
-              { [this](const QColor& color) {
-                   mixer_.setColor(color);
-                   copy(color);
-               },
-                  services.inkOn, services.firstList },
+        , lists_(
+              services.registry, services.firstList, services.inkOn,
+              [this](const QColor& color) {
+                  mixer_.setColor(color);
+                  copy(color);
+              },
               this)
     {
         setWindowTitle(QStringLiteral("Colors"));
@@ -60,45 +60,31 @@ protected:
     }
 
 private:
-    void copy(const QColor& color)
-    {
-        const Color content { color.redF(), color.greenF(), color.blueF(), color.alphaF() };
-        pasteboard_.write({ content, hexText(color).toStdString() });
-    }
+    void copy(const QColor& color) { pasteboard_.write(contentOf(color)); }
 
     Pasteboard& pasteboard_;
     ColorMixer mixer_;
     ColorListPane lists_;
 };
 
-class QtColorPanel final : public ColorPanel {
-public:
-    explicit QtColorPanel(ColorPanelServices services)
-        : services_(std::move(services))
-    {
-    }
-
-    void orderFront() override
-    {
-        if (!window_)
-            window_ = std::make_unique<ColorPanelWindow>(services_);
-        if (window_->isMinimized())
-            window_->showNormal();
-        window_->show();
-        window_->raise();
-        window_->activateWindow();
-    }
-
-private:
-    ColorPanelServices services_;
-    std::unique_ptr<ColorPanelWindow> window_;
-};
-
 } // namespace
 
-std::unique_ptr<ColorPanel> makeColorPanel(ColorPanelServices services)
+ColorPanel::ColorPanel(ColorPanelServices services)
+    : services_(std::move(services))
 {
-    return std::make_unique<QtColorPanel>(std::move(services));
+}
+
+ColorPanel::~ColorPanel() = default;
+
+void ColorPanel::orderFront()
+{
+    if (!window_)
+        window_ = std::make_unique<ColorPanelWindow>(services_);
+    if (window_->isMinimized())
+        window_->showNormal();
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
 }
 
 } // namespace platform

@@ -8,9 +8,9 @@
 namespace platform {
 
 /// A text field in the look of the kit. `leading` and `trailing` are free at its ends.
-class PlateField : public QLineEdit {
+class TextField : public QLineEdit {
 public:
-    PlateField(const TextStyle& style, double radius, int leading, int trailing, QWidget* parent);
+    TextField(const TextStyle& style, double radius, int leading, int trailing, QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
