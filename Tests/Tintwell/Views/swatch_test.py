@@ -95,10 +95,8 @@ def clipboard(target):
 
 
 class Swatch(unittest.TestCase):
-    arguments = []
-
     def setUp(self):
-        self.swatch = Program(DRIVER, *self.arguments)
+        self.swatch = Program(DRIVER)
         self.addCleanup(self.swatch.end)
         self.swatch.wait("at")
         subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "^Swatch$",
@@ -136,26 +134,6 @@ class Gestures(Swatch):
                         pointer("mouseup", 1)
                         self.swatch.wait("clicked", clicks)
         self.assertEqual((self.swatch.count("clicked"), self.swatch.count("dragging")), (4, 4))
-        self.assertEqual(self.swatch.count("scrolled"), 0)
-
-    def test_a_drag_scrolls_nothing_and_a_wheel_does(self):
-        self.press()
-        for step in range(1, 9):
-            pointer("mousemove", self.x, self.y - 5 * step * SCALE)
-        self.swatch.wait("dragging")
-        pointer("mouseup", 1)
-        self.swatch.wait("dropped")
-        self.assertEqual(self.swatch.count("scrolled"), 0)
-        pointer("mousemove", self.x, self.y, "click", 5)
-        self.swatch.wait("scrolled")
-        self.assertEqual(self.swatch.count("clicked"), 0)
-
-    def test_the_keyboard_presses_it(self):
-        pointer("key", "Tab")
-        self.swatch.wait("focused")
-        for number, key in enumerate(("space", "Return"), start=1):
-            pointer("key", key)
-            self.swatch.wait("clicked", number)
 
     def test_a_click_copies_the_color_and_its_text(self):
         self.press()
@@ -192,16 +170,6 @@ class Drop(Swatch):
         self.press()
         pointer("mouseup", 1)
         self.swatch.wait("clicked")
-
-
-class Vanishing(Swatch):
-    arguments = ["--vanish"]
-
-    def test_a_drag_ends_in_order_when_its_swatch_is_gone(self):
-        self.drag_away()
-        pointer("mousemove", self.x + 60 * SCALE, self.y + 60 * SCALE, "mouseup", 1)
-        self.swatch.wait("dropped")
-        self.assertIsNone(self.swatch.process.poll())
 
 
 class Accessibility(Swatch):
