@@ -24,9 +24,9 @@ void FadingName::fadeTo(const QString& text, const std::optional<Spring>& spring
     if (!spring.has_value() || !isVisible())
         return;
     const auto duration = springDuration(*spring);
-    motion_.run(duration, [this, duration, spring = *spring](double seconds) {
-        elapsedShare_ = seconds / duration;
-        progress_ = elapsedShare_ < 1 ? springProgress(seconds, spring) : 1;
+    motion_.run(duration, [this, duration, spring = *spring](double share) {
+        elapsedShare_ = share;
+        progress_ = springProgress(share * duration, spring);
         update();
     });
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 namespace platform {
 
@@ -90,23 +92,34 @@ void MotionClock::updateTimer()
         timer_.stop();
 }
 
-void Motion::run(double duration, Step step, std::function<void()> finished)
+void Motion::run(double seconds, Step step, std::function<void()> finished)
 {
     stop();
-    if (duration <= 0 || ThemeSource::instance().reducesMotion()) {
-        step(duration);
+    if (seconds <= 0 || ThemeSource::instance().reducesMotion()) {
+        step(1);
         if (finished)
             finished();
         return;
     }
     auto& clock = MotionClock::instance();
     start_ = clock.now();
-    duration_ = duration;
+    duration_ = seconds;
     step_ = std::move(step);
     finished_ = std::move(finished);
     running_ = true;
     clock.add(this);
     stepTo(start_);
+}
+
+void Motion::follow(const std::optional<Spring>& spring, std::function<void(double progress)> step,
+    std::function<void()> finished)
+{
+    const auto duration = spring.has_value() ? springDuration(*spring) : 0;
+    run(
+        duration,
+        [spring, duration, step = std::move(step)](
+            double share) { step(share < 1 ? springProgress(share * duration, *spring) : 1); },
+        std::move(finished));
 }
 
 void Motion::stop()
@@ -120,24 +133,30 @@ void Motion::stop()
 void Motion::finish()
 {
     if (running_)
-        stepTo(start_ + duration_);
+        stepTo(std::numeric_limits<double>::infinity());
 }
 
 void Motion::stepTo(double now)
 {
-    const auto seconds = std::min(now - start_, duration_);
-    if (seconds < duration_) {
+    const auto share = (now - start_) / duration_;
+    if (share < 1) {
         // Copies, because a step may start this movement anew or destroy it.
         const auto step = step_;
-        step(seconds);
+        step(share);
         return;
     }
     stop();
     const auto step = std::move(step_);
     const auto finished = std::move(finished_);
-    step(seconds);
+    step(1);
     if (finished)
         finished();
+}
+
+double easedOut(double share)
+{
+    const auto left = 1 - share;
+    return 1 - left * left * left;
 }
 
 void Fade::moveTo(double target, double seconds)
@@ -146,9 +165,8 @@ void Fade::moveTo(double target, double seconds)
         return;
     target_ = target;
     const auto from = value_;
-    const auto duration = seconds * std::abs(target - from);
-    motion_.run(duration, [this, from, duration](double elapsed) {
-        value_ = elapsed < duration ? from + (target_ - from) * elapsed / duration : target_;
+    motion_.run(seconds * std::abs(target - from), [this, from](double share) {
+        value_ = share < 1 ? from + (target_ - from) * share : target_;
         changed_();
     });
 }

@@ -49,17 +49,21 @@ private:
 /// One movement, a member of the widget that moves; it stops when it is destroyed.
 class Motion {
 public:
-    using Step = std::function<void(double seconds)>;
+    /// `share` is the part of the time that has gone by, at last exactly 1.
+    using Step = std::function<void(double share)>;
 
     Motion() = default;
     ~Motion() { stop(); }
     Motion(const Motion&) = delete;
     Motion& operator=(const Motion&) = delete;
 
-    /// Calls `step` with 0 now, then every frame with the seconds since, at last with exactly
-    /// `duration`, followed by `finished`. A movement that is under way is dropped where it is.
-    /// When the desktop asks for no animation, both are called at once for the end.
-    void run(double duration, Step step, std::function<void()> finished = {});
+    /// Calls `step` now and every frame until `seconds` are over, then `finished`. A movement that
+    /// is under way is dropped where it is. Without any time, or when the desktop asks for no
+    /// animation, both are called at once for the end.
+    void run(double seconds, Step step, std::function<void()> finished = {});
+    /// The same along a spring: `step` gets how far it has come, at last exactly 1.
+    void follow(const std::optional<Spring>& spring, std::function<void(double progress)> step,
+        std::function<void()> finished = {});
 
     /// Ends where it is, without a further call.
     void stop();
@@ -77,6 +81,9 @@ private:
     Step step_;
     std::function<void()> finished_;
 };
+
+/// A movement that starts fast and comes to rest softly: 1 - (1 - share)^3.
+[[nodiscard]] double easedOut(double share);
 
 /// A number that moves evenly between 0 and 1, such as how far the plate of a hovered button shows.
 class Fade {

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -70,31 +71,29 @@ void PageStack::showPage(QWidget* page, const std::optional<Spring>& spring)
     if (page == current_)
         return;
     motion_.finish();
-    const auto moves
-        = spring.has_value() && isVisible() && !ThemeSource::instance().reducesMotion();
     leaving_ = current_;
-    if (moves && leaving_ != nullptr)
-        leavingPicture_ = pictureOf(*leaving_);
     current_ = page;
     page->setGeometry(rect());
+    motion_.follow(
+        isVisible() ? spring : std::nullopt,
+        [this](double progress) {
+            progress_ = progress;
+            if (curtain_ != nullptr)
+                curtain_->update();
+        },
+        [this] {
+            leavingPicture_ = {};
+            delete std::exchange(curtain_, nullptr);
+        });
+    const auto moves = isMoving() && leaving_ != nullptr;
+    if (moves)
+        leavingPicture_ = pictureOf(*leaving_);
     // In this order a focus inside the old page goes to what is before the pages.
     if (leaving_ != nullptr)
         leaving_->hide();
     page->show();
-    if (!moves)
-        return;
-    curtain_ = new Curtain(*this);
-    motion_.run(
-        springDuration(*spring),
-        [this, spring = *spring](double seconds) {
-            progress_ = seconds < springDuration(spring) ? springProgress(seconds, spring) : 1;
-            curtain_->update();
-        },
-        [this] {
-            leavingPicture_ = {};
-            delete curtain_;
-            curtain_ = nullptr;
-        });
+    if (moves)
+        curtain_ = new Curtain(*this);
 }
 
 QSize PageStack::sizeHint() const

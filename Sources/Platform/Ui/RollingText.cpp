@@ -33,12 +33,10 @@ void RollingText::rollTo(const QString& text, const std::optional<Spring>& sprin
     const auto cells = std::max(oldText_.size(), text.size());
     const auto duration = springDuration(spring_)
         + cellDelay * static_cast<double>(std::max<qsizetype>(cells, 1) - 1);
-    motion_.run(duration, [this](double seconds) {
-        seconds_ = seconds;
+    motion_.run(duration, [this, duration](double share) {
+        seconds_ = share * duration;
         update();
     });
-    if (!motion_.isRunning())
-        update();
 }
 
 double RollingText::cellProgress(qsizetype index) const

@@ -128,9 +128,7 @@ void SegmentedPicker::setCurrent(int index, const std::optional<Spring>& spring)
     if (hadFocus)
         segments_[static_cast<std::size_t>(index)]->setFocus(Qt::OtherFocusReason);
     const auto from = platePosition_;
-    const auto duration = spring.has_value() && isVisible() ? springDuration(*spring) : 0;
-    slide_.run(duration, [this, from, duration, spring](double seconds) {
-        const auto progress = seconds < duration ? springProgress(seconds, *spring) : 1;
+    slide_.follow(isVisible() ? spring : std::nullopt, [this, from](double progress) {
         platePosition_ = from + (current_ - from) * progress;
         update();
     });

@@ -1,7 +1,5 @@
 #include "WheelGlide.h"
 
-#include "ThemeSource.h"
-
 #include <QAbstractScrollArea>
 #include <QGuiApplication>
 #include <QScrollBar>
@@ -15,39 +13,26 @@ namespace {
 
 constexpr int pixelsPerNotch = 64;
 constexpr double anglePerNotch = 120;
-constexpr int glideMilliseconds = 140;
+constexpr double glideSeconds = 0.14;
 
 } // namespace
-
-WheelGlide::WheelGlide(QAbstractScrollArea& area)
-    : area_(area)
-    , animation_(area.verticalScrollBar(), "value")
-{
-    animation_.setEasingCurve(QEasingCurve::OutCubic);
-    animation_.setDuration(glideMilliseconds);
-}
 
 void WheelGlide::to(int value)
 {
     auto* bar = area_.verticalScrollBar();
-    const int end = std::clamp(value, bar->minimum(), bar->maximum());
-    stop();
-    if (ThemeSource::instance().reducesMotion() || !area_.isVisible()) {
-        bar->setValue(end);
-        return;
-    }
-    animation_.setStartValue(bar->value());
-    animation_.setEndValue(end);
-    animation_.start();
+    const int start = bar->value();
+    end_ = std::clamp(value, bar->minimum(), bar->maximum());
+    motion_.run(area_.isVisible() ? glideSeconds : 0, [this, bar, start](double share) {
+        bar->setValue(start + qRound((end_ - start) * easedOut(share)));
+    });
 }
 
 void WheelGlide::turn(QWheelEvent& event)
 {
     auto* bar = area_.verticalScrollBar();
     const int wanted = event.angleDelta().y() > 0 ? bar->minimum() : bar->maximum();
-    const bool gliding = animation_.state() == QAbstractAnimation::Running;
     // At its end it leaves the wheel to what scrolls around it.
-    if (bar->value() == wanted && !gliding)
+    if (bar->value() == wanted && !motion_.isRunning())
         return event.ignore();
     // On X11 these are the driver's own units, for the notches of a wheel too.
     const bool hasPixels = QGuiApplication::platformName() != QLatin1String("xcb");
@@ -56,7 +41,7 @@ void WheelGlide::turn(QWheelEvent& event)
         bar->setValue(bar->value() - pixels);
     } else if (const int angle = event.angleDelta().y(); angle != 0) {
         // A notch that comes during a glide goes on from where that one was heading.
-        const int from = gliding ? animation_.endValue().toInt() : bar->value();
+        const int from = motion_.isRunning() ? end_ : bar->value();
         to(from - qRound(angle / anglePerNotch * pixelsPerNotch));
     }
     event.accept();

@@ -1,7 +1,7 @@
 // The short glide with which a view follows the wheel.
 #pragma once
 
-#include <QPropertyAnimation>
+#include "Motion.h"
 
 class QAbstractScrollArea;
 class QWheelEvent;
@@ -13,16 +13,20 @@ namespace platform {
 class WheelGlide {
 public:
     /// Belongs to `area`.
-    explicit WheelGlide(QAbstractScrollArea& area);
+    explicit WheelGlide(QAbstractScrollArea& area)
+        : area_(area)
+    {
+    }
 
     /// Ignores the event at the end of the way.
     void turn(QWheelEvent& event);
     void to(int value);
-    void stop() { animation_.stop(); }
+    void stop() { motion_.stop(); }
 
 private:
     QAbstractScrollArea& area_;
-    QPropertyAnimation animation_;
+    int end_ = 0;
+    Motion motion_;
 };
 
 } // namespace platform

@@ -11,7 +11,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto copyMarkDuration = 950ms;
-constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampingFraction = 0.85 };
 
 std::string withHex(const std::string& sentence, const RGBAColor& color)
 {

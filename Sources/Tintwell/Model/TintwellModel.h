@@ -17,6 +17,9 @@
 
 namespace tintwell {
 
+/// Animates every change of the source colour.
+inline constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampingFraction = 0.85 };
+
 /// What the model needs of the desktop beside its store and sampler; the referenced objects outlive
 /// it.
 struct ModelServices {

@@ -1,7 +1,7 @@
 #include "CopiedMark.h"
 
-#include "Spring.h"
 #include "Symbols.h"
+#include "TintwellModel.h"
 
 #include <QPainter>
 
@@ -15,7 +15,6 @@ constexpr double inSeconds = 0.20;
 constexpr double outSeconds = 0.14;
 constexpr double smallestScale = 0.5;
 constexpr double stroke = 3.2;
-constexpr platform::Spring spring { .response = 0.32, .dampingFraction = 0.85 };
 
 } // namespace
 
@@ -39,18 +38,17 @@ void CopiedMark::show(bool isCopied, const QColor& color)
     if (isCopied) {
         setVisible(true);
         raise();
-        motion_.run(inSeconds, [this, from](double seconds) {
-            const double progress
-                = platform::springProgress(seconds * springDuration(spring) / inSeconds, spring);
+        auto spring = sourceChangeSpring;
+        spring.response *= inSeconds / springDuration(spring);
+        motion_.follow(spring, [this, from](double progress) {
             presence_ = std::clamp(from + (1 - from) * progress, 0.0, 1.0);
             update();
         });
     } else {
         motion_.run(
             outSeconds,
-            [this, from](double seconds) {
-                const double t = seconds / outSeconds;
-                presence_ = from * (1 - t * t);
+            [this, from](double share) {
+                presence_ = from * (1 - share * share);
                 update();
             },
             [this] { setVisible(false); });

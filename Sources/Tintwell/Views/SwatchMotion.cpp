@@ -1,7 +1,6 @@
 #include "SwatchMotion.h"
 
 #include "QtColor.h"
-#include "Spring.h"
 
 namespace tintwell {
 
@@ -40,15 +39,9 @@ void SwatchMotion::show(
     if (swatch.color == target_)
         return;
     target_ = swatch.color;
-    motion_.stop();
-    if (!spring)
-        return paint(target_);
-    motion_.run(
-        platform::springDuration(*spring),
-        [this, from = painted_, spring = *spring](double seconds) {
-            paint(blended(from, target_, platform::springProgress(seconds, spring)));
-        },
-        [this] { paint(target_); });
+    motion_.follow(spring, [this, from = painted_](double progress) {
+        paint(progress == 1 ? target_ : blended(from, target_, progress));
+    });
 }
 
 } // namespace tintwell

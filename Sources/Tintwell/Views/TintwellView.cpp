@@ -5,7 +5,6 @@
 #include "QtColor.h"
 #include "ReadingOrder.h"
 #include "Separator.h"
-#include "Spring.h"
 #include "Stack.h"
 #include "ThemeSource.h"
 
@@ -139,19 +138,10 @@ void TintwellView::showTint(const std::optional<platform::Spring>& spring)
         return;
     shownTint_ = state;
     const auto target = toTint(state);
-    tintMotion_.stop();
-    const auto take = [this](const platform::Tint& tint) {
-        tint_ = tint;
-        platform::applyTint(*this, tint);
-    };
-    if (!spring)
-        return take(target);
-    tintMotion_.run(
-        platform::springDuration(*spring),
-        [take, from = tint_, target, spring = *spring](double seconds) {
-            take(platform::blended(from, target, platform::springProgress(seconds, spring)));
-        },
-        [take, target] { take(target); });
+    tintMotion_.follow(spring, [this, from = tint_, target](double progress) {
+        tint_ = progress == 1 ? target : platform::blended(from, target, progress);
+        platform::applyTint(*this, tint_);
+    });
 }
 
 void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)

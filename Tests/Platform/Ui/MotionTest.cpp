@@ -72,13 +72,13 @@ TEST_F(MotionTest, StepsThroughItsDurationAndStops)
     std::vector<double> steps;
     int finished = 0;
     motion.run(
-        0.1, [&](double seconds) { steps.push_back(seconds); }, [&] { ++finished; });
+        0.1, [&](double share) { steps.push_back(share); }, [&] { ++finished; });
     EXPECT_EQ(steps, std::vector<double> { 0 });
     clock_.advance(0.04);
-    EXPECT_NEAR(steps.back(), 0.04, 1e-9);
+    EXPECT_NEAR(steps.back(), 0.4, 1e-9);
     EXPECT_TRUE(motion.isRunning());
     clock_.advance(0.5);
-    EXPECT_EQ(steps.back(), 0.1);
+    EXPECT_EQ(steps.back(), 1);
     EXPECT_FALSE(motion.isRunning());
     clock_.advance(0.1);
     EXPECT_EQ(steps.size(), 3U);
@@ -107,8 +107,8 @@ TEST_F(MotionTest, MayStartAnewAndEndOthersInsideAStep)
     Motion second;
     int secondSteps = 0;
     second.run(1, [&](double) { ++secondSteps; });
-    first.run(1, [&](double seconds) {
-        if (seconds > 0)
+    first.run(1, [&](double share) {
+        if (share > 0)
             second.stop();
     });
     second.run(1, [&](double) { ++secondSteps; });
@@ -129,12 +129,19 @@ TEST_F(MotionTest, SwitchesAtOnceWhenTheDesktopAsksForNoAnimation)
     std::vector<double> steps;
     bool finished = false;
     motion.run(
-        0.1, [&](double seconds) { steps.push_back(seconds); }, [&] { finished = true; });
-    EXPECT_EQ(steps, std::vector<double> { 0.1 });
+        0.1, [&](double share) { steps.push_back(share); }, [&] { finished = true; });
+    EXPECT_EQ(steps, std::vector<double> { 1 });
     EXPECT_TRUE(finished);
     Fade fade([] {});
     fade.moveTo(1, 0.09);
     EXPECT_EQ(fade.value(), 1);
+    PageStack stack;
+    stack.addPage(new QWidget, PageEdge::leading);
+    stack.addPage(new QWidget, PageEdge::trailing);
+    stack.show();
+    stack.showPage(stack.findChildren<QWidget*>().at(1), testSpring);
+    EXPECT_FALSE(stack.isMoving());
+    EXPECT_EQ(stack.findChildren<QWidget*>().size(), 2);
 }
 
 TEST_F(MotionTest, FadesBackFromWhereItIs)

@@ -192,8 +192,8 @@ TEST_F(TintwellViewFocusTest, TheWorkspaceScrollsByKeysWhereverTheFocusIs)
         for (const auto key : { Qt::Key_End, Qt::Key_Home }) {
             QTest::keyClick(QApplication::focusWidget(), key);
             const int end = key == Qt::Key_End ? bar->maximum() : bar->minimum();
-            EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == end; }))
-                << nameOf(focus).toStdString();
+            settle();
+            EXPECT_EQ(bar->value(), end) << nameOf(focus).toStdString();
         }
     }
 }
