@@ -2,11 +2,10 @@
 
 #include "ColorListPane.h"
 #include "ColorMixer.h"
-#include "ReadingOrder.h"
 #include "ThemeSource.h"
 #include "ToolkitColor.h"
+#include "Window.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QWidget>
 
@@ -17,12 +16,12 @@ namespace {
 constexpr QSize windowSize { 680, 447 };
 constexpr int mixerWidth = 336;
 
-class ColorPanelWindow final : public QWidget {
+class ColorPanelWindow final : public Window {
 public:
     explicit ColorPanelWindow(const ColorPanelServices& services)
-        : QWidget(nullptr,
-            Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-                | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
+        : Window(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+                | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint,
+            [this] { close(); })
         , pasteboard_(services.pasteboard)
         , mixer_([this](const QColor& color) { copy(color); }, this)
         , lists_(
@@ -36,22 +35,11 @@ public:
         setWindowTitle(QStringLiteral("Colors"));
         setFixedSize(windowSize);
         mixer_.setGeometry(0, 0, mixerWidth, windowSize.height());
-        // Nothing is marked before the keyboard is used.
-        setFocusPolicy(Qt::ClickFocus);
-        setFocus();
         lists_.setGeometry(
             mixerWidth + 1, 0, windowSize.width() - mixerWidth - 1, windowSize.height());
     }
 
 protected:
-    bool focusNextPrevChild(bool next) override { return moveFocusInReadingOrder(*this, next); }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Escape)
-            close();
-        else
-            QWidget::keyPressEvent(event);
-    }
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(this);

@@ -85,23 +85,33 @@ private:
     Adjustable& adjustable_;
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+class HiddenFromReaders : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        state.invisible = true;
+        return state;
+    }
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
 {
     if (object == nullptr || !object->isWidgetType())
         return nullptr;
     auto* widget = static_cast<QWidget*>(object);
-    if (const auto role = widget->property(roleProperty); role.isValid())
-        return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+    if (const auto set = widget->property(roleProperty); set.isValid()) {
+        const auto role = static_cast<QAccessible::Role>(set.toInt());
+        if (role == QAccessible::NoRole)
+            return new HiddenFromReaders(widget);
+        if (auto* button = qobject_cast<QAbstractButton*>(object))
+            return new ButtonInRole(*button, role);
+        return new QAccessibleWidget(widget, role);
+    }
     if (auto* adjustable = dynamic_cast<Adjustable*>(widget))
         return new AdjustableWidget(*widget, *adjustable);
-    // To the toolkit a plain widget is a filler, even as a window. What has no parent yet has no
-    // title either.
-    if (className == QLatin1String("QWidget") && !widget->windowTitle().isEmpty())
-        return new QAccessibleWidget(widget, QAccessible::Window);
-    auto* button = qobject_cast<QAbstractButton*>(object);
-    if (button != nullptr && button->parent() != nullptr
-        && button->parent()->inherits("platform::PopupMenu"))
-        return new ButtonInRole(*button, QAccessible::MenuItem);
     auto* opener = qobject_cast<Button*>(object);
     return opener != nullptr && opener->opensMenu() ? new MenuOpener(*opener) : nullptr;
 }

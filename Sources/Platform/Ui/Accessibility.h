@@ -20,8 +20,9 @@ public:
 /// when they are made.
 void installAccessibility();
 
-/// Gives a plain widget, which would be a filler to a reader, a role of its own. To be called while
-/// it is made, as a reader asks once.
+/// Gives a plain widget, which would be a filler to a reader, or a button another role; `NoRole`
+/// hides what says nothing that is not said in words beside it. To be called while the widget is
+/// made, as a reader asks once.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 } // namespace platform

@@ -53,6 +53,8 @@ public:
         , menu_(menu)
         , index_(index)
     {
+        // Before the text, of which readers are told.
+        setAccessibleRole(*this, QAccessible::MenuItem);
         setText(menu.items_[static_cast<std::size_t>(index)].text);
         setFocusPolicy(Qt::NoFocus);
         setMouseTracking(true);

@@ -1,7 +1,5 @@
 #include "ContentWindow.h"
 
-#include "ReadingOrder.h"
-
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -16,17 +14,15 @@ constexpr QSize decoration { 8, 40 };
 
 } // namespace
 
-ContentWindow::ContentWindow(const QString& title, std::function<void()> closed)
-    : QWidget(nullptr,
-        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-            | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint)
+ContentWindow::ContentWindow(
+    const QString& title, std::function<void()> closed, std::function<void()> escape)
+    : Window(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+            | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint,
+        std::move(escape))
     , closed_(std::move(closed))
     , viewport_(this)
 {
     setWindowTitle(title);
-    // Nothing is marked before the keyboard is used.
-    setFocusPolicy(Qt::ClickFocus);
-    setFocus();
 }
 
 void ContentWindow::setContent(QWidget* content)
@@ -58,12 +54,6 @@ void ContentWindow::present()
     activateWindow();
 }
 
-/// While nothing inside has the focus, the keys come here.
-bool ContentWindow::focusNextPrevChild(bool next)
-{
-    return moveFocusInReadingOrder(*this, next);
-}
-
 void ContentWindow::closeEvent(QCloseEvent* event)
 {
     // Accepted, or the application could not quit while the window is open.
@@ -78,7 +68,7 @@ bool ContentWindow::eventFilter(QObject* watched, QEvent* event)
     if (type == QEvent::MouseButtonPress || type == QEvent::Wheel || type == QEvent::KeyPress
         || type == QEvent::TouchBegin)
         wasUsed_ = true;
-    return QWidget::eventFilter(watched, event);
+    return Window::eventFilter(watched, event);
 }
 
 } // namespace platform

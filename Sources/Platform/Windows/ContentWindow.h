@@ -2,19 +2,20 @@
 #pragma once
 
 #include "ContentViewport.h"
+#include "Window.h"
 
 #include <QString>
-#include <QWidget>
 
 #include <functional>
 
 namespace platform {
 
 /// Titled, closable and minimisable. Closing only hides it.
-class ContentWindow : public QWidget {
+class ContentWindow : public Window {
 public:
-    /// `closed` is called after the user has closed the window.
-    ContentWindow(const QString& title, std::function<void()> closed);
+    /// `closed` is called after the user has closed the window, `escape` for the key.
+    ContentWindow(
+        const QString& title, std::function<void()> closed, std::function<void()> escape = {});
 
     /// Takes the widget, which has a fixed size, as the whole content.
     void setContent(QWidget* content);
@@ -29,7 +30,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -1,14 +1,11 @@
 #include "PanelWindow.h"
 
 #include "ContentWindow.h"
-#include "ReadingOrder.h"
 #include "X11Window.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QEasingCurve>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -50,12 +47,11 @@ private:
 };
 
 PanelWindow::PanelWindow(std::function<bool()> staysOpen)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : Window(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint, [this] { dismiss(); })
     , staysOpen_(std::move(staysOpen))
     , viewport_(this)
 {
     setWindowTitle(QCoreApplication::applicationName());
-    setFocusPolicy(Qt::ClickFocus);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
 }
 
@@ -98,13 +94,8 @@ void PanelWindow::openBeside(const QRect& anchor)
     room_ = frame_.shadowRoom(placement_.direction);
     setGeometry(placement_.frame.marginsAdded(room_));
     layOut();
-    if (frame_.isComposited())
-        opening_.run(PanelFrame::openingSeconds, [this](double seconds) {
-            showOpening(QEasingCurve(QEasingCurve::OutCubic)
-                            .valueForProgress(seconds / PanelFrame::openingSeconds));
-        });
-    else
-        showOpening(1);
+    opening_.run(frame_.isComposited() ? PanelFrame::openingSeconds : 0,
+        [this](double share) { showOpening(easedOut(share)); });
     // Nothing is marked before the keyboard is used.
     setFocus();
     show();
@@ -196,20 +187,6 @@ void PanelWindow::showEvent(QShowEvent* /*event*/)
     // Window managers forget the states of a window that is hidden.
     if (const auto display = X11Display::current())
         prepareNativeWindow(*display);
-}
-
-void PanelWindow::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        dismiss();
-    else
-        QWidget::keyPressEvent(event);
-}
-
-/// While nothing inside has the focus, the keys come here.
-bool PanelWindow::focusNextPrevChild(bool next)
-{
-    return moveFocusInReadingOrder(*this, next);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)

@@ -5,10 +5,10 @@
 #include "Motion.h"
 #include "PanelFrame.h"
 #include "PanelPlacement.h"
+#include "Window.h"
 
 #include <QMargins>
 #include <QRect>
-#include <QWidget>
 
 #include <array>
 #include <chrono>
@@ -21,7 +21,7 @@ class X11Display;
 
 /// A frameless window for X11, where a program places its windows itself. It closes when the user
 /// turns to something else: another program, or an ordinary window with content of its own.
-class PanelWindow : public QWidget {
+class PanelWindow : public Window {
 public:
     /// `staysOpen` is true while the panel stays although another window has the focus, such as
     /// during a pick.
@@ -41,8 +41,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -3,7 +3,6 @@
 #include "ColorDrag.h"
 
 #include <QApplication>
-#include <QShortcut>
 
 #include <utility>
 
@@ -56,12 +55,9 @@ platform::PanelWindow& MainPanel::panel()
 platform::ContentWindow& MainPanel::window()
 {
     auto* view = content().view.data();
-    if (!window_) {
-        window_
-            = std::make_unique<platform::ContentWindow>(QStringLiteral("Tintwell"), events_.closed);
-        auto* escape = new QShortcut(Qt::Key_Escape, window_.get());
-        QObject::connect(escape, &QShortcut::activated, window_.get(), events_.escape);
-    }
+    if (!window_)
+        window_ = std::make_unique<platform::ContentWindow>(
+            QStringLiteral("Tintwell"), events_.closed, events_.escape);
     if (view->window() != window_.get())
         window_->setContent(panel_ ? panel_->takeContent() : view);
     return *window_;

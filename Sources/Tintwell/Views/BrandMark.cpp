@@ -1,10 +1,10 @@
 #include "BrandMark.h"
 
+#include "Accessibility.h"
 #include "Shapes.h"
 #include "Symbols.h"
 #include "ThemeSource.h"
 
-#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
@@ -39,26 +39,6 @@ QImage readMascot()
     return {};
 }
 
-/// The picture says nothing that is not said in words beside it.
-class HiddenFromReaders final : public QAccessibleWidget {
-public:
-    using QAccessibleWidget::QAccessibleWidget;
-
-    [[nodiscard]] QAccessible::State state() const override
-    {
-        auto state = QAccessibleWidget::state();
-        state.invisible = true;
-        return state;
-    }
-};
-
-QAccessibleInterface* accessibleBrand(const QString& className, QObject* object)
-{
-    return className == QLatin1String(BrandMark::staticMetaObject.className())
-        ? new HiddenFromReaders(static_cast<QWidget*>(object))
-        : nullptr;
-}
-
 } // namespace
 
 const QImage& BrandMark::mascot()
@@ -71,7 +51,7 @@ BrandMark::BrandMark(QWidget* parent, QImage picture)
     : QWidget(parent)
     , picture_(std::move(picture))
 {
-    QAccessible::installFactory(accessibleBrand);
+    platform::setAccessibleRole(*this, QAccessible::NoRole);
     setFixedSize(side, side);
 }
 

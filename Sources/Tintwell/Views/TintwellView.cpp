@@ -3,7 +3,6 @@
 #include "Metrics.h"
 #include "PopupMenu.h"
 #include "QtColor.h"
-#include "ReadingOrder.h"
 #include "Separator.h"
 #include "Stack.h"
 #include "ThemeSource.h"
@@ -187,11 +186,6 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
             [&] { return new SavedWorkspace(model_, actions_.dateText); });
     }
     return nullptr;
-}
-
-bool TintwellView::focusNextPrevChild(bool next)
-{
-    return platform::moveFocusInReadingOrder(*this, next);
 }
 
 /// The workspace scrolls wherever the focus is.

@@ -96,7 +96,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -5,6 +5,7 @@
 #include "PaletteModelsJson.h"
 #include "TemporaryFolder.h"
 #include "TintwellView.h"
+#include "Window.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
@@ -35,6 +36,7 @@ protected:
     void close()
     {
         view_.reset();
+        window_.reset();
         model_.reset();
         desktop_.reset();
         opened_ = quits_ = 0;
@@ -49,9 +51,13 @@ protected:
         view_ = std::make_unique<TintwellView>(*model_,
             ViewActions { [this] { ++opened_; }, [this] { ++quits_; },
                 [](platform::Timestamp) { return std::string("Nov 22, 2026, 10:00 AM"); } });
-        view_->QWidget::show();
-        view_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view_.get()));
+        window_ = std::make_unique<platform::Window>();
+        view_->setParent(window_.get());
+        window_->resize(view_->size());
+        window_->show();
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        view_->setFocus();
         settle();
     }
 
@@ -173,6 +179,7 @@ protected:
     platform::TemporaryFolder folder_;
     std::unique_ptr<FakeDesktop> desktop_;
     std::unique_ptr<TintwellModel> model_;
+    std::unique_ptr<platform::Window> window_;
     std::unique_ptr<TintwellView> view_;
     int opened_ = 0;
     int quits_ = 0;

@@ -138,13 +138,13 @@ TEST_F(TintwellViewFocusTest, TheFocusReturnsToSampleAfterAPick)
             pressWithKey(sample, Qt::Key_Space);
         else
             QTest::mouseClick(sample, Qt::LeftButton);
-        view_->setVisible(!hides);
+        window_->setVisible(!hides);
         settle();
         EXPECT_EQ(view_->focusWidget(), nullptr);
         if (*elsewhere != '\0')
             QTest::mouseClick(button(elsewhere), Qt::LeftButton);
-        view_->QWidget::show();
-        view_->activateWindow();
+        window_->show();
+        window_->activateWindow();
         desktop_->sampler->answer({});
         settle();
         EXPECT_EQ(nameOf(view_->focusWidget()).toStdString(), expected);
