@@ -177,4 +177,14 @@ SavedRowState savedRowState(const SavedPalette& palette, const DateFormatter& da
     return state;
 }
 
+SavedState savedState(const TintwellModel& model, DateFormatter dateText)
+{
+    const auto row = [&model, dateText = std::move(dateText)](std::size_t index) {
+        const auto& all = model.savedPalettes();
+        return index < all.size() ? std::optional(savedRowState(all[index], dateText))
+                                  : std::nullopt;
+    };
+    return { model.savedPalettes().size(), row };
+}
+
 } // namespace tintwell

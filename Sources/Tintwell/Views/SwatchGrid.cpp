@@ -2,7 +2,6 @@
 
 #include "Fonts.h"
 #include "QtColor.h"
-#include "Stack.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
@@ -22,7 +21,6 @@ using platform::TextStyle;
 constexpr int cellSpacing = 5;
 constexpr int columnSpacing = 9;
 constexpr int rowSpacing = 12;
-constexpr int headingSpacing = 2;
 constexpr double markSize = 13;
 
 /// What differs between the two sizes of a cell.
@@ -42,8 +40,6 @@ const CellStyle& styleOf(bool compact)
 }
 
 const TextStyle hexStyle { .size = 9, .design = platform::FontDesign::monospaced };
-const TextStyle titleStyle { .size = 14, .weight = QFont::DemiBold };
-const TextStyle subtitleStyle { .size = 11 };
 
 /// One line, cut with an ellipsis at the end where it is too long.
 void drawLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
@@ -181,20 +177,6 @@ void SwatchGrid::layOut()
 void SwatchGrid::resizeEvent(QResizeEvent*)
 {
     layOut();
-}
-
-SectionHeading::SectionHeading(QWidget* parent)
-    : QWidget(parent)
-    , title_(new platform::Label(titleStyle))
-    , subtitle_(new platform::Label(subtitleStyle, platform::ColorRole::secondary))
-{
-    setLayout(platform::vstack(headingSpacing, { title_, subtitle_ }, {}));
-}
-
-void SectionHeading::show(const std::string& title, const std::string& subtitle)
-{
-    title_->setText(QString::fromStdString(title));
-    subtitle_->setText(QString::fromStdString(subtitle));
 }
 
 namespace {

@@ -4,7 +4,6 @@
 #include "Animation.h"
 #include "CopiedMark.h"
 #include "FocusRing.h"
-#include "Label.h"
 #include "NativeColorSwatch.h"
 #include "SwatchMotion.h"
 #include "Tint.h"
@@ -71,19 +70,6 @@ private:
     CopyColor copy_;
     std::size_t columns_ = 0;
     std::vector<SwatchCell*> cells_;
-};
-
-/// A section's title over its one-line description.
-class SectionHeading : public QWidget {
-    Q_OBJECT
-public:
-    explicit SectionHeading(QWidget* parent = nullptr);
-
-    void show(const std::string& title, const std::string& subtitle);
-
-private:
-    platform::Label* title_;
-    platform::Label* subtitle_;
 };
 
 /// Moves the keyboard focus from one swatch below `root` to its neighbour in the direction of an

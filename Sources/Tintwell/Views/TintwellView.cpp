@@ -1,7 +1,6 @@
 #include "TintwellView.h"
 
 #include "Metrics.h"
-#include "PopupMenu.h"
 #include "QtColor.h"
 #include "Separator.h"
 #include "Stack.h"
@@ -12,14 +11,14 @@
 #include <QPainter>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace tintwell {
 
 namespace {
 
 constexpr QSize panelSize { 448, 680 };
 constexpr int pickerPaddingY = 10;
-constexpr int footerPaddingY = 11;
-constexpr int footerSpacing = 10;
 
 platform::Tint toTint(const TintState& state)
 {
@@ -37,42 +36,6 @@ QStringList tabTitles()
 
 } // namespace
 
-UtilityFooter::UtilityFooter(TintwellModel& model, const ViewActions& actions, QWidget* parent)
-    : QWidget(parent)
-    , model_(model)
-    , status_(new platform::StatusLine({ .size = 10 }, platform::ColorRole::secondary))
-    , menu_(platform::menuButton(QStringLiteral("More")))
-{
-    using platform::Metrics::margin;
-    auto* save
-        = platform::prominentButton(QStringLiteral("Save + Install"), platform::Symbol::tray);
-    connect(save, &platform::Button::clicked, this, [this] { model_.saveAndInstallCurrent(); });
-    connect(menu_, &platform::Button::clicked, this, [this, actions] { openMenu(actions); });
-    // A long status is cut; it never widens the panel.
-    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    setLayout(platform::padded(
-        platform::hstack(footerSpacing, { platform::flexible(status_), save, menu_ }),
-        QMargins(
-            margin, footerPaddingY, margin - platform::Metrics::opticalOverhang, footerPaddingY)));
-}
-
-void UtilityFooter::show(const std::string& status)
-{
-    status_->announce(QString::fromStdString(status));
-}
-
-void UtilityFooter::openMenu(const ViewActions& actions)
-{
-    platform::PopupMenu::open(*menu_,
-        { { QStringLiteral("Open macOS Colors"), platform::Symbol::palette,
-              [this, open = actions.openColorPanel] {
-                  open();
-                  model_.setStatus("Opened macOS Colors");
-              } },
-            {}, { QStringLiteral("Quit Tintwell"), platform::Symbol::power, actions.quit } },
-        tint_, menu_->hasFocus() && !menu_->underMouse());
-}
-
 TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* parent)
     : QWidget(parent)
     , model_(model)
@@ -80,7 +43,7 @@ TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* p
     , header_(new CaptureHeader(model))
     , workspacePicker_(new platform::SegmentedPicker(QStringLiteral("Workspace"), tabTitles()))
     , workspace_(new platform::PageStack)
-    , footer_(new UtilityFooter(model, actions_))
+    , footer_(new UtilityFooter(model, actions_.openColorPanel, actions_.quit))
     , bridge_([&model](auto willChange) { return model.observe(std::move(willChange)); },
           [this](const auto& spring) { show(spring); })
 {
@@ -156,7 +119,7 @@ void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)
         themes_->show(themesState(model_), change);
         break;
     case WorkspaceTab::saved:
-        saved_->show();
+        saved_->show(savedState(model_, actions_.dateText));
         break;
     }
     // What was built just now has not seen the tint yet.
@@ -183,9 +146,24 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
         return built(themes_, platform::PageEdge::none, [&] { return new ThemeWorkspace(copy); });
     case WorkspaceTab::saved:
         return built(saved_, platform::PageEdge::trailing,
-            [&] { return new SavedWorkspace(model_, actions_.dateText); });
+            [this] { return new SavedWorkspace(savedActions()); });
     }
     return nullptr;
+}
+
+SavedActions TintwellView::savedActions()
+{
+    const auto toPalette = [this](void (TintwellModel::*act)(const SavedPalette&)) {
+        return [this, act](const platform::Uuid& id) {
+            const auto& all = model_.savedPalettes();
+            const auto palette = std::find_if(
+                all.begin(), all.end(), [&](const SavedPalette& each) { return each.id == id; });
+            if (palette != all.end())
+                (model_.*act)(*palette);
+        };
+    };
+    return { toPalette(&TintwellModel::use), toPalette(&TintwellModel::install),
+        toPalette(&TintwellModel::deletePalette) };
 }
 
 /// The workspace scrolls wherever the focus is.

@@ -1,4 +1,5 @@
-// The header of the panel.
+#include "CaptureHeader.h"
+
 #include "BrandMark.h"
 #include "ColorMimeData.h"
 #include "MacColorIntegration.h"
@@ -6,7 +7,6 @@
 #include "QtColor.h"
 #include "Stack.h"
 #include "Theme.h"
-#include "TintwellView.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>

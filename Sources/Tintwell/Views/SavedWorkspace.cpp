@@ -1,20 +1,17 @@
-// The Saved workspace: the library, or a hint where it is empty.
+#include "SavedWorkspace.h"
+
 #include "Fonts.h"
-#include "Label.h"
 #include "Metrics.h"
 #include "QtColor.h"
-#include "Separator.h"
 #include "Shapes.h"
 #include "Stack.h"
 #include "Symbols.h"
 #include "ThemeSource.h"
-#include "Workspaces.h"
 
 #include <QPainter>
-#include <QVBoxLayout>
 
 #include <algorithm>
-#include <functional>
+#include <utility>
 
 namespace tintwell {
 
@@ -115,7 +112,7 @@ private:
     std::vector<RGBAColor> colors_;
 };
 
-SavedPaletteRow::SavedPaletteRow(const RowActions& actions, QWidget* parent)
+SavedPaletteRow::SavedPaletteRow(const SavedActions& actions, QWidget* parent)
     : QWidget(parent)
     , name_(new platform::Label(nameStyle, platform::ColorRole::text, {}, this))
     , date_(new platform::Label(dateStyle, platform::ColorRole::secondary, {}, this))
@@ -129,9 +126,9 @@ SavedPaletteRow::SavedPaletteRow(const RowActions& actions, QWidget* parent)
         button->setParent(this);
         button->resize(button->sizeHint());
     }
-    connect(use_, &platform::Button::clicked, this, actions.onUse);
-    connect(install_, &platform::Button::clicked, this, actions.onInstall);
-    connect(delete_, &platform::Button::clicked, this, actions.onDelete);
+    for (const auto& [button, act] : { std::pair(use_, actions.use),
+             std::pair(install_, actions.install), std::pair(delete_, actions.remove) })
+        connect(button, &platform::Button::clicked, this, [this, act = act] { act(shown_.id); });
 }
 
 int SavedPaletteRow::rowHeight()
@@ -174,43 +171,24 @@ void SavedPaletteRow::resizeEvent(QResizeEvent*)
         0, height() - separator_->sizeHint().height(), width(), separator_->sizeHint().height());
 }
 
-SavedWorkspace::SavedWorkspace(TintwellModel& model, DateFormatter dateText, QWidget* parent)
+SavedWorkspace::SavedWorkspace(SavedActions actions, QWidget* parent)
     : QWidget(parent)
-    , model_(model)
-    , dateText_(std::move(dateText))
+    , actions_(std::move(actions))
     , list_(new platform::RecyclingList(
-          SavedPaletteRow::rowHeight(), [this](QWidget* list) { return makeRow(list); },
+          SavedPaletteRow::rowHeight(),
+          [this](QWidget* list) {
+              auto* row = new SavedPaletteRow(actions_, list);
+              platform::applyTint(*row, tint_);
+              return row;
+          },
           [this](QWidget& row, std::size_t index) {
-              // A palette may be gone before the list has heard of it.
-              if (index < model_.savedPalettes().size())
-                  static_cast<SavedPaletteRow&>(row).show(
-                      savedRowState(model_.savedPalettes()[index], dateText_));
+              if (const auto state = shown_.row(index))
+                  static_cast<SavedPaletteRow&>(row).show(*state);
           }))
     , area_(new platform::ScrollArea(list_))
     , empty_(new EmptyState(this))
 {
     area_->setParent(this);
-    show();
-}
-
-QWidget* SavedWorkspace::makeRow(QWidget* parent)
-{
-    // The row is not known yet when its actions are made.
-    auto made = std::make_shared<SavedPaletteRow*>(nullptr);
-    const auto withPalette = [&model = model_, made](auto action) {
-        return [&model, made, action] {
-            for (const auto& palette : model.savedPalettes())
-                if (palette.id == (*made)->shown().id)
-                    return std::invoke(action, model, palette);
-        };
-    };
-    auto* row = new SavedPaletteRow(
-        { withPalette(&TintwellModel::use), withPalette(&TintwellModel::install),
-            withPalette(&TintwellModel::deletePalette) },
-        parent);
-    *made = row;
-    platform::applyTint(*row, tint_);
-    return row;
 }
 
 void SavedWorkspace::resizeEvent(QResizeEvent*)
@@ -219,12 +197,12 @@ void SavedWorkspace::resizeEvent(QResizeEvent*)
     empty_->setGeometry(0, 0, width(), std::max(height(), emptyHeight));
 }
 
-void SavedWorkspace::show()
+void SavedWorkspace::show(const SavedState& state)
 {
-    const auto count = model_.savedPalettes().size();
-    area_->setVisible(count > 0);
-    empty_->setVisible(count == 0);
-    list_->reload(count);
+    shown_ = state;
+    area_->setVisible(state.count > 0);
+    empty_->setVisible(state.count == 0);
+    list_->reload(state.count);
 }
 
 } // namespace tintwell

@@ -1,7 +1,8 @@
-#include "Workspaces.h"
+#include "SwatchWorkspaces.h"
 
 #include "Metrics.h"
 #include "Separator.h"
+#include "Stack.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -13,6 +14,10 @@ namespace {
 constexpr int sectionPaddingY = 16;
 constexpr int sectionSpacing = 12;
 constexpr int themeSpacing = 14;
+constexpr int headingSpacing = 2;
+
+const platform::TextStyle titleStyle { .size = 14, .weight = QFont::DemiBold };
+const platform::TextStyle subtitleStyle { .size = 11 };
 
 /// A column without padding of its own.
 QVBoxLayout* columnIn(QWidget* widget, int spacing)
@@ -23,15 +28,21 @@ QVBoxLayout* columnIn(QWidget* widget, int spacing)
     return column;
 }
 
-/// The content of a workspace: its sections go into a column that ends where they end.
-QWidget* makeContent()
+} // namespace
+
+SectionHeading::SectionHeading(QWidget* parent)
+    : QWidget(parent)
+    , title_(new platform::Label(titleStyle))
+    , subtitle_(new platform::Label(subtitleStyle, platform::ColorRole::secondary))
 {
-    auto* content = new QWidget;
-    columnIn(content, 0)->setAlignment(Qt::AlignTop);
-    return content;
+    setLayout(platform::vstack(headingSpacing, { title_, subtitle_ }, {}));
 }
 
-} // namespace
+void SectionHeading::show(const std::string& title, const std::string& subtitle)
+{
+    title_->setText(QString::fromStdString(title));
+    subtitle_->setText(QString::fromStdString(subtitle));
+}
 
 PaletteSectionView::PaletteSectionView(CopyColor copy, QWidget* parent)
     : QWidget(parent)
@@ -74,6 +85,30 @@ void ThemeSection::show(const ThemeState& state, const std::optional<platform::S
     contrasts_->show(state.contrasts);
 }
 
+SwatchWorkspace::SwatchWorkspace(CopyColor copy, QWidget* parent)
+    : ScrollArea(new QWidget, parent)
+    , copy_(std::move(copy))
+{
+    // The column ends where its sections end.
+    columnIn(widget(), 0)->setAlignment(Qt::AlignTop);
+}
+
+template <typename Section, typename State>
+void SwatchWorkspace::showSections(std::vector<Section*>& sections,
+    const std::vector<State>& states, const std::optional<platform::Spring>& spring)
+{
+    using platform::Metrics::margin;
+    auto* column = widget()->layout();
+    while (sections.size() < states.size()) {
+        if (!sections.empty())
+            column->addWidget(new platform::Separator(margin, margin));
+        sections.push_back(new Section(copy_));
+        column->addWidget(sections.back());
+    }
+    for (std::size_t i = 0; i < states.size(); ++i)
+        sections[i]->show(states[i], spring);
+}
+
 void SwatchWorkspace::keyPressEvent(QKeyEvent* event)
 {
     if (!moveSwatchFocus(*widget(), event->key()))
@@ -81,46 +116,16 @@ void SwatchWorkspace::keyPressEvent(QKeyEvent* event)
     revealFocus();
 }
 
-StudioWorkspace::StudioWorkspace(CopyColor copy, QWidget* parent)
-    : SwatchWorkspace(makeContent(), parent)
-    , copy_(std::move(copy))
-{
-}
-
 void StudioWorkspace::show(
     const std::vector<SectionState>& sections, const std::optional<platform::Spring>& spring)
 {
-    auto* column = widget()->layout();
-    while (sections_.size() < sections.size()) {
-        if (!sections_.empty())
-            column->addWidget(
-                new platform::Separator(platform::Metrics::margin, platform::Metrics::margin));
-        sections_.push_back(new PaletteSectionView(copy_));
-        column->addWidget(sections_.back());
-    }
-    for (std::size_t i = 0; i < sections.size(); ++i)
-        sections_[i]->show(sections[i], spring);
-}
-
-ThemeWorkspace::ThemeWorkspace(CopyColor copy, QWidget* parent)
-    : SwatchWorkspace(makeContent(), parent)
-    , copy_(std::move(copy))
-{
+    showSections(sections_, sections, spring);
 }
 
 void ThemeWorkspace::show(
     const std::vector<ThemeState>& themes, const std::optional<platform::Spring>& spring)
 {
-    auto* column = widget()->layout();
-    while (themes_.size() < themes.size()) {
-        if (!themes_.empty())
-            column->addWidget(
-                new platform::Separator(platform::Metrics::margin, platform::Metrics::margin));
-        themes_.push_back(new ThemeSection(copy_));
-        column->addWidget(themes_.back());
-    }
-    for (std::size_t i = 0; i < themes.size(); ++i)
-        themes_[i]->show(themes[i], spring);
+    showSections(themes_, themes, spring);
 }
 
 } // namespace tintwell
