@@ -3,14 +3,12 @@
 
 #include <QPainterPath>
 
-#include <optional>
 #include <string_view>
 
 namespace platform {
 
-/// Reads absolute path data: M, L, H, V, C, A and Z with any number of coordinate groups each,
-/// separated by spaces or commas (the radii and flags of an arc as well). Anything else, also a
-/// path that does not begin with M, gives nothing.
-[[nodiscard]] std::optional<QPainterPath> parsePathData(std::string_view data);
+/// The path of absolute path data, which the program itself holds: M, L, H, V, C and Z, each with
+/// any number of coordinate groups separated by spaces; after the first group M goes on as L.
+[[nodiscard]] QPainterPath pathOf(std::string_view data);
 
 } // namespace platform

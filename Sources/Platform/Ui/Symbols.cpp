@@ -48,8 +48,9 @@ constexpr auto paletteOutline = "M12 3.1C6.85 3.1 2.9 7.05 2.9 12C2.9 17 6.8 20.
                                 "3.1Z";
 constexpr auto paletteDots = "M7 12.6L8.7 8.2L13.2 6.9L17.1 9.9";
 constexpr auto dropper
-    = "M9.2 8.2V3.5A2.8 2.8 0 0 1 14.8 3.5V8.2 M6.9 8.3H17.1 M9.3 8.6V16.7C9.3 17.1 9.42 17.5 9.66 "
-      "17.82L12 20.9L14.34 17.82C14.58 17.5 14.7 17.1 14.7 16.7V8.6 M12 20.9V23.2";
+    = "M9.2 8.2V3.5C9.2 1.9536 10.4536 0.7 12 0.7C13.5464 0.7 14.8 1.9536 14.8 3.5V8.2"
+      "M6.9 8.3H17.1M9.3 8.6V16.7C9.3 17.1 9.42 17.5 9.66 17.82L12 20.9L14.34 17.82"
+      "C14.58 17.5 14.7 17.1 14.7 16.7V8.6M12 20.9V23.2";
 constexpr auto dropperContent
     = "M9.3 13.2V16.7C9.3 17.1 9.42 17.5 9.66 17.82L12 20.9L14.34 17.82C14.58 17.5 14.7 17.1 14.7 "
       "16.7V13.2Z";
@@ -60,9 +61,10 @@ const auto drawings = std::to_array<Drawing>({
     { Symbol::eyedropperHalf, { { Ink::stroke, dropper }, { Ink::fill, dropperContent } }, 45 },
     { Symbol::copy,
         { { Ink::stroke,
-            "M8.9 15.9H7.1A2.6 2.6 0 0 1 4.5 13.3V5.5A2.6 2.6 0 0 1 7.1 2.9H12.3A2.6 2.6 0 0 1 "
-            "14.9 5.5V7.6 M11.5 7.9H16.9A2.6 2.6 0 0 1 19.5 10.5V18.5A2.6 2.6 0 0 1 16.9 21.1"
-            "H11.5A2.6 2.6 0 0 1 8.9 18.5V10.5A2.6 2.6 0 0 1 11.5 7.9Z" } } },
+            "M8.9 15.9H7.1C5.6641 15.9 4.5 14.7359 4.5 13.3V5.5C4.5 4.0641 5.6641 2.9 7.1 2.9"
+            "H12.3C13.7359 2.9 14.9 4.0641 14.9 5.5V7.6M11.5 7.9H16.9"
+            "C18.3359 7.9 19.5 9.0641 19.5 10.5V18.5C19.5 19.9359 18.3359 21.1 16.9 21.1H11.5"
+            "C10.0641 21.1 8.9 19.9359 8.9 18.5V10.5C8.9 9.0641 10.0641 7.9 11.5 7.9Z" } } },
     { Symbol::checkmark, { { Ink::stroke, "M4.6 12.9L9.6 17.9L19.4 6.6" } } },
     // The seal's own shape is a formula, not path data.
     { Symbol::seal, { { Ink::clearStroke, "M7.9 12.5L10.8 15.3L16.2 9", 2 } } },
@@ -72,9 +74,14 @@ const auto drawings = std::to_array<Drawing>({
             { Ink::clearDots, paletteDots, 3 } } },
     { Symbol::tray,
         { { Ink::stroke,
-            "M12 3.2V14.6M7.4 10.2L12 14.8L16.6 10.2 M3.6 14.2V17.6A3 3 0 0 0 6.6 20.6H17.4A3 3 0 "
-            "0 0 20.4 17.6V14.2" } } },
-    { Symbol::power, { { Ink::stroke, "M7.3 5.6A8.3 8.3 0 1 0 16.7 5.6M12 2.9V11.4" } } },
+            "M12 3.2V14.6M7.4 10.2L12 14.8L16.6 10.2M3.6 14.2V17.6"
+            "C3.6 19.2569 4.9431 20.6 6.6 20.6H17.4C19.0569 20.6 20.4 19.2569 20.4 17.6V14.2" } } },
+    { Symbol::power,
+        { { Ink::stroke,
+            "M7.3 5.6C4.303 7.659 2.9952 11.429 4.0731 14.9017"
+            "C5.1511 18.3743 8.3639 20.7411 12 20.7411"
+            "C15.6361 20.7411 18.8489 18.3743 19.9269 14.9017"
+            "C21.0048 11.429 19.697 7.659 16.7 5.6M12 2.9V11.4" } } },
     { Symbol::ellipsis, { { Ink::dots, "M5.2 12L12 12L18.8 12", 3.3 } } },
     { Symbol::stackSlash,
         { { Ink::stroke,
@@ -83,9 +90,10 @@ const auto drawings = std::to_array<Drawing>({
             { Ink::clearStroke, slash, -2.7 }, { Ink::stroke, slash } } },
     { Symbol::trash,
         { { Ink::stroke,
-            "M4.2 6.6H19.8M9.1 6.3V5.2A2 2 0 0 1 11.1 3.2H12.9A2 2 0 0 1 14.9 5.2V6.3M6.2 6.8L7 "
-            "18.1A2.7 2.7 0 0 0 9.7 20.7H14.3A2.7 2.7 0 0 0 17 18.1L17.8 6.8M10.1 10.9V16.4M13.9 "
-            "10.9V16.4" } } },
+            "M4.2 6.6H19.8M9.1 6.3V5.2C9.1 4.0954 9.9954 3.2 11.1 3.2H12.9"
+            "C14.0046 3.2 14.9 4.0954 14.9 5.2V6.3M6.2 6.8L7 18.1"
+            "C7.0538 19.552 8.247 20.701 9.7 20.7H14.3C15.753 20.701 16.9462 19.552 17 18.1"
+            "L17.8 6.8M10.1 10.9V16.4M13.9 10.9V16.4" } } },
 });
 
 QPainterPath sealShape()
@@ -125,8 +133,7 @@ QPainterPath dotsOn(const QPainterPath& path, double diameter)
 
 QPainterPath areaOf(const Step& step, double stroke)
 {
-    const auto path = QTransform::fromScale(detail, detail)
-                          .map(parsePathData(step.data).value_or(QPainterPath()));
+    const auto path = QTransform::fromScale(detail, detail).map(pathOf(step.data));
     const auto width = detail
         * (step.width > 0        ? step.width
                 : step.width < 0 ? -step.width * stroke
@@ -198,10 +205,9 @@ void paintBrand(QPainter& painter, const QRectF& box, double radius)
         = std::to_array<Chip>({ { -36, 0xFF9784FF }, { 36, 0xFFFFC470 }, { 0, 0xFFFF94A8 } });
     constexpr double sideSpace = 64;
     constexpr QPointF pivot(32, 45);
-    static const auto chipShape = parsePathData(
-        "M23.5 16.5A5.5 5.5 0 0 1 29 11H35A5.5 5.5 0 0 1 40.5 16.5V45A8.5 8.5 0 0 1 "
-        "23.5 45Z")
-                                      .value_or(QPainterPath());
+    static const auto chipShape
+        = pathOf("M23.5 16.5C23.5 13.4624 25.9624 11 29 11H35C38.0376 11 40.5 13.4624 40.5 16.5V45"
+                 "C40.5 49.6944 36.6944 53.5 32 53.5C27.3056 53.5 23.5 49.6944 23.5 45Z");
 
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
