@@ -47,14 +47,14 @@ const std::array ringBands {
     Disc { 67.5, Qt::white },
 };
 
-struct Shadow {
+struct Drop {
     double y;
     double sigma;
     double opacity;
 };
 
-constexpr std::array ringShadows { Shadow { 8, 16, 0.28 }, Shadow { 1, 1.5, 0.22 } };
-constexpr Shadow labelShadow { 6, 9, 0.22 };
+constexpr std::array ringShadows { Drop { 8, 16, 0.28 }, Drop { 1, 1.5, 0.22 } };
+constexpr Drop labelDrop { 6, 9, 0.22 };
 
 /// How much of a Gaussian of deviation `sigma` lies below `x`.
 double gaussianBelow(double x, double sigma)
@@ -65,29 +65,6 @@ double gaussianBelow(double x, double sigma)
 QRgb blackWithOpacity(double opacity)
 {
     return qRgba(0, 0, 0, static_cast<int>(std::lround(opacity * 255)));
-}
-
-/// The shadow of a straight-edged box, which is what its corners allow at this blur.
-void paintBoxShadow(QPainter& painter, const QRectF& box, const Shadow& shadow, double scale)
-{
-    const double sigma = shadow.sigma * scale;
-    const QRect area = box.adjusted(-3 * sigma, -3 * sigma, 3 * sigma, 3 * sigma).toAlignedRect();
-    std::vector<double> across(static_cast<std::size_t>(area.width()));
-    for (int x = 0; x < area.width(); ++x) {
-        const double at = area.x() + x + 0.5;
-        across[static_cast<std::size_t>(x)]
-            = gaussianBelow(at - box.left(), sigma) - gaussianBelow(at - box.right(), sigma);
-    }
-    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < area.height(); ++y) {
-        const double at = area.y() + y + 0.5;
-        const double down
-            = gaussianBelow(at - box.top(), sigma) - gaussianBelow(at - box.bottom(), sigma);
-        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < area.width(); ++x)
-            line[x] = blackWithOpacity(shadow.opacity * down * across[static_cast<std::size_t>(x)]);
-    }
-    painter.drawImage(area.topLeft(), image);
 }
 
 /// The magnified pixels, with a line between each two.
@@ -192,7 +169,6 @@ Label layOutLabel(const ColorDescription& description, QPointF centre, const Lou
 
 void paintLabel(QPainter& painter, const Label& label, const Theme& theme, double scale)
 {
-    paintBoxShadow(painter, label.box.translated(0, labelShadow.y * scale), labelShadow, scale);
     const double outline = labelOutline * scale;
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme.menuOutline);
@@ -226,10 +202,12 @@ int LoupePainter::cellSize(double scale)
     return static_cast<int>(std::lround(cellPoints * scale));
 }
 
-const QImage& LoupePainter::ringShadow(double scale)
+void LoupePainter::makeShadows(double scale)
 {
-    if (ringShadowScale_ == scale)
-        return ringShadow_;
+    if (shadowScale_ == scale)
+        return;
+    shadowScale_ = scale;
+    labelShadow_.emplace(labelRadius * scale, labelDrop.sigma * scale);
     const int reach = static_cast<int>(std::ceil(fullReach * scale));
     QImage image(2 * reach, 2 * reach, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < image.height(); ++y) {
@@ -246,8 +224,6 @@ const QImage& LoupePainter::ringShadow(double scale)
         }
     }
     ringShadow_ = std::move(image);
-    ringShadowScale_ = scale;
-    return ringShadow_;
 }
 
 LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const LoupeMonitor& monitor,
@@ -261,7 +237,7 @@ LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const Loupe
 
     const double reach = fullReach * scale;
     const QRectF around(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach);
-    const double labelReach = (labelShadow.y + 3 * labelShadow.sigma) * scale;
+    const double labelReach = (labelDrop.y + 3 * labelDrop.sigma) * scale;
     const QRect area
         = around.united(label.box.adjusted(-labelReach, -labelReach, labelReach, labelReach))
               .toAlignedRect()
@@ -272,9 +248,12 @@ LoupePicture LoupePainter::paint(const QImage& frozen, QPoint pixel, const Loupe
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-area.topLeft());
+    makeShadows(scale);
+    labelShadow_->paint(
+        painter, label.box.translated(0, labelDrop.y * scale), faded(Qt::black, labelDrop.opacity));
     paintLabel(painter, label, theme_, scale);
-    const QImage& shadow = ringShadow(scale);
-    painter.drawImage(centre - QPointF(shadow.width() / 2.0, shadow.height() / 2.0), shadow);
+    painter.drawImage(
+        centre - QPointF(ringShadow_.width() / 2.0, ringShadow_.height() / 2.0), ringShadow_);
     paintRing(painter, centre, magnified(frozen, pixel, scale), picked, scale);
     paintCentreFrame(painter, centreCell, picked, scale);
     painter.end();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Color.h"
+#include "Shadow.h"
 #include "Theme.h"
 
 #include <QImage>
@@ -9,6 +10,7 @@
 #include <QRect>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -50,11 +52,12 @@ public:
     [[nodiscard]] static int cellSize(double scale);
 
 private:
-    const QImage& ringShadow(double scale);
+    void makeShadows(double scale);
 
     const Theme& theme_;
     QImage ringShadow_;
-    double ringShadowScale_ = 0;
+    std::optional<Shadow> labelShadow_;
+    double shadowScale_ = 0;
 };
 
 } // namespace platform

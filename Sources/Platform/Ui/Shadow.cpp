@@ -53,16 +53,22 @@ Plane blurredAndTurned(const Plane& from, const std::vector<float>& kernel)
 
 } // namespace
 
+/// Points between two samples.
+int Shadow::step() const
+{
+    return std::max(1, static_cast<int>(sigma_ / 4));
+}
+
 int Shadow::reach() const
 {
-    return static_cast<int>(std::ceil(3 * sigma_));
+    return step() * static_cast<int>(std::ceil(3 * sigma_ / step()));
 }
 
 void Shadow::paint(QPainter& painter, const QRectF& shape, const QColor& color)
 {
     const QSize size(qCeil(shape.width()), qCeil(shape.height()));
-    const auto room = 2 * reach();
-    if (mask_.size() != size + QSize(room, room)) {
+    if (size != size_) {
+        size_ = size;
         blur(size);
         color_ = {};
     }
@@ -77,19 +83,24 @@ void Shadow::paint(QPainter& painter, const QRectF& shape, const QColor& color)
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(
-        QRectF(shape.topLeft() - QPointF(reach(), reach()), QSizeF(mask_.size())), image_);
+        QRectF(shape.topLeft() - QPointF(reach(), reach()), QSizeF(mask_.size() * step())), image_);
     painter.restore();
 }
 
 void Shadow::blur(const QSize& size)
 {
-    const auto room = reach();
-    const auto width = size.width() + 2 * room;
-    const auto height = size.height() + 2 * room;
+    const auto room = reach() / step();
+    const auto samples
+        = [this, room](int points) { return qCeil(points / double(step())) + 2 * room; };
+    const auto width = samples(size.width());
+    const auto height = samples(size.height());
     mask_ = QImage(width, height, QImage::Format_Alpha8);
     mask_.fill(0);
     QPainter painter(&mask_);
-    paintPlate(painter, QRectF(QPointF(room, room), size), radius_, Qt::black);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(1.0 / step(), 1.0 / step());
+    painter.fillPath(
+        smoothRoundedRect(QRectF(QPointF(reach(), reach()), size), radius_), Qt::black);
     painter.end();
 
     Plane plane { static_cast<std::size_t>(width), static_cast<std::size_t>(height), {} };
@@ -98,7 +109,7 @@ void Shadow::blur(const QSize& size)
         const auto* line = mask_.constScanLine(y);
         plane.samples.insert(plane.samples.end(), line, line + width);
     }
-    const auto kernel = gaussianKernel(sigma_, room);
+    const auto kernel = gaussianKernel(sigma_ / step(), room);
     plane = blurredAndTurned(blurredAndTurned(plane, kernel), kernel);
     auto sample = plane.samples.cbegin();
     for (int y = 0; y < height; ++y) {

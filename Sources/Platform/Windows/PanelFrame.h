@@ -2,7 +2,8 @@
 // plain line where it does not.
 #pragma once
 
-#include <QImage>
+#include "Shadow.h"
+
 #include <QMargins>
 #include <QPoint>
 #include <QRect>
@@ -18,10 +19,7 @@ public:
     /// The way that the panel travels while it opens.
     static constexpr double openingTravel = 4;
 
-    explicit PanelFrame(bool composited)
-        : composited_(composited)
-    {
-    }
+    explicit PanelFrame(bool composited);
 
     [[nodiscard]] bool isComposited() const { return composited_; }
     /// Between the bar and the panel.
@@ -44,8 +42,8 @@ private:
     void paintOutline(QPainter& painter, const QRect& panel) const;
 
     bool composited_;
-    /// The blurred shadow at a quarter of the size, made when first needed.
-    mutable QImage shadow_;
+    /// Keeps its picture from one painting to the next.
+    mutable Shadow shadow_;
 };
 
 } // namespace platform
