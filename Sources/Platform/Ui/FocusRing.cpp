@@ -16,8 +16,8 @@ namespace {
 
 constexpr double fullReach = Metrics::focusRingGap + Metrics::focusRingThickness;
 
-/// Whether the keyboard moved the focus last: decides where the focus comes back without anyone's
-/// doing, as when a window becomes active again.
+/// Whether the keyboard moved the focus last. If so, the ring is also shown where the focus comes
+/// back by itself, as when a window becomes active again.
 bool& keyboardInUse()
 {
     static bool inUse = false;

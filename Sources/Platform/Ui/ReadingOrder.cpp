@@ -13,11 +13,11 @@ namespace {
 
 bool isStop(const QWidget& widget)
 {
-    // Who passes the focus on is represented by whom it passes it to.
+    // A widget with a focus proxy is no stop itself: its proxy is.
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !widget.focusProxy();
 }
 
-/// Appends the stops below `part`; the way to `focused` counts even when it has been hidden.
+/// Appends the stops below `part`: those in sight, and `focused` even when it has been hidden.
 void collectStops(const QWidget& part, const QWidget* focused, std::vector<QWidget*>& stops)
 {
     auto children = part.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
@@ -45,7 +45,7 @@ bool moveFocusInReadingOrder(QWidget& root, bool next)
     auto here = std::find(stops.begin(), stops.end(), focused);
     auto reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
     if (here != stops.end() && !focused->isVisible()) {
-        // Nobody pressed a key: whether the focus shows stays as it was.
+        // Nobody pressed a key, so the ring is shown only if it was shown before.
         reason = Qt::OtherFocusReason;
         next = false;
         here = stops.erase(here);

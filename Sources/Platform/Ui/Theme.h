@@ -43,8 +43,8 @@ enum class ColorRole { text, secondary, tertiary, destructive };
 /// `color` with its alpha multiplied by `opacity`, 0…1.
 [[nodiscard]] QColor faded(const QColor& color, double opacity);
 
-/// The way from `from` to `to`, component by component in gamma-encoded sRGB. `progress` may
-/// overshoot 0…1; the components are clamped.
+/// The colour at `progress` between `from` (0) and `to` (1), component by component in
+/// gamma-encoded sRGB. `progress` may overshoot 0…1; the components are clamped.
 [[nodiscard]] QColor blended(const QColor& from, const QColor& to, double progress);
 
 } // namespace platform

@@ -18,7 +18,7 @@ Appearance appearanceOf(const QPalette& palette)
     return background.lightnessF() < text.lightnessF() ? Appearance::dark : Appearance::light;
 }
 
-/// Of the text colour behind selected text and menu entries.
+/// Opacity of the text colour behind selected text and menu entries.
 constexpr double selectionOpacity = 0.18;
 
 QPalette paletteOf(const Theme& theme)
@@ -64,7 +64,7 @@ ThemeSource::ThemeSource(QObject* parent)
     , reducesMotion_(styleReducesMotion())
 {
     parent->installEventFilter(this);
-    // What the toolkit draws itself: the menu of a tray, the choice of lists, tips.
+    // For what the toolkit draws itself: the tray's menu, the choice of lists, tooltips.
     QApplication::setFont(fontOf({ .size = 13 }), "QMenu");
     QToolTip::setFont(fontOf({ .size = 11 }));
     applyPalette();
@@ -105,7 +105,7 @@ bool ThemeSource::eventFilter(QObject* watched, QEvent* event)
 void ThemeSource::readToolkitPalette()
 {
     readingPalette_ = true;
-    // Without a palette of our own the application shows the toolkit's, which follows the desktop.
+    // The toolkit's palette, which follows the desktop, shows once ours is taken away.
     QApplication::setPalette(QPalette());
     toolkitAppearance_ = appearanceOf(QApplication::palette());
     applyPalette();

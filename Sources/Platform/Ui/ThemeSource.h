@@ -1,4 +1,4 @@
-// Which appearance the desktop asks for now, and whether things may move.
+// Whether the interface is light or dark now, and whether things may move.
 #pragma once
 
 #include "Theme.h"
@@ -10,7 +10,7 @@
 
 namespace platform {
 
-/// What the desktop asks for; nothing where it has no opinion or cannot be asked.
+/// What the desktop asks for; `nullopt` where it has no opinion or cannot be asked.
 struct DesktopPreferences {
     std::optional<Appearance> appearance;
     std::optional<bool> reducesMotion;
@@ -35,7 +35,7 @@ public:
     /// True when the desktop asks for no animation: everything then switches at once.
     [[nodiscard]] bool reducesMotion() const { return reducesMotion_; }
 
-    /// A fixed choice for pictures and tests; nothing follows the desktop again.
+    /// A fixed choice for pictures and tests; `nullopt` follows the desktop again.
     void setAppearance(std::optional<Appearance> appearance);
     void setReducesMotion(std::optional<bool> reduces);
 
@@ -43,7 +43,7 @@ public:
     void setDesktopPreferences(const DesktopPreferences& preferences);
 
 Q_SIGNALS:
-    /// The theme or the wish for motion is another one; the palette has been set already.
+    /// The theme or the wish for motion has changed, and the palette has been set.
     void changed();
 
 protected:

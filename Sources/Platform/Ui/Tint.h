@@ -7,7 +7,7 @@ class QWidget;
 
 namespace platform {
 
-/// All colours that depend on the accent; the application works them out.
+/// The accent and all colours that depend on it, which the application works out.
 struct Tint {
     QColor fill { 0x6E, 0x56, 0xCF };
     /// Text and symbols on `fill`.
@@ -23,7 +23,7 @@ struct Tint {
     bool operator==(const Tint&) const = default;
 };
 
-/// The way from one tint to another, each colour in gamma-encoded sRGB and clamped.
+/// The tint at `progress` between `from` (0) and `to` (1), colour by colour.
 [[nodiscard]] Tint blended(const Tint& from, const Tint& to, double progress);
 
 /// The line inside a shape filled with the tint; transparent when it needs none.
