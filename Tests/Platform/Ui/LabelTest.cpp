@@ -10,8 +10,6 @@
 #include <QAccessible>
 #include <QApplication>
 
-#include <array>
-
 namespace platform {
 namespace {
 
@@ -28,19 +26,6 @@ int inkIn(const QImage& image)
             ink += image.pixel(x, y) != image.pixel(0, 0);
     }
     return ink;
-}
-
-TEST(LineHeight, IsFixedForEverySizeOfTheDesign)
-{
-    constexpr auto expected = std::to_array<std::pair<double, int>>({ { 24, 29 }, { 15, 18 },
-        { 14, 17 }, { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 }, { 20, 24 } });
-    for (const auto& [size, height] : expected) {
-        EXPECT_EQ(lineHeightOf(size), height);
-        const TextStyle style { .size = size };
-        EXPECT_GT(baselineOf(style), height * 0.6);
-        EXPECT_LT(baselineOf(style), height);
-    }
-    EXPECT_EQ(lineHeightOf(TextStyle { .size = 11, .lineHeight = 15 }), 15);
 }
 
 TEST(Label, CutsWhatDoesNotFitAndKeepsTheWholeTextForReaders)
@@ -150,13 +135,6 @@ TEST_F(RollingTextTest, LooksLikePlainTextBeforeAndAfter)
     RollingText plain(code, ColorRole::text, QStringLiteral("#6E56C0"));
     plain.resize(text_.size());
     EXPECT_EQ(text_.grab().toImage(), plain.grab().toImage());
-}
-
-TEST_F(RollingTextTest, SwitchesAtOnceWithoutASpring)
-{
-    text_.rollTo(QStringLiteral("#000000"), {});
-    EXPECT_FALSE(text_.isMoving());
-    EXPECT_EQ(text_.cellProgress(3), 1);
 }
 
 TEST(FadingName, ShowsTheOldTextFirstAndTheNewOneAtTheEnd)
