@@ -20,28 +20,41 @@ using simdjson::ondemand::json_type;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// A well-formed number that simdjson refuses: infinity for one beyond the range, or one with an
-/// exponent of very many digits.
-std::optional<double> unusualNumber(std::string_view text)
+/// Whether a number that the conversion accepts is one in JSON, too: it has digits on either side
+/// of its point, and no more zeros than one in front.
+bool isJsonNumber(std::string_view text)
+{
+    if (text.starts_with('-'))
+        text.remove_prefix(1);
+    const auto isDigit
+        = [text](std::size_t at) { return at < text.size() && text[at] >= '0' && text[at] <= '9'; };
+    std::size_t end = 0;
+    while (isDigit(end))
+        ++end;
+    return end > 0 && (end == 1 || text[0] != '0')
+        && (end == text.size() || text[end] != '.' || isDigit(end + 1));
+}
+
+/// The number in a token, which ends where the next one begins; infinity for one that is too large.
+/// simdjson 3.0.1 itself misreads some of many digits.
+std::optional<double> numberIn(std::string_view token)
 {
     double number = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    std::string_view digits(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
-    if (text.find_first_not_of(" \t\r\n", digits.size()) != std::string_view::npos)
+    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), number);
+    const auto size = static_cast<std::size_t>(end - token.data());
+    if (!isJsonNumber(token.substr(0, size))
+        || token.find_first_not_of(" \t\r\n", size) != std::string_view::npos)
         return std::nullopt;
-    // What the conversion accepts and JSON does not: zeros in front, a point without digits.
-    if (digits.starts_with('-'))
-        digits.remove_prefix(1);
-    const auto point = digits.find('.');
-    const auto startsWithDigit
-        = [](std::string_view rest) { return !rest.empty() && rest[0] >= '0' && rest[0] <= '9'; };
-    if (!startsWithDigit(digits) || (digits[0] == '0' && startsWithDigit(digits.substr(1)))
-        || (point != std::string_view::npos && !startsWithDigit(digits.substr(point + 1))))
-        return std::nullopt;
-    if (result.ec == std::errc {})
+    if (error == std::errc {})
         return number;
     static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
-    return ::strtod_l(std::string(text.data(), result.ptr).c_str(), nullptr, plain);
+    return ::strtod_l(std::string(token, 0, size).c_str(), nullptr, plain);
+}
+
+/// Whether a token is a string that says what stands in it, which saves a copy.
+bool isPlainString(std::string_view token)
+{
+    return token.starts_with('"') && token.find('\\') == std::string_view::npos;
 }
 
 /// Where a string does not end in its line; simdjson only says that there is one.
@@ -101,12 +114,8 @@ error_code skip(simdjson::simdjson_result<simdjson::ondemand::value> result, int
         return levels > 0 ? skipArray(value, levels - 1) : simdjson::DEPTH_ERROR;
     case json_type::object:
         return levels > 0 ? skipObject(value, levels - 1) : simdjson::DEPTH_ERROR;
-    case json_type::number: {
-        const auto error = value.get_double().error();
-        const bool isUnusual
-            = error == simdjson::NUMBER_ERROR && unusualNumber(value.raw_json_token());
-        return isUnusual ? simdjson::SUCCESS : error;
-    }
+    case json_type::number:
+        return numberIn(value.raw_json_token()) ? simdjson::SUCCESS : simdjson::NUMBER_ERROR;
     case json_type::string:
         return value.get_string().error();
     case json_type::boolean:
@@ -127,26 +136,29 @@ JsonDocument::JsonDocument(std::string text)
     const simdjson::padded_string_view json(
         text_.data() + start, text_.size() - start, text_.capacity() - start);
     const auto error = parser_.iterate(json).get(document_);
-    value_ = error;
+    outermost_ = error;
     if (error == simdjson::SUCCESS)
-        value_ = document_.get_value();
+        outermost_ = document_.get_value();
 }
 
 bool JsonDocument::readNumber(double& number)
 {
-    // simdjson 3.0.1 gives some numbers of more than 19 digits a value of another magnitude.
-    constexpr std::size_t mostDigits = 19;
-    const auto error = value_.get_double().get(number);
-    const bool isLong
-        = error == simdjson::SUCCESS && value_.raw_json_token().value_unsafe().size() > mostDigits;
-    return error == simdjson::NUMBER_ERROR || isLong ? readUnusualNumber(number)
-                                                     : succeeded(error, "a number");
+    json_type type {};
+    if (value_->type().get(type) != simdjson::SUCCESS || type != json_type::number)
+        return failExpecting("a number");
+    const auto read = numberIn(value_->raw_json_token());
+    if (!read)
+        return failInLine("valid JSON", offset());
+    number = *read;
+    return std::isfinite(number) || failExpecting("a number of at most 1.8e308");
 }
 
 bool JsonDocument::readString(std::string& text)
 {
     std::string_view read;
-    if (!succeeded(value_.get_string().get(read), "a string"))
+    if (value_->raw_json_token().get(read) == simdjson::SUCCESS && isPlainString(read))
+        read = read.substr(1, read.rfind('"') - 1);
+    else if (!succeeded(value_->get_string().get(read), "a string"))
         return false;
     text.assign(read);
     return true;
@@ -154,19 +166,19 @@ bool JsonDocument::readString(std::string& text)
 
 bool JsonDocument::readBoolean(bool& value)
 {
-    return succeeded(value_.get_bool().get(value), "true or false");
+    return succeeded(value_->get_bool().get(value), "true or false");
 }
 
 bool JsonDocument::readNull()
 {
     bool isNull = false;
-    return value_.is_null().get(isNull) == simdjson::SUCCESS && isNull;
+    return value_->is_null().get(isNull) == simdjson::SUCCESS && isNull;
 }
 
 bool JsonDocument::skipValue()
 {
     constexpr int mostLevels = 512;
-    return succeeded(skip(value_, mostLevels), "a value");
+    return succeeded(skip(*value_, mostLevels), "a value");
 }
 
 bool JsonDocument::readEnd()
@@ -205,19 +217,6 @@ bool JsonDocument::succeeded(error_code error, std::string_view what)
     default:
         return failInLine("valid JSON", offset());
     }
-}
-
-/// simdjson reports the same for what is no number, a malformed one and one that is too large.
-bool JsonDocument::readUnusualNumber(double& number)
-{
-    const auto type = value_.type();
-    if (type.error() != simdjson::SUCCESS || type.value_unsafe() != json_type::number)
-        return failExpecting("a number");
-    const auto unusual = unusualNumber(value_.raw_json_token());
-    if (!unusual)
-        return failInLine("valid JSON", offset());
-    number = *unusual;
-    return std::isfinite(number) || failExpecting("a number of at most 1.8e308");
 }
 
 bool JsonDocument::failInLine(std::string_view what, std::size_t at)

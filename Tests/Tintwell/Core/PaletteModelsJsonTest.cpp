@@ -151,6 +151,7 @@ TEST(PaletteModelsJson, TakesWhatHandsAndOtherProgramsMakeOfIt)
         { "2026-11-22T10:00:00Z", "2026-11-21T23:30:00-10:30" },
         { "1e-07", "0.0000001" },
         { "0.3", "0.30000000000000000000000000000000000000000000000000000001" },
+        { "0.2", "0.19999999999999999999999999999999999999999999999999999999" },
         { "1e-07", "1E-0000000000000000000000007" },
         { R"("alpha": 0.5,)", R"("alpha": 0.25, "alpha": 0.5,)" },
         { R"("colors": [)", R"("colors": [], "colors": [)" },
@@ -166,6 +167,9 @@ TEST(PaletteModelsJson, TakesWhatHandsAndOtherProgramsMakeOfIt)
 TEST(PaletteModelsJson, SaysWhichMemberOfWhichEntryIsWrong)
 {
     constexpr auto date = R"(entry 1, "createdAt": expected a date like 2026-11-22T10:00:00Z)";
+    constexpr auto escape = R"(entry 1, "name": expected a valid "\" escape in line 28)";
+    constexpr auto number
+        = R"(entry 1, "colors" 2, "color", "red": expected valid JSON in line 19)";
     const struct {
         std::string_view from;
         std::string_view to;
@@ -194,6 +198,10 @@ TEST(PaletteModelsJson, SaysWhichMemberOfWhichEntryIsWrong)
         { "\"Violet\"", "\"Vio\nlet\"", "expected a quote at the end of the string in line 28" },
         { "\"Violet\"", "\"Vio\xFFlet\"", "expected UTF-8 text in line 28" },
         { "\"Violet\",", "\"Violet\"", "entry 1: expected valid JSON in line 29" },
+        { "\"Violet\"", R"("\x")", escape },
+        { "\"Violet\"", R"("\ud800")", escape },
+        { "\"red\": -1", "\"red\": -01", number },
+        { "\"red\": -1", "\"red\": 1.", number },
     };
     for (const auto& row : rows) {
         EXPECT_EQ(errorOf<Library>(sampleWith(row.from, row.to)), row.error) << row.to;
