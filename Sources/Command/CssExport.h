@@ -7,7 +7,7 @@
 
 namespace tintwell {
 
-/// The `exportColors` of a palette as CSS custom properties.
+/// All colours of a palette as CSS custom properties, the same ones for every source.
 ///
 /// An id such as "tone.500" becomes `--tintwell-tone-500`. Theme roles lose their prefix and follow
 /// the reader's preference or a `data-theme` attribute: `--tintwell-background` is light by

@@ -47,7 +47,7 @@ std::optional<RGBAColor> ThemePalette::colorNamed(std::string_view name) const
     return role == colors.end() ? std::nullopt : std::optional(role->color);
 }
 
-std::vector<NamedColor> GeneratedPalette::exportColors() const
+std::vector<NamedColor> GeneratedPalette::allColors() const
 {
     std::vector<NamedColor> list;
     list.push_back({ "source", "Source \u2014 " + sourceName, source, std::nullopt });
@@ -57,7 +57,12 @@ std::vector<NamedColor> GeneratedPalette::exportColors() const
     append(list, tonal.colors);
     appendTheme(list, lightTheme, "light.", "Light \u2014 ");
     appendTheme(list, darkTheme, "dark.", "Dark \u2014 ");
+    return list;
+}
 
+std::vector<NamedColor> GeneratedPalette::exportColors() const
+{
+    auto list = allColors();
     std::unordered_set<std::string> keys;
     std::erase_if(list, [&keys](const auto& entry) {
         return !keys.insert(entry.name + "|" + entry.color.hex()).second;

@@ -63,9 +63,12 @@ struct GeneratedPalette {
     ThemePalette lightTheme;
     ThemePalette darkTheme;
 
-    /// The flat list that stands for the palette outside the system: the source, every section,
-    /// then both themes with "light." and "dark." before their ids. An entry whose name and hex
-    /// text came before is left out.
+    /// The source, every section, then both themes with "light." and "dark." before their ids:
+    /// the same ids for every source.
+    [[nodiscard]] std::vector<NamedColor> allColors() const;
+
+    /// The flat list that stands for the palette outside the system: `allColors` without entries
+    /// whose name and hex text came before.
     [[nodiscard]] std::vector<NamedColor> exportColors() const;
 
     bool operator==(const GeneratedPalette&) const = default;
