@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -56,6 +57,8 @@ int main(int argc, char* argv[])
         std::puts("tintwell " TINTWELL_VERSION);
         return EXIT_SUCCESS;
     }
+    // A file that may not grow any more is an error of the write, not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     auto* const usualHandler = qInstallMessageHandler(onToolkitMessage);
     const QApplication application(argc, argv);
     qInstallMessageHandler(usualHandler);
