@@ -2,13 +2,15 @@
 
 #include "CssExport.h"
 #include "GimpPalette.h"
-#include "JsonDocument.h"
+#include "JsonOutput.h"
 #include "MacColorIntegration.h"
 #include "NumberText.h"
 #include "PaletteGenerator.h"
 #include "PaletteLayout.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <string_view>
 
 namespace tintwell {
@@ -32,11 +34,30 @@ struct Level {
     };
 // clang-format on
 
+/// False for sources, as a library edited by hand may hold, whose coordinates are no numbers.
+bool isDerivable(const RGBAColor& source)
+{
+    const OKLCH coordinates(source);
+    return std::isfinite(coordinates.lightness) && std::isfinite(coordinates.chroma)
+        && std::isfinite(coordinates.hue);
+}
+
+std::string componentText(double component)
+{
+    std::array<char, 32> digits {};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), component);
+    return { digits.data(), end.ptr };
+}
+
 } // namespace
 
 platform::Result<std::string> paletteText(
     const RGBAColor& source, PaletteFormat format, const Terminal& terminal)
 {
+    if (!isDerivable(source))
+        return platform::Error { "No palette follows from a source as far outside 0 to 1 as red "
+            + componentText(source.red) + ", green " + componentText(source.green) + ", blue "
+            + componentText(source.blue) };
     const auto palette = PaletteGenerator().generate(source);
     switch (format) {
     case PaletteFormat::layout:
@@ -73,7 +94,8 @@ std::string nameText(const RGBAColor& color)
 
 std::string contrastLevels(double ratio)
 {
-    auto text = fixedPoint(ratio, 2) + ":1\n";
+    // Cut, not rounded: the number must not reach what the ratio does not.
+    auto text = fixedPoint(std::floor(ratio * 100) / 100, 2) + ":1\n";
     for (const std::string_view name : { "AA", "AAA" }) {
         std::string uses;
         for (const auto& level : levels)
@@ -89,7 +111,7 @@ std::string contrastReport(
     const RGBAColor& foreground, const RGBAColor& background, const Terminal& terminal)
 {
     auto report = contrastLevels(contrastRatio(foreground, background));
-    if (!terminal.colors)
+    if (!terminal.hasColors())
         return report;
     const ColorNamer namer;
     const auto sample

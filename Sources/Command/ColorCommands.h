@@ -25,8 +25,7 @@ enum class ExportFormat { json, gimp, css };
 /// The English name of a colour.
 [[nodiscard]] std::string nameText(const RGBAColor& color);
 
-/// The contrast ratio with two decimals, then the levels of WCAG 2 that it reaches. The levels go
-/// by the exact ratio, not by the rounded one.
+/// The contrast ratio cut to two decimals, then the levels of WCAG 2 that it reaches.
 [[nodiscard]] std::string contrastLevels(double ratio);
 
 /// `contrastLevels` of two colours, on a terminal below a sample of the one on the other.

@@ -46,9 +46,9 @@ constexpr Words<ExportFormat, 3> exportFormats { {
     { "gpl", ExportFormat::gimp },
     { "css", ExportFormat::css },
 } };
-constexpr Words<ListFormat, 2> listFormats { {
-    { "text", ListFormat::layout },
-    { "json", ListFormat::json },
+constexpr Words<LibraryFormat, 2> libraryFormats { {
+    { "text", LibraryFormat::layout },
+    { "json", LibraryFormat::json },
 } };
 
 /// "--format" with the first of `words` as its default. `words` and `format` outlive `command`.
@@ -145,7 +145,7 @@ private:
         addLibrary(save);
 
         auto& list = add(Command::listLibrary, "list", "List the saved palettes, newest first");
-        addFormat(list, listFormats, request_.listFormat);
+        addFormat(list, libraryFormats, request_.libraryFormat);
         addLibrary(list);
 
         auto& deleting = add(Command::deletePalette, "delete", "Delete a saved palette");
@@ -222,8 +222,8 @@ std::string misuseOf(const Request& request)
         return "--library goes with save, list, delete, use and install only";
     if (request.library && request.library->empty())
         return "--library needs the name of a file";
-    if (request.id && request.id->empty())
-        return "an id needs at least its first character";
+    if (request.id && request.id->size() < 4)
+        return "an id needs at least its first four characters";
     if (request.command == Command::install && request.color.has_value() == request.id.has_value())
         return "install takes either a COLOR or --id ID";
     return "";

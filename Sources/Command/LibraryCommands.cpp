@@ -1,6 +1,6 @@
 #include "LibraryCommands.h"
 
-#include "JsonDocument.h"
+#include "JsonOutput.h"
 #include "PaletteGenerator.h"
 #include "PaletteLayout.h"
 #include "TintwellViewState.h"
@@ -29,8 +29,9 @@ platform::Result<std::vector<SavedPalette>> load(PalettePersistence& library)
 {
     auto palettes = library.load();
     if (!palettes)
-        return platform::Error { "Saved palettes could not be loaded: "
-            + palettes.error().description };
+        return platform::Error { "Saved palettes could not be loaded from "
+            + printable(library.url().string()) + ": " + palettes.error().description
+            + "; mend that file, or move it away to begin a new library" };
     return palettes;
 }
 
@@ -83,6 +84,65 @@ std::string hexStrip(const std::vector<NamedColor>& colors)
     return strip;
 }
 
+/// "Violet · #6E56CF · ID" on a line.
+std::string summary(const SavedPalette& palette)
+{
+    return printable(palette.name) + " · " + palette.source.hex() + " · " + palette.id.text()
+        + "\n";
+}
+
+std::string plainLine(const SavedPalette& palette, int nameWidth)
+{
+    return palette.id.text() + "  " + platform::formatIso8601(palette.createdAt) + "  "
+        + fitted(printable(palette.name), nameWidth) + "  " + palette.source.hex() + "  "
+        + hexStrip(palette.colors) + "\n";
+}
+
+/// How many cells each column of a list takes on a terminal; 0 leaves it out.
+struct ListColumns {
+    std::size_t id;
+    std::size_t date;
+    int name;
+    int strip;
+};
+
+ListColumns listColumns(const std::vector<SavedPalette>& palettes, int nameWidth, int width)
+{
+    constexpr int gap = 2;
+    constexpr int shortestName = 10;
+    constexpr int sourceWidth = 10; // two cells of color, a space, the hex text
+    const auto id = idLength(palettes);
+    const int fixed = static_cast<int>(id) + sourceWidth + shortestName + 2 * gap;
+    ListColumns columns { id, 0, 0, 0 };
+    int left = width - fixed;
+    // The day alone where the time does not fit beside it.
+    for (const std::size_t date : { std::string_view("2026-11-22T10:00:00Z").size(),
+             std::string_view("2026-11-22").size() }) {
+        const int taken = static_cast<int>(date) + gap;
+        if (left < taken)
+            continue;
+        columns.date = date;
+        left -= taken;
+        break;
+    }
+    columns.name = std::min({ nameWidth, longestNameColumn, shortestName + std::max(left, 0) });
+    const int strip = left + shortestName - columns.name - gap;
+    columns.strip = strip < static_cast<int>(mostStripColors) ? 0 : std::min(strip, longestStrip);
+    return columns;
+}
+
+std::string terminalLine(const SavedPalette& palette, const ListColumns& columns)
+{
+    auto line = palette.id.text().substr(0, columns.id) + "  ";
+    if (columns.date > 0)
+        line += platform::formatIso8601(palette.createdAt).substr(0, columns.date) + "  ";
+    line += fitted(printable(palette.name), columns.name) + "  " + swatch(palette.source, 2) + " "
+        + palette.source.hex();
+    if (columns.strip > 0)
+        line += "  " + colorStrip(palette.colors, columns.strip);
+    return line + "\n";
+}
+
 } // namespace
 
 platform::Result<SavedPalette> findSaved(
@@ -110,7 +170,7 @@ platform::Result<SavedPalette> findSaved(
 }
 
 Report saveColor(PalettePersistence& library, const RGBAColor& source, platform::Uuid id,
-    platform::Timestamp now)
+    platform::Timestamp now, LibraryFormat format)
 {
     const auto palette = PaletteGenerator().generate(source);
     const SavedPalette saved { id, palette.sourceName, now, source, palette.exportColors() };
@@ -120,24 +180,26 @@ Report saveColor(PalettePersistence& library, const RGBAColor& source, platform:
     });
     if (!done)
         return Report::failure(done.error().description);
-    return Report::printed("Saved " + saved.name + " · " + source.hex() + " · " + id.text() + "\n");
+    if (format == LibraryFormat::json)
+        return Report::of(jsonDocument(saved, JsonStyle::pretty));
+    return Report::printed("Saved " + summary(saved));
 }
 
 Report deleteSaved(PalettePersistence& library, std::string_view prefix)
 {
-    std::string name;
+    std::string deleted;
     const auto done = edit(
         library, "Delete failed: ", [&](std::vector<SavedPalette>& list) -> platform::Result<void> {
             const auto found = findSaved(list, prefix);
             if (!found)
                 return found.error();
-            name = found.value().name;
+            deleted = summary(found.value());
             std::erase_if(list, [&](const auto& other) { return other.id == found.value().id; });
             return {};
         });
     if (!done)
         return Report::failure(done.error().description);
-    return Report::printed("Deleted " + printable(name) + "\n");
+    return Report::printed("Deleted " + deleted);
 }
 
 platform::Result<SavedPalette> loadSaved(PalettePersistence& library, std::string_view prefix)
@@ -148,46 +210,29 @@ platform::Result<SavedPalette> loadSaved(PalettePersistence& library, std::strin
     return findSaved(palettes.value(), prefix);
 }
 
-Report listSaved(PalettePersistence& library, ListFormat format, const Terminal& terminal)
+Report listSaved(PalettePersistence& library, LibraryFormat format, const Terminal& terminal)
 {
     const auto palettes = load(library);
     if (!palettes)
         return Report::failure(palettes.error().description);
-    switch (format) {
-    case ListFormat::json:
+    if (format == LibraryFormat::json)
         return Report::of(jsonDocument(palettes.value(), JsonStyle::pretty));
-    case ListFormat::layout:
-        break;
-    }
     return Report::printed(libraryLayout(palettes.value(), terminal));
 }
 
 std::string libraryLayout(const std::vector<SavedPalette>& palettes, const Terminal& terminal)
 {
-    if (palettes.empty() && terminal.colors)
+    if (palettes.empty() && terminal.hasColors())
         return "No saved palettes yet; tintwell-cli save COLOR keeps one\n";
     int nameWidth = 0;
     for (const auto& palette : palettes)
         nameWidth = std::max(nameWidth, displayWidth(printable(palette.name)));
-    if (terminal.colors)
-        nameWidth = std::min(nameWidth, longestNameColumn);
-    const auto shownId = terminal.colors ? idLength(palettes) : std::string::npos;
-
+    const auto columns
+        = listColumns(palettes, nameWidth, std::max(terminal.columns, narrowestLayout));
     std::string text;
-    for (const auto& palette : palettes) {
-        auto line = palette.id.text().substr(0, shownId) + "  "
-            + platform::formatIso8601(palette.createdAt) + "  "
-            + fitted(printable(palette.name), nameWidth) + "  ";
-        const auto hex = palette.source.hex() + "  ";
-        if (terminal.colors) {
-            const int left = terminal.columns - displayWidth(line + hex) - 3;
-            line += painted("  ", { .fill = palette.source }) + " " + hex
-                + colorStrip(palette.colors, std::min(left, longestStrip));
-        } else {
-            line += hex + hexStrip(palette.colors);
-        }
-        text += line += "\n";
-    }
+    for (const auto& palette : palettes)
+        text += terminal.hasColors() ? terminalLine(palette, columns)
+                                     : plainLine(palette, nameWidth);
     return text;
 }
 

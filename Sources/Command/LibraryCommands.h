@@ -16,26 +16,27 @@ namespace tintwell {
 [[nodiscard]] platform::Result<SavedPalette> findSaved(
     const std::vector<SavedPalette>& palettes, std::string_view prefix);
 
-/// Puts the palette of `source` at the front of the library.
-[[nodiscard]] Report saveColor(PalettePersistence& library, const RGBAColor& source,
-    platform::Uuid id, platform::Timestamp now);
+enum class LibraryFormat { layout, json };
 
-/// Takes the palette whose id begins with `prefix` out of the library.
+/// Puts the palette of `source` at the front of the library; prints its name, hex text and id, or
+/// its entry.
+[[nodiscard]] Report saveColor(PalettePersistence& library, const RGBAColor& source,
+    platform::Uuid id, platform::Timestamp now, LibraryFormat format);
+
+/// Takes the palette whose id begins with `prefix` out of the library; prints what went.
 [[nodiscard]] Report deleteSaved(PalettePersistence& library, std::string_view prefix);
 
 /// The saved palette whose id begins with `prefix`.
 [[nodiscard]] platform::Result<SavedPalette> loadSaved(
     PalettePersistence& library, std::string_view prefix);
 
-enum class ListFormat { layout, json };
-
 [[nodiscard]] Report listSaved(
-    PalettePersistence& library, ListFormat format, const Terminal& terminal);
+    PalettePersistence& library, LibraryFormat format, const Terminal& terminal);
 
 /// One line a palette: id, date, name, source and a strip of the first colours.
 ///
-/// Terminals get the shortest first part of each id that stands for it alone, 8 characters or more;
-/// plain text gets whole ids and the strip as hex texts.
+/// Terminals get the shortest first part of each id that stands for it alone, 8 characters or more,
+/// and as much of date, name and strip as fits; plain text gets all, the strip as hex texts.
 [[nodiscard]] std::string libraryLayout(
     const std::vector<SavedPalette>& palettes, const Terminal& terminal);
 

@@ -5,6 +5,7 @@
 #include "TintwellViewState.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tintwell {
 
@@ -15,7 +16,6 @@ constexpr int tileGap = 2;
 constexpr int narrowestTile = 10;
 /// Wider terminals gain nothing from wider blocks.
 constexpr int widestLayout = 100;
-constexpr int narrowestLayout = 40;
 /// Two cards of a theme need this much.
 constexpr int narrowestForSideBySide = 74;
 constexpr int sourceBlock = 14;
@@ -34,6 +34,41 @@ std::string coordinates(const RGBAColor& source)
     const auto alpha = source.alpha == 1 ? "" : " / " + fixedPoint(source.alpha, 2);
     return "oklch(" + fixedPoint(color.lightness * 100, 1) + "% " + fixedPoint(color.chroma, 3)
         + " " + fixedPoint(color.hue, 1) + alpha + ")";
+}
+
+/// Where a line stands in a swatch of several, for the edge.
+enum class Row { only, top, middle, bottom };
+
+bool isNear(const RGBAColor& a, const RGBAColor& b)
+{
+    constexpr double hardlyDistinct = 1.15;
+    return contrastRatio(a, b) < hardlyDistinct;
+}
+
+/// Terminals do not tell their background; most are nearly black or nearly white.
+bool isLostOnTerminal(const RGBAColor& fill)
+{
+    return isNear(fill, { 0, 0, 0, 1 }) || isNear(fill, { 1, 1, 1, 1 });
+}
+
+/// One line of a swatch; one that is lost on what lies behind it gets an edge.
+std::string swatchRow(const RGBAColor& fill, int width, Row row, bool isLost)
+{
+    if (!isLost || width < 1)
+        return painted(spaces(width), { .fill = fill });
+    struct Edge {
+        std::string_view left;
+        std::string_view inside;
+        std::string_view right;
+    };
+    constexpr std::array edges { Edge { "▏", " ", "▕" }, Edge { "┌", "─", "┐" },
+        Edge { "│", " ", "│" }, Edge { "└", "─", "┘" } };
+    const auto& edge = edges.at(static_cast<std::size_t>(row));
+    std::string text(width > 1 ? edge.left : "│");
+    for (int at = 2; at < width; ++at)
+        text += edge.inside;
+    text += width > 1 ? edge.right : "";
+    return painted(text, { .ink = RGBAColor(0.5, 0.5, 0.5, 1), .fill = fill });
 }
 
 struct Group {
@@ -91,11 +126,16 @@ Lines sourceHeader(const GeneratedPalette& palette, int width)
 {
     const int side = width < narrowestForSideBySide ? sourceBlock / 2 : sourceBlock;
     const int room = width - side - tileGap;
-    const auto block
-        = spaces(margin) + painted(spaces(side), { .fill = palette.source }) + spaces(tileGap);
-    return { block, block + painted(fitted(palette.sourceName, room), { .bold = true }),
-        block + palette.source.hex(),
-        block + painted(fitted(coordinates(palette.source), room), { .faint = true }), block };
+    const auto block = [&](Row row) {
+        return spaces(margin)
+            + swatchRow(palette.source, side, row, isLostOnTerminal(palette.source))
+            + spaces(tileGap);
+    };
+    return { block(Row::top),
+        block(Row::middle) + painted(fitted(palette.sourceName, room), { .bold = true }),
+        block(Row::middle) + palette.source.hex(),
+        block(Row::middle) + painted(fitted(coordinates(palette.source), room), { .faint = true }),
+        block(Row::bottom) };
 }
 
 /// A title with what is said about it where there is room for both.
@@ -159,10 +199,10 @@ void appendTiles(Lines& lines, const TileRow& row)
         const auto label = row.colors[at].color.hex() + "  " + shownDetail(row.colors[at]);
         detailBeside = detailBeside && displayWidth(label) <= row.widths[at];
     }
-    const auto block = row.line([](const NamedColor& color, int width) {
-        return painted(spaces(width), { .fill = color.color });
-    });
-    lines.insert(lines.end(), 2, block);
+    for (const auto edge : { Row::top, Row::bottom })
+        lines.push_back(row.line([edge](const NamedColor& color, int width) {
+            return swatchRow(color.color, width, edge, isLostOnTerminal(color.color));
+        }));
     lines.push_back(
         row.line([](const NamedColor& color, int width) { return fitted(color.name, width); }));
     lines.push_back(row.line([&](const NamedColor& color, int width) {
@@ -232,19 +272,20 @@ Lines themeCard(const ThemePalette& theme, int width)
     const auto air = side + painted(spaces(width - 4), { .fill = role(theme, "Surface") }) + side;
     Lines lines { blank, air, preview(theme, width), air, blank };
     for (const auto& color : theme.colors) {
-        const auto swatch = side + painted("    ", { .fill = color.color });
+        const auto swatchInCard
+            = side + swatchRow(color.color, 4, Row::only, isNear(color.color, background));
         auto label = "  " + fitted(color.name, 10);
         label.append("  ").append(color.color.hex()).append("  ");
         const auto detail = color.detail.value_or("");
         const int left = width - 6 - displayWidth(label);
         // The longest caption decides, so that both cards are equally high.
         const bool beside = detail.empty() || left > displayWidth("21.0:1 contrast");
-        lines.push_back(swatch);
+        lines.push_back(swatchInCard);
         lines.back() += painted(label, writing);
         lines.back() += painted(fitted(beside ? detail : "", left), caption);
         if (beside)
             continue;
-        lines.push_back(swatch);
+        lines.push_back(swatchInCard);
         lines.back() += painted("  ", caption);
         lines.back() += painted(fitted(detail, width - 8), caption);
     }
@@ -287,7 +328,12 @@ std::string blockLayout(const GeneratedPalette& palette, int columns)
 
 std::string paletteLayout(const GeneratedPalette& palette, const Terminal& terminal)
 {
-    return terminal.colors ? blockLayout(palette, terminal.columns) : plainLayout(palette);
+    return terminal.hasColors() ? blockLayout(palette, terminal.columns) : plainLayout(palette);
+}
+
+std::string swatch(const RGBAColor& fill, int width)
+{
+    return swatchRow(fill, width, Row::only, isLostOnTerminal(fill));
 }
 
 std::string colorStrip(const std::vector<NamedColor>& colors, int columns)
@@ -298,7 +344,7 @@ std::string colorStrip(const std::vector<NamedColor>& colors, int columns)
     const int cells = std::max(columns / static_cast<int>(count), 1);
     std::string strip;
     for (std::size_t at = 0; at < count; ++at)
-        strip += painted(spaces(cells), { .fill = colors[at].color });
+        strip += swatch(colors[at].color, cells);
     return strip;
 }
 

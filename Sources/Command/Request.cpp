@@ -50,7 +50,8 @@ Report performSave(const Request& request)
 {
     return withColor(request.color, [&](const RGBAColor& color) {
         auto store = library(request);
-        return saveColor(store, color, platform::Uuid::random(), platform::currentTime());
+        return saveColor(
+            store, color, platform::Uuid::random(), platform::currentTime(), request.libraryFormat);
     });
 }
 
@@ -83,9 +84,7 @@ Report performInstall(const Request& request)
     return installColors(installer, saved.value().colors);
 }
 
-} // namespace
-
-Report perform(const Request& request, const Terminal& terminal)
+Report performCommand(const Request& request, const Terminal& terminal)
 {
     switch (request.command) {
     case Command::palette:
@@ -103,7 +102,7 @@ Report perform(const Request& request, const Terminal& terminal)
         return performSave(request);
     case Command::listLibrary: {
         auto store = library(request);
-        return listSaved(store, request.listFormat, terminal);
+        return listSaved(store, request.libraryFormat, terminal);
     }
     case Command::deletePalette: {
         auto store = library(request);
@@ -117,6 +116,16 @@ Report perform(const Request& request, const Terminal& terminal)
         break;
     }
     return Report::printed(listsLayout(colorLists().availableColorLists()));
+}
+
+} // namespace
+
+Report perform(const Request& request, const Terminal& terminal)
+{
+    auto report = performCommand(request, terminal);
+    if (terminal.depth == ColorDepth::indexed)
+        report.output = withIndexedColors(report.output);
+    return report;
 }
 
 } // namespace tintwell

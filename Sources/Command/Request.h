@@ -35,7 +35,7 @@ struct Request {
     std::optional<std::filesystem::path> library {};
     PaletteFormat paletteFormat = PaletteFormat::layout;
     ExportFormat exportFormat = ExportFormat::json;
-    ListFormat listFormat = ListFormat::layout;
+    LibraryFormat libraryFormat = LibraryFormat::layout;
 };
 
 /// Does what `request` asks. Only a stream reads and writes the standard streams itself; all other

@@ -2,8 +2,13 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
+#include <numeric>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -56,20 +61,75 @@ std::string channels(const RGBAColor& color)
     return std::to_string(red) + ";" + std::to_string(green) + ";" + std::to_string(blue);
 }
 
-} // namespace
-
-bool showsColors(const TerminalEnvironment& environment)
+/// The nearest of the 6 × 6 × 6 cube and the grey ramp of the 256 colours.
+int nearestIndex(const std::array<int, 3>& color)
 {
-    return environment.isTerminal && environment.noColor.empty() && !environment.term.empty()
-        && environment.term != "dumb";
+    constexpr std::array levels { 0, 95, 135, 175, 215, 255 };
+    constexpr int firstOfCube = 16;
+    constexpr int firstGrey = 232;
+    constexpr int mostGrey = 23;
+    const auto distance = [&color](const std::array<int, 3>& other) {
+        return std::transform_reduce(color.begin(), color.end(), other.begin(), 0, std::plus<>(),
+            [](int a, int b) { return (a - b) * (a - b); });
+    };
+    int cube = 0;
+    std::array<int, 3> inCube {};
+    for (std::size_t at = 0; at < color.size(); ++at) {
+        const auto* const nearest = std::min_element(levels.begin(), levels.end(),
+            [&](int a, int b) { return std::abs(a - color[at]) < std::abs(b - color[at]); });
+        inCube[at] = *nearest;
+        cube = cube * static_cast<int>(levels.size()) + static_cast<int>(nearest - levels.begin());
+    }
+    const int mean = (color[0] + color[1] + color[2]) / 3;
+    const int step = std::clamp((mean - 3) / 10, 0, mostGrey);
+    const int grey = 8 + 10 * step;
+    return distance({ grey, grey, grey }) < distance(inCube) ? firstGrey + step
+                                                             : firstOfCube + cube;
 }
 
-Terminal terminalBehind(int descriptor)
+/// The numbers "R;G;B" at the front of `text` as the number of one of the 256 colours; takes them
+/// off.
+std::string takeIndexed(std::string_view& text)
+{
+    std::array<int, 3> color {};
+    for (auto& channel : color) {
+        const auto read = std::from_chars(text.data(), text.data() + text.size(), channel);
+        text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
+        if (&channel != &color.back() && text.starts_with(';'))
+            text.remove_prefix(1);
+    }
+    return std::to_string(nearestIndex(color));
+}
+
+} // namespace
+
+ColorDepth colorDepth(const TerminalEnvironment& environment, ColorChoice choice)
+{
+    const auto& force = environment.colorForce;
+    const bool isForced = choice == ColorChoice::always
+        || (environment.noColor.empty() && !force.empty() && force != "0");
+    const bool isWanted = isForced || (environment.isTerminal && environment.noColor.empty());
+    if (choice == ColorChoice::never || !isWanted)
+        return ColorDepth::none;
+    const auto& announced = environment.colorTerm;
+    const bool isCapable = environment.term != "dumb" && !environment.term.empty();
+    if (isCapable
+        && (announced == "truecolor" || announced == "24bit"
+            || environment.term.ends_with("-direct")))
+        return ColorDepth::full;
+    const bool isIndexed = environment.term.find("256color") != std::string_view::npos;
+    return isIndexed || isForced ? ColorDepth::indexed : ColorDepth::none;
+}
+
+Terminal terminalBehind(int descriptor, ColorChoice choice)
 {
     Terminal terminal;
-    terminal.colors = showsColors({ .isTerminal = isatty(descriptor) == 1,
-        .term = variable("TERM"),
-        .noColor = variable("NO_COLOR") });
+    terminal.depth = colorDepth({ .isTerminal = isatty(descriptor) == 1,
+                                    .term = variable("TERM"),
+                                    .colorTerm = variable("COLORTERM"),
+                                    .noColor = variable("NO_COLOR"),
+                                    .colorForce = variable("CLICOLOR_FORCE") },
+        choice);
     winsize size {};
     if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
         terminal.columns = size.ws_col;
@@ -161,6 +221,24 @@ std::string painted(std::string_view text, const Paint& paint)
     if (codes.empty())
         return std::string(text);
     return "\x1b[" + codes.substr(1) + "m" + std::string(text) + "\x1b[0m";
+}
+
+std::string withIndexedColors(std::string_view text)
+{
+    constexpr std::string_view deep = "8;2;";
+    std::string result;
+    bool isInSequence = false;
+    while (!text.empty()) {
+        if (isInSequence && text.starts_with(deep)) {
+            text.remove_prefix(deep.size());
+            result += "8;5;" + takeIndexed(text);
+            continue;
+        }
+        isInSequence = text.front() == '\x1b' || (isInSequence && text.front() != 'm');
+        result += text.front();
+        text.remove_prefix(1);
+    }
+    return result;
 }
 
 } // namespace tintwell

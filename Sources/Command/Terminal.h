@@ -9,27 +9,37 @@
 
 namespace tintwell {
 
+/// Plain text, the 256 colours that terminals number, or all colours in 24 bits.
+enum class ColorDepth { none, indexed, full };
+
 /// How output is laid out.
 struct Terminal {
-    /// Coloured blocks in 24 bits; false is plain text.
-    bool colors = false;
+    ColorDepth depth = ColorDepth::none;
     /// Width in character cells.
     int columns = 80;
+
+    [[nodiscard]] bool hasColors() const { return depth != ColorDepth::none; }
 };
+
+/// Whether colours go by the terminal, to any output, or to none.
+enum class ColorChoice { automatic, always, never };
 
 /// The answers of an environment that decide on colours; unset variables are empty.
 struct TerminalEnvironment {
     bool isTerminal = false;
     std::string_view term;
+    std::string_view colorTerm;
     std::string_view noColor;
+    std::string_view colorForce;
 };
 
-/// Colours are for terminals that are not "dumb", unless NO_COLOR holds anything.
-[[nodiscard]] bool showsColors(const TerminalEnvironment& environment);
+/// As deep as COLORTERM or TERM announce, for terminals only. NO_COLOR turns colours off,
+/// CLICOLOR_FORCE on for any output, `choice` overrides both; forced colours that nothing announces
+/// are the 256.
+[[nodiscard]] ColorDepth colorDepth(const TerminalEnvironment& environment, ColorChoice choice);
 
-/// The terminal behind `descriptor` in this process's environment; plain text and 80 columns when
-/// there is none.
-[[nodiscard]] Terminal terminalBehind(int descriptor);
+/// The terminal behind `descriptor` in this process's environment; 80 columns when there is none.
+[[nodiscard]] Terminal terminalBehind(int descriptor, ColorChoice choice);
 
 /// `text` as valid UTF-8 in which nothing steers a terminal: control characters, line separators,
 /// direction marks and invalid bytes become U+FFFD.
@@ -57,5 +67,8 @@ struct Paint {
 
 /// `text` between the escape sequences that paint it and the one that ends all painting.
 [[nodiscard]] std::string painted(std::string_view text, const Paint& paint);
+
+/// `painted` text with each colour replaced by the nearest of the 256.
+[[nodiscard]] std::string withIndexedColors(std::string_view text);
 
 } // namespace tintwell

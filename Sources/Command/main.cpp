@@ -18,7 +18,8 @@ Report run(std::vector<std::string> arguments)
     try {
         auto parsed = tintwell::parseCommandLine(std::move(arguments));
         if (const auto* request = std::get_if<tintwell::Request>(&parsed))
-            return tintwell::perform(*request, tintwell::terminalBehind(STDOUT_FILENO));
+            return tintwell::perform(*request,
+                tintwell::terminalBehind(STDOUT_FILENO, tintwell::ColorChoice::automatic));
         return std::move(std::get<Report>(parsed));
     } catch (const std::exception& error) {
         return Report::failure(std::string("stopped by an unexpected failure: ") + error.what());

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+#include <sstream>
+
 namespace tintwell {
 namespace {
 
@@ -60,11 +63,25 @@ TEST(LibraryCommands, PlainListHasWholeIdsAndHexStrips)
 
 TEST(LibraryCommands, TerminalListShortensIdsAsFarAsTheyStayUnique)
 {
-    const Terminal terminal { .colors = true, .columns = 100 };
+    const Terminal terminal { .depth = ColorDepth::full, .columns = 100 };
     const auto one = libraryLayout({ library()[2] }, terminal);
     EXPECT_TRUE(one.starts_with("CD000000  2026-11-22T10:00:00Z  Third  \x1b[48;2;110;86;207m"));
     const auto all = libraryLayout(library(), terminal);
     EXPECT_TRUE(all.starts_with("AB000000-0000-4000-8000-000000000001  "));
+}
+
+TEST(LibraryCommands, TerminalListFitsTheWidth)
+{
+    const std::vector<SavedPalette> palettes { saved("AB000000-0000-4000-8000-000000000001", "紫"),
+        saved("CD000000-0000-4000-8000-000000000003", "A long name that somebody typed") };
+    for (int columns = 40; columns <= 120; ++columns) {
+        std::istringstream lines(libraryLayout(palettes, { ColorDepth::full, columns }));
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_NE(line.find("#6E56CF"), std::string::npos);
+            line = std::regex_replace(line, std::regex("\x1b\\[[0-9;]*m"), "");
+            EXPECT_LE(displayWidth(line), columns) << line;
+        }
+    }
 }
 
 } // namespace

@@ -42,7 +42,7 @@ std::string lineOf(const std::string& text, std::string_view start)
 
 TEST(PaletteLayout, PlainTextAlignsNamesHexTextsAndDetails)
 {
-    const auto text = paletteLayout(paletteOf("6E56CF"), { .colors = false, .columns = 20 });
+    const auto text = paletteLayout(paletteOf("6E56CF"), { .columns = 20 });
     EXPECT_EQ(linesOf(text).front(), "Violet  #6E56CF  oklch(54.2% 0.179 288.0)");
     for (const std::string_view line : {
              "Complementary  Direct contrast across the hue wheel",
@@ -66,7 +66,7 @@ TEST(PaletteLayout, BlocksStayInsideTheTerminal)
     for (const char* hex : { "6E56CF", "00FF00", "0A0A0D" })
         for (int columns = 40; columns <= 140; ++columns)
             for (const auto& line :
-                linesOf(withoutPaint(paletteLayout(paletteOf(hex), { true, columns }))))
+                linesOf(withoutPaint(paletteLayout(paletteOf(hex), { ColorDepth::full, columns }))))
                 ASSERT_LE(displayWidth(line), columns) << columns << ": " << line;
 }
 
@@ -76,10 +76,11 @@ TEST(PaletteLayout, EveryColorIsABlockWithItsHex)
     auto colors = palette.exportColors();
     colors.erase(colors.begin());
     for (const int columns : { 40, 80, 200 }) {
-        const auto text = paletteLayout(palette, { true, columns });
+        const auto text = paletteLayout(palette, { ColorDepth::full, columns });
         for (const auto& color : colors) {
             const auto block = painted(" ", { .fill = color.color });
-            EXPECT_NE(text.find(block.substr(0, block.find(' '))), std::string::npos) << color.id;
+            EXPECT_NE(text.find(block.substr(2, block.find(' ') - 2)), std::string::npos)
+                << color.id;
             EXPECT_NE(text.find(color.color.hex()), std::string::npos) << color.id;
         }
         for (const char* caption : { "17.5:1 contrast", "5.2:1 contrast", "17.6:1 contrast" })
@@ -90,7 +91,8 @@ TEST(PaletteLayout, EveryColorIsABlockWithItsHex)
 TEST(PaletteLayout, ThemesStandSideBySideWhereThereIsRoom)
 {
     const auto firstPreview = [](int columns) {
-        const auto text = withoutPaint(paletteLayout(paletteOf("6E56CF"), { true, columns }));
+        const auto text
+            = withoutPaint(paletteLayout(paletteOf("6E56CF"), { ColorDepth::full, columns }));
         const auto start = text.find("Light system");
         return text.substr(start, text.find('\n', start) - start);
     };
@@ -100,7 +102,7 @@ TEST(PaletteLayout, ThemesStandSideBySideWhereThereIsRoom)
 
 TEST(PaletteLayout, TilesOfOneSectionShareTheWidthToItsLastCell)
 {
-    const auto text = withoutPaint(paletteLayout(paletteOf("6E56CF"), { true, 80 }));
+    const auto text = withoutPaint(paletteLayout(paletteOf("6E56CF"), { ColorDepth::full, 80 }));
     EXPECT_NE(
         text.find("  Tetradic  A rectangular four-color system\n" + std::string(78, ' ') + "\n"),
         std::string::npos);
@@ -109,16 +111,26 @@ TEST(PaletteLayout, TilesOfOneSectionShareTheWidthToItsLastCell)
         std::string::npos);
 }
 
+TEST(PaletteLayout, SwatchesLikeTheTerminalsBackgroundGetAnEdge)
+{
+    for (const char* hex : { "000000", "0A0A0D", "FAFAFA", "FFFFFF" })
+        EXPECT_EQ(withoutPaint(swatch(RGBAColor::fromHex(hex).value(), 4)), "▏  ▕") << hex;
+    EXPECT_EQ(withoutPaint(swatch(RGBAColor::fromHex("6E56CF").value(), 4)), "    ");
+    const auto text = withoutPaint(paletteLayout(paletteOf("000000"), { ColorDepth::full, 80 }));
+    EXPECT_NE(text.find("\n  ┌────────────┐"), std::string::npos);
+    EXPECT_NE(text.find("│  Near Black "), std::string::npos);
+}
+
 TEST(PaletteLayout, StripShowsTwelveColorsAtMost)
 {
     auto colors = paletteOf("6E56CF").exportColors();
     const auto cells
-        = [&](int columns) { return withoutPaint(colorStrip(colors, columns)).size(); };
-    EXPECT_EQ(cells(36), 36U);
-    EXPECT_EQ(cells(30), 24U);
-    EXPECT_EQ(cells(-5), 12U);
+        = [&](int columns) { return displayWidth(withoutPaint(colorStrip(colors, columns))); };
+    EXPECT_EQ(cells(36), 36);
+    EXPECT_EQ(cells(30), 24);
+    EXPECT_EQ(cells(-5), 12);
     colors.resize(3);
-    EXPECT_EQ(cells(36), 36U);
+    EXPECT_EQ(cells(36), 36);
     EXPECT_EQ(colorStrip({}, 36), "");
 }
 

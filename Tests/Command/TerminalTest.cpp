@@ -62,21 +62,47 @@ TEST(Terminal, TextFitsIntoCells)
         EXPECT_EQ(fitted(row.text, row.columns), row.shown) << row.text << " in " << row.columns;
 }
 
-TEST(Terminal, ColorsAreForTerminalsThatTakeThem)
+TEST(Terminal, ColorsAreAsDeepAsTheTerminalSays)
 {
+    using enum ColorChoice;
+    using enum ColorDepth;
     struct Case {
-        TerminalEnvironment environment;
-        bool colors;
+        TerminalEnvironment environment; // terminal, TERM, COLORTERM, NO_COLOR, CLICOLOR_FORCE
+        ColorChoice choice;
+        ColorDepth depth;
     };
     for (const Case& row : {
-             Case { { .isTerminal = true, .term = "xterm-256color", .noColor = "" }, true },
-             Case { { .isTerminal = true, .term = "linux", .noColor = "" }, true },
-             Case { { .isTerminal = true, .term = "xterm", .noColor = "1" }, false },
-             Case { { .isTerminal = true, .term = "dumb", .noColor = "" }, false },
-             Case { { .isTerminal = true, .term = "", .noColor = "" }, false },
-             Case { { .isTerminal = false, .term = "xterm", .noColor = "" }, false },
+             Case { { true, "xterm-256color", "truecolor", "", "" }, automatic, full },
+             Case { { true, "xterm", "24bit", "", "" }, automatic, full },
+             Case { { true, "xterm-direct", "", "", "" }, automatic, full },
+             Case { { true, "screen-256color", "", "", "" }, automatic, indexed },
+             Case { { true, "screen", "", "", "" }, automatic, none },
+             Case { { true, "dumb", "truecolor", "", "" }, automatic, none },
+             Case { { false, "xterm", "truecolor", "", "" }, automatic, none },
+             Case { { true, "xterm", "truecolor", "1", "1" }, automatic, none },
+             Case { { false, "xterm", "truecolor", "", "1" }, automatic, full },
+             Case { { false, "xterm", "truecolor", "", "0" }, automatic, none },
+             Case { { false, "", "", "1", "" }, always, indexed },
+             Case { { false, "xterm", "truecolor", "1", "" }, always, full },
+             Case { { true, "xterm", "truecolor", "", "1" }, never, none },
          })
-        EXPECT_EQ(showsColors(row.environment), row.colors) << row.environment.term;
+        EXPECT_EQ(colorDepth(row.environment, row.choice), row.depth)
+            << row.environment.term << " " << row.environment.colorTerm;
+}
+
+TEST(Terminal, ColorsAreReplacedByTheNearestOf256)
+{
+    struct Case {
+        std::string_view hex;
+        std::string_view number;
+    };
+    for (const Case& row : { Case { "000000", "16" }, Case { "FFFFFF", "231" },
+             Case { "6E56CF", "62" }, Case { "FF0000", "196" }, Case { "808080", "244" },
+             Case { "EEEEEE", "255" }, Case { "0B0B0B", "232" } }) {
+        const Paint paint { .ink = RGBAColor(), .fill = RGBAColor::fromHex(row.hex), .bold = true };
+        EXPECT_EQ(withIndexedColors(painted("38;2;1;2;3m", paint)),
+            "\x1b[1;38;5;16;48;5;" + std::string(row.number) + "m38;2;1;2;3m\x1b[0m");
+    }
 }
 
 TEST(Terminal, PaintingEndsItself)

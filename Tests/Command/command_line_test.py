@@ -29,7 +29,7 @@ class Case(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.home = folder.name
         self.library = os.path.join(self.home, ".local/share/Tintwell/saved-palettes.json")
-        self.environment = {"HOME": self.home, "TERM": "xterm-256color", "LC_ALL": "de_DE.UTF-8"}
+        self.environment = {"HOME": self.home, "TERM": "xterm-256color", "COLORTERM": "truecolor", "LC_ALL": "de_DE.UTF-8"}
 
     def start(self, *arguments, **options):
         options.setdefault("stdin", subprocess.DEVNULL)
@@ -66,7 +66,7 @@ class Colors(Case):
     def test_name_and_contrast(self):
         self.assertEqual(self.done("name", "FAFAFA"), "Near White\n")
         self.assertEqual(self.done("contrast", "777777", "FFFFFF"),
-                         "4.48:1\nAA   large text, UI components\nAAA  not reached\n")
+                         "4.47:1\nAA   large text, UI components\nAAA  not reached\n")
 
     def test_palette_forms_agree(self):
         line = self.done("palette", "6E56CF", "--format=json-lines")
@@ -104,7 +104,7 @@ class Usage(Case):
 
     def test_misuse_is_one_line_and_does_nothing(self):
         for words in (("paint",), ("palette", "--wide"), ("name",), ("palette", "-6E56C"), ("export", "6E56CF", "--format", "xml"),
-                      ("install",), ("palette", "-"), ("install", "6E56CF", "--id", "A"), ("name", "6E56CF", "--library", "x"),
+                      ("install",), ("palette", "-"), ("install", "6E56CF", "--id", "ABCD"), ("name", "6E56CF", "--library", "x"),
                       ("list", "--library", ""), ("name", "6E56CF", "\x1b[2J"), (b"\xff",)):
             code, output, error = self.call(*words)
             self.assertEqual((code, output), (2, ""), words)
@@ -248,20 +248,20 @@ class Library(Case):
         self.assertRegex(self.done("list"), rf"\A{ids[1]}  .+\n{ids[0]}  .+\n\Z")
         for words in ((), ("--format", "json"), ("--format", "json-lines")):
             self.assertEqual(self.done("use", ids[1].lower(), *words), self.done("palette", "F2C14E80", *words))
-        self.assertEqual(self.done("delete", ids[0][:35]), "Deleted Violet\n")
+        self.assertEqual(self.done("delete", ids[0][:35]), f"Deleted Violet · #6E56CF · {ids[0]}\n")
         self.assertEqual([palette["id"] for palette in self.saved()], [ids[1]])
 
     def test_ids_that_name_nothing_or_too_much(self):
-        self.fails(1, 'No saved palette has an id that begins with "A"', "delete", "A")
+        self.fails(1, 'No saved palette has an id that begins with "ABCD"', "delete", "ABCD")
         self.done("save", "6E56CF")
         entry = self.saved()[0]
-        twins = [dict(entry, id=f"AB{entry['id'][2:-1]}{digit}") for digit in "12"]
+        twins = [dict(entry, id=f"ABCD{entry['id'][4:-1]}{digit}") for digit in "12"]
         with open(self.library, "w", encoding="utf-8") as file:
             json.dump(twins, file)
-        for words in (("delete", "ab"), ("use", "aB"), ("install", "--id", "AB")):
+        for words in (("delete", "abcd"), ("use", "aBcD"), ("install", "--id", "ABCD")):
             self.fails(1, f'2 saved palettes have an id that begins with "{words[-1]}"; write more of it', *words)
-        for words in (("delete", ""), ("use", ""), ("install", "--id", "")):
-            self.fails(2, "an id needs at least its first character", *words)
+        for words in (("delete", ""), ("use", "ABC"), ("install", "--id", "ABC")):
+            self.fails(2, "an id needs at least its first four characters", *words)
         self.assertEqual(self.saved(), twins)
 
     def test_names_cannot_steer_the_terminal(self):
@@ -276,10 +276,11 @@ class Library(Case):
         os.makedirs(os.path.dirname(self.library))
         with open(self.library, "w", encoding="utf-8") as file:
             file.write("[{]")
-        for words in (("list",), ("save", "6E56CF"), ("delete", "A"), ("use", "A"), ("install", "--id", "A")):
+        for words in (("list",), ("save", "6E56CF"), ("delete", "ABCD"), ("use", "ABCD"), ("install", "--id", "ABCD")):
             code, output, error = self.call(*words)
             self.assertEqual((code, output), (1, ""), words)
-            self.assertRegex(error, r"\Atintwell-cli: Saved palettes could not be loaded: [^\n]+\n\Z")
+            self.assertRegex(error, rf"\Atintwell-cli: Saved palettes could not be loaded from {self.library}: [^\n]+;"
+                             r" mend that file, or move it away to begin a new library\n\Z")
         with open(self.library, encoding="utf-8") as file:
             self.assertEqual(file.read(), "[{]")
 
