@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "ColorText.h"
+#include "Spelling.h"
 #include "Terminal.h"
 
 #include <CLI/App.hpp>
@@ -16,23 +18,80 @@ namespace tintwell {
 namespace {
 
 constexpr auto version = "tintwell-cli " TINTWELL_VERSION;
-constexpr auto colorHelp = "RRGGBB or RRGGBBAA, with or without #";
-constexpr auto idHelp = "The first characters of a saved palette's id";
+constexpr std::size_t shortestIdPrefix = 4;
+constexpr auto idHelp = "The beginning of a saved palette's id, four characters at least";
 
 constexpr auto examples = R"(Examples:
   tintwell-cli palette '#6E56CF'             look at a color system
-  tintwell-cli palette 6E56CF --format json  the same for programs
-  tintwell-cli palette --format json-lines - < colors.txt
-                                             one palette a line
   tintwell-cli export 6E56CF --format css    custom properties for a style sheet
-  tintwell-cli contrast 6E56CF FFFFFF        WCAG contrast of two colors
+  tintwell-cli contrast navy 'rgb(255 255 255 / 50%)'
+                                             WCAG contrast of two colors
   tintwell-cli save 6E56CF                   keep a palette in the library
   tintwell-cli install 6E56CF                install it as the color list "Tintwell"
 
-Quote colors that begin with #, or leave the # away.
+COLOR is RRGGBB or RRGGBBAA with or without #, #RGB, #RGBA, rgb(), hsl(), oklch() or a CSS name; -
+reads it from standard input. Quote colors that begin with # or have parentheses.
+tintwell-cli help COMMAND tells more, man tintwell-cli everything.
 )";
 
-/// The words that an option takes, with what each stands for.
+struct CommandText {
+    Command command;
+    const char* name;
+    const char* description;
+    const char* examples;
+};
+
+constexpr std::array commandTexts {
+    CommandText { Command::palette, "palette", "Show the color system of COLOR (default: #6E56CF)",
+        R"(Examples:
+  tintwell-cli palette '#6E56CF'
+  tintwell-cli palette rebeccapurple --color always | less -R
+  tintwell-cli palette 6E56CF --format json
+  tintwell-cli palette --format json-lines - < colors.txt
+)" },
+    CommandText { Command::exportColors, "export", "Print the colors of COLOR for other programs",
+        R"(Examples:
+  tintwell-cli export 6E56CF --format css > colors.css
+  tintwell-cli export 'oklch(54% 0.18 288)' -f gpl > violet.gpl
+)" },
+    CommandText { Command::name, "name", "Name COLOR in English", R"(Examples:
+  tintwell-cli name '#6E56CF'
+  xclip -o | tintwell-cli name -
+)" },
+    CommandText { Command::contrast, "contrast", "Print the WCAG contrast of two colors",
+        R"(Examples:
+  tintwell-cli contrast 6E56CF white
+  tintwell-cli contrast '#777' '#fff'
+)" },
+    CommandText { Command::savePalette, "save", "Keep the palette of COLOR", R"(Examples:
+  tintwell-cli save 6E56CF
+  tintwell-cli save 6E56CF --format json | jq -r .id
+)" },
+    CommandText { Command::listLibrary, "list", "List the saved palettes, newest first",
+        R"(Examples:
+  tintwell-cli list
+  tintwell-cli list --format json --library team.json
+)" },
+    CommandText { Command::deletePalette, "delete", "Delete a saved palette", R"(Examples:
+  tintwell-cli delete 0A1B2C3D
+)" },
+    CommandText { Command::usePalette, "use", "Show the color system of a saved palette",
+        R"(Examples:
+  tintwell-cli use 0A1B2C3D
+  tintwell-cli use 0A1B2C3D --format json
+)" },
+    CommandText { Command::install, "install", "Install a palette as the color list \"Tintwell\"",
+        R"(Examples:
+  tintwell-cli install 6E56CF
+  tintwell-cli install --id 0A1B2C3D
+)" },
+    CommandText { Command::listColorLists, "lists", "Show the color lists of the desktop",
+        R"(Examples:
+  tintwell-cli lists
+)" },
+};
+
+/// The words that an option takes, with what each stands for; the first is the default.
 template <typename Value, std::size_t Count>
 using Words = std::array<std::pair<const char*, Value>, Count>;
 
@@ -50,25 +109,30 @@ constexpr Words<LibraryFormat, 2> libraryFormats { {
     { "text", LibraryFormat::layout },
     { "json", LibraryFormat::json },
 } };
+constexpr Words<ColorChoice, 3> colorChoices { {
+    { "auto", ColorChoice::automatic },
+    { "always", ColorChoice::always },
+    { "never", ColorChoice::never },
+} };
 
-/// "--format" with the first of `words` as its default. `words` and `format` outlive `command`.
+/// An option that takes one of `words`; they and `value` outlive `command`.
 template <typename Value, std::size_t Count>
-void addFormat(CLI::App& command, const Words<Value, Count>& words, Value& format)
+CLI::Option* addChoice(CLI::App& command, const std::string& names, const char* help,
+    const Words<Value, Count>& words, Value& value)
 {
     std::string all;
-    for (const auto& [word, value] : words)
+    for (const auto& [word, meaning] : words)
         all += (all.empty() ? "" : ", ") + std::string(word);
-    const auto choose = [&words, &format, all](const std::string& typed) {
-        for (const auto& [word, value] : words) {
-            if (typed != word)
-                continue;
-            format = value;
-            return;
-        }
-        throw CLI::ValidationError("--format", inQuotes(typed) + " is not one of " + all);
+    const auto name = names.substr(names.find("--"));
+    const auto choose = [&words, &value, all, name](const std::string& typed) {
+        const auto* const found = std::find_if(
+            words.begin(), words.end(), [&](const auto& word) { return typed == word.first; });
+        if (found == words.end())
+            throw CLI::ValidationError(name, inQuotes(typed) + " is not one of " + all);
+        value = found->second;
     };
-    command.add_option_function<std::string>("--format", choose, "Form of the output: " + all)
-        ->type_name("FORMAT");
+    return command.add_option_function<std::string>(
+        names, choose, std::string(help) + ": " + all + " (default: " + words.front().first + ")");
 }
 
 /// The commands of the program, writing what they read into one request.
@@ -77,30 +141,85 @@ public:
     explicit Grammar(Request& request)
         : request_(request)
     {
-        app_.set_version_flag("--version", version, "Print the version and exit");
+        app_.set_version_flag("-V,--version", version, "Print the version and exit");
         app_.require_subcommand(0, 1);
         app_.footer(examples);
         addLibrary(app_);
-        addColorCommands();
-        addLibraryCommands();
-        addListCommands();
+        addColorChoice(app_);
+        for (const auto& text : commandTexts)
+            addOptions(text.command, add(text));
+        help_ = app_.add_subcommand("help", "Print the help of COMMAND");
+        help_->add_option("COMMAND", helpTopic_, "The command, or nothing for all")->type_name("");
+        help_->footer("");
     }
 
     CLI::App& app() { return app_; }
 
-private:
-    CLI::App& add(Command command, const char* name, const char* description)
+    /// The help that was asked for by its own command.
+    [[nodiscard]] std::optional<Report> help()
     {
-        auto& added = *app_.add_subcommand(name, description);
-        added.set_version_flag("--version", version, "Print the version and exit");
-        added.footer("");
-        added.callback([this, command] { request_.command = command; });
+        if (!help_->parsed())
+            return std::nullopt;
+        // The program's own help; `help()` would give that of the command that was chosen.
+        if (helpTopic_.empty())
+            return Report::printed(app_.get_formatter()->make_help(
+                &app_, app_.get_name(), CLI::AppFormatMode::Normal));
+        const auto topics = app_.get_subcommands(
+            [this](const CLI::App* command) { return command->get_name() == helpTopic_; });
+        return topics.empty() ? Report::misuse(notACommand(helpTopic_))
+                              : Report::printed(topics.front()->help(app_.get_name()));
+    }
+
+    /// The sentence for a word that stands where a command should.
+    [[nodiscard]] std::string notACommand(const std::string& word) const
+    {
+        std::vector<std::string> names(commandTexts.size());
+        std::transform(commandTexts.begin(), commandTexts.end(), names.begin(),
+            [](const CommandText& text) { return text.name; });
+        auto meant = closestWord(word, names);
+        if (meant.empty() && colorFromText(word))
+            meant = "palette " + word;
+        return inQuotes(word) + " is not a command"
+            + (meant.empty() ? seeHelp : "; did you mean " + printable(meant) + "?");
+    }
+
+    /// The sentence for the first word that has no place.
+    [[nodiscard]] std::string unexpected() const
+    {
+        const auto words = app_.remaining(/*recurse=*/true);
+        const std::string first = words.empty() ? "" : words.front();
+        const auto chosen = app_.get_subcommands();
+        if (!first.starts_with('-'))
+            return chosen.empty() ? notACommand(first)
+                                  : inQuotes(first) + " is one word too many" + seeHelp;
+        std::vector<std::string> names;
+        for (const auto* option : (chosen.empty() ? &app_ : chosen.front())->get_options())
+            for (const auto& name : option->get_lnames())
+                names.push_back("--" + name);
+        const auto meant = closestWord(first, names);
+        return inQuotes(first) + " is not an option here"
+            + (meant.empty() ? seeHelp : "; did you mean " + meant + "?");
+    }
+
+    static constexpr auto seeHelp = " (see tintwell-cli --help)";
+
+private:
+    CLI::App& add(const CommandText& text)
+    {
+        auto& added = *app_.add_subcommand(text.name, text.description);
+        added.set_version_flag("-V,--version", version, "Print the version and exit");
+        added.footer(text.examples);
+        added.callback([this, command = text.command] { request_.command = command; });
         return added;
     }
 
-    CLI::Option* addColor(CLI::App& command)
+    template <typename Text>
+    static CLI::Option* addColor(CLI::App& command, const char* name, Text& color)
     {
-        return command.add_option("COLOR", request_.color, colorHelp)->type_name("");
+        return command
+            .add_option(name, color,
+                "RRGGBB, #RGB, rgb(), hsl(), oklch() or a CSS name; - reads it from standard input")
+            ->type_name("");
     }
 
     CLI::Option* addId(CLI::App& command, const char* name)
@@ -112,65 +231,82 @@ private:
     {
         command
             .add_option(
-                "--library", request_.library, "The library file to use instead of the user's own")
+                "-l,--library", request_.library, "The library file (default: the user's own)")
             ->type_name("FILE");
     }
 
-    void addColorCommands()
+    template <typename Value, std::size_t Count>
+    static void addFormat(CLI::App& command, const Words<Value, Count>& words, Value& format)
     {
-        auto& palette
-            = add(Command::palette, "palette", "Show the color system of COLOR (or #6E56CF)");
-        addColor(palette)->description(std::string(colorHelp) + "; - reads one a line");
-        addFormat(palette, paletteFormats, request_.paletteFormat);
-
-        auto& exporting
-            = add(Command::exportColors, "export", "Print the colors of COLOR for other programs");
-        addColor(exporting)->required();
-        addFormat(exporting, exportFormats, request_.exportFormat);
-
-        addColor(add(Command::name, "name", "Name COLOR in English"))->required();
-
-        auto& contrast
-            = add(Command::contrast, "contrast", "Print the WCAG contrast of two colors");
-        addColor(contrast)->required();
-        contrast.add_option("BACKGROUND", request_.background, colorHelp)
-            ->type_name("")
-            ->required();
+        addChoice(command, "-f,--format", "Form of the output", words, format)->type_name("FORMAT");
     }
 
-    void addLibraryCommands()
+    void addColorChoice(CLI::App& command)
     {
-        auto& save = add(Command::savePalette, "save", "Keep the palette of COLOR");
-        addColor(save)->required();
-        addLibrary(save);
-
-        auto& list = add(Command::listLibrary, "list", "List the saved palettes, newest first");
-        addFormat(list, libraryFormats, request_.libraryFormat);
-        addLibrary(list);
-
-        auto& deleting = add(Command::deletePalette, "delete", "Delete a saved palette");
-        addId(deleting, "ID")->type_name("")->required();
-        addLibrary(deleting);
-
-        auto& use = add(Command::usePalette, "use", "Show the color system of a saved palette");
-        addId(use, "ID")->type_name("")->required();
-        addFormat(use, paletteFormats, request_.paletteFormat);
-        addLibrary(use);
+        addChoice(command, "-c,--color", "Colors on a terminal", colorChoices, request_.colorChoice)
+            ->type_name("WHEN");
     }
 
-    void addListCommands()
+    void addOptions(Command command, CLI::App& added)
     {
-        auto& install
-            = add(Command::install, "install", "Install a palette as the color list \"Tintwell\"");
-        addColor(install);
-        addId(install, "--id")->type_name("ID");
-        addLibrary(install);
+        switch (command) {
+        case Command::palette:
+            addColor(added, "COLOR", request_.color);
+            addFormat(added, paletteFormats, request_.paletteFormat);
+            addColorChoice(added);
+            added
+                .add_option("-j,--jobs", request_.jobs,
+                    "Threads for json-lines from standard input (default: all cores)")
+                ->check(CLI::Range(1U, 256U).description(""))
+                ->type_name("N");
+            break;
+        case Command::exportColors:
+            addColor(added, "COLOR", request_.color)->required();
+            addFormat(added, exportFormats, request_.exportFormat);
+            break;
+        case Command::name:
+            addColor(added, "COLOR", request_.color)->required();
+            break;
+        case Command::contrast:
+            addColor(added, "COLOR", request_.color)->required();
+            addColor(added, "BACKGROUND", request_.background)->required();
+            addColorChoice(added);
+            break;
+        case Command::savePalette:
+        case Command::listLibrary:
+        case Command::deletePalette:
+        case Command::usePalette:
+        case Command::install:
+            addLibraryOptions(command, added);
+            break;
+        case Command::listColorLists:
+            break;
+        }
+    }
 
-        add(Command::listColorLists, "lists", "Show the color lists of the desktop");
+    void addLibraryOptions(Command command, CLI::App& added)
+    {
+        if (command == Command::savePalette)
+            addColor(added, "COLOR", request_.color)->required();
+        if (command == Command::savePalette || command == Command::listLibrary)
+            addFormat(added, libraryFormats, request_.libraryFormat);
+        if (command == Command::deletePalette || command == Command::usePalette)
+            addId(added, "ID")->type_name("")->required();
+        if (command == Command::usePalette)
+            addFormat(added, paletteFormats, request_.paletteFormat);
+        if (command == Command::listLibrary || command == Command::usePalette)
+            addColorChoice(added);
+        if (command == Command::install) {
+            addColor(added, "COLOR", request_.color);
+            addId(added, "-i,--id")->type_name("ID");
+        }
+        addLibrary(added);
     }
 
     Request& request_;
     CLI::App app_ { "A color system from one source color.", "tintwell-cli" };
+    CLI::App* help_ = nullptr;
+    std::string helpTopic_;
 };
 
 /// A colour text may begin with hyphens, like any other sign around its digits. What would look
@@ -179,9 +315,11 @@ void unhyphenColors(std::vector<std::string>& arguments)
 {
     bool isValue = false;
     for (auto& argument : arguments) {
-        if (argument.starts_with('-') && !isValue && RGBAColor::fromHex(argument))
+        if (argument.starts_with('-') && !isValue && colorFromText(argument))
             argument.erase(0, argument.find_first_not_of('-'));
-        isValue = argument == "--format" || argument == "--library" || argument == "--id";
+        constexpr std::array takeOne { "-f", "--format", "-l", "--library", "-i", "--id", "-c",
+            "--color", "-j", "--jobs" };
+        isValue = std::find(takeOne.begin(), takeOne.end(), argument) != takeOne.end();
     }
 }
 
@@ -204,17 +342,6 @@ bool usesLibrary(Command command)
     return false;
 }
 
-/// The sentence for the first word that has no place.
-std::string unexpected(const CLI::App& app)
-{
-    const auto words = app.remaining(/*recurse=*/true);
-    const std::string first = words.empty() ? "" : words.front();
-    if (first.starts_with('-'))
-        return inQuotes(first) + " is not an option here";
-    return inQuotes(first)
-        + (app.get_subcommands().empty() ? " is not a command" : " is one word too many");
-}
-
 /// What the grammar itself cannot say; empty when all is well.
 std::string misuseOf(const Request& request)
 {
@@ -222,7 +349,13 @@ std::string misuseOf(const Request& request)
         return "--library goes with save, list, delete, use and install only";
     if (request.library && request.library->empty())
         return "--library needs the name of a file";
-    if (request.id && request.id->size() < 4)
+    std::error_code ignored;
+    if (request.library
+        && (!request.library->has_filename()
+            || std::filesystem::is_directory(*request.library, ignored)))
+        return "--library takes a file, and " + inQuotes(request.library->string())
+            + " is a folder";
+    if (request.id && request.id->size() < shortestIdPrefix)
         return "an id needs at least its first four characters";
     if (request.command == Command::install && request.color.has_value() == request.id.has_value())
         return "install takes either a COLOR or --id ID";
@@ -244,7 +377,7 @@ std::variant<Request, Report> parseCommandLine(std::vector<std::string> argument
     } catch (const CLI::CallForVersion&) {
         return Report::printed(std::string(version) + "\n");
     } catch (const CLI::ExtrasError&) {
-        return Report::misuse(unexpected(grammar.app()) + " (see tintwell-cli --help)");
+        return Report::misuse(grammar.unexpected());
     } catch (const CLI::ArgumentMismatch& error) {
         const std::string_view problem = error.what();
         return Report::misuse(printable(problem.substr(0, problem.find(':')))
@@ -254,6 +387,8 @@ std::variant<Request, Report> parseCommandLine(std::vector<std::string> argument
     }
     if (grammar.app().get_subcommands().empty())
         return Report::printed(grammar.app().help());
+    if (auto help = grammar.help())
+        return std::move(*help);
     if (const auto misuse = misuseOf(request); !misuse.empty())
         return Report::misuse(misuse);
     if (request.library) {

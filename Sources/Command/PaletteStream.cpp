@@ -1,149 +1,173 @@
 #include "PaletteStream.h"
 
+#include "ColorInput.h"
+#include "ColorText.h"
+#include "FileDescriptor.h"
 #include "PaletteGenerator.h"
 #include "PaletteModelsJson.h"
 #include "StandardStreams.h"
 #include "Text.h"
 
 #include <cerrno>
-#include <cstring>
+#include <condition_variable>
+#include <map>
+#include <mutex>
 #include <string>
-#include <string_view>
+#include <system_error>
+#include <thread>
 #include <vector>
 
-#include <poll.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace tintwell {
 
 namespace {
 
+/// What a few lines became: palettes, each stretch with the complaint that follows it.
+struct Answer {
+    std::string output {};
+    std::string complaint {};
+};
+using Answers = std::vector<Answer>;
+
+void answerLine(const LineReader::Line& line, Answers& answers)
+{
+    if (!line.isTooLong && isBlankOrComment(line.text))
+        return;
+    const auto reject = [&](const std::string& reason) {
+        answers.back().complaint
+            = "tintwell-cli: line " + std::to_string(line.number) + ": " + reason + "\n";
+        answers.emplace_back();
+    };
+    if (line.isTooLong) {
+        reject("longer than " + std::to_string(longestInputLine) + " bytes");
+        return;
+    }
+    const auto source = colorFromText(line.text);
+    if (!source) {
+        reject(notAColor(line.text));
+        return;
+    }
+    auto& output = answers.back().output;
+    // A text gives components of 0…1, whose palettes can always be written.
+    static_cast<void>(appendJson(output, PaletteGenerator().generate(*source), JsonStyle::compact));
+    output += '\n';
+}
+
+/// Threads that each take a few lines, answer them, and leave the answers to be written in order.
 class Stream {
 public:
-    Stream(int input, int output, int diagnostics)
-        : input_(input)
-        , output_(output)
+    Stream(int input, int output, int diagnostics, unsigned jobs)
+        : output_(output)
         , diagnostics_(diagnostics)
-        , buffer_(longestStreamLine + 1)
+        , mostWaiting_(4 * static_cast<long long>(jobs))
+        , stop_(eventfd(0, EFD_CLOEXEC))
+        , reader_(input, stop_.number())
     {
-        written_.reserve(2 * flushSize);
     }
 
-    Report run()
+    Report run(unsigned jobs)
     {
-        while (goesOn() && fill())
-            takeLines();
-        if (goesOn() && (filled_ > 0 || skipping_))
-            takeLine({ buffer_.data(), filled_ });
-        flush();
+        {
+            std::vector<std::jthread> others;
+            try {
+                for (unsigned job = 1; job < jobs; ++job)
+                    others.emplace_back([this] { work(); });
+            } catch (const std::system_error&) {
+                // Those that are there do it all.
+            }
+            work();
+        }
+        if (failure_.empty() && reader_.error() != 0)
+            failure_ = "standard input cannot be read: " + platform::reasonText(reader_.error());
         if (!failure_.empty())
             return Report::failure(failure_);
         return { .code = allGood_ && !outputEnded_ ? ExitCode::done : ExitCode::failed };
     }
 
 private:
-    static constexpr std::size_t flushSize = std::size_t { 256 } * 1024;
-
-    [[nodiscard]] bool goesOn() const { return failure_.empty() && !outputEnded_; }
-
-    /// Reads what is there behind the unfinished line; false at the end of the input.
-    bool fill()
+    void work()
     {
-        pollfd waiting { input_, POLLIN, 0 };
-        if (!written_.empty() && poll(&waiting, 1, 0) == 0)
-            flush();
+        // More would cost page faults, which the allocator saves for texts of this length.
+        constexpr std::size_t linesAtATime = 4;
         while (true) {
-            const auto count = read(input_, buffer_.data() + filled_, buffer_.size() - filled_);
-            if (count >= 0) {
-                filled_ += static_cast<std::size_t>(count);
-                return count > 0;
+            std::vector<LineReader::Line> lines;
+            long long turn = 0;
+            {
+                const std::lock_guard lock(inputMutex_);
+                lines = reader_.take(linesAtATime);
+                turn = lines.empty() ? 0 : takenTurns_++;
             }
-            if (errno == EAGAIN)
-                poll(&waiting, 1, -1);
-            else if (errno != EINTR)
-                break;
-        }
-        failure_ = "standard input cannot be read: " + platform::reasonText(errno);
-        return false;
-    }
-
-    /// Takes the finished lines and moves the rest to the front of the buffer.
-    void takeLines()
-    {
-        std::size_t at = 0;
-        while (goesOn()) {
-            const void* end = std::memchr(buffer_.data() + at, '\n', filled_ - at);
-            if (end == nullptr)
-                break;
-            const auto length
-                = static_cast<std::size_t>(static_cast<const char*>(end) - (buffer_.data() + at));
-            takeLine({ buffer_.data() + at, length });
-            at += length + 1;
-        }
-        filled_ -= at;
-        std::memmove(buffer_.data(), buffer_.data() + at, filled_);
-        if (filled_ == buffer_.size()) {
-            skipping_ = true;
-            filled_ = 0;
+            if (lines.empty())
+                return;
+            Answers answers(1);
+            for (const auto& line : lines)
+                answerLine(line, answers);
+            deliver(turn, std::move(answers));
         }
     }
 
-    void takeLine(std::string_view line)
+    /// Writes all answers whose turn it is, or leaves these to the thread that is writing.
+    void deliver(long long turn, Answers answers)
     {
-        ++lineNumber_;
-        if (skipping_) {
-            skipping_ = false;
-            reject("longer than " + std::to_string(longestStreamLine) + " bytes");
+        std::unique_lock lock(outputMutex_);
+        room_.wait(lock, [&] { return turn < writtenTurns_ + mostWaiting_; });
+        waiting_.emplace(turn, std::move(answers));
+        if (isWriting_)
             return;
+        isWriting_ = true;
+        while (!waiting_.empty() && waiting_.begin()->first == writtenTurns_) {
+            const auto next = waiting_.extract(waiting_.begin());
+            lock.unlock();
+            write(next.mapped());
+            lock.lock();
+            ++writtenTurns_;
+            room_.notify_all();
         }
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        const auto source = RGBAColor::fromHex(line);
-        if (!source) {
-            reject(notAColor(line));
-            return;
-        }
-        const auto done = appendJson(written_, generator_.generate(*source), JsonStyle::compact);
-        if (!done) {
-            reject(done.error().description);
-            return;
-        }
-        written_ += '\n';
-        if (written_.size() >= flushSize)
-            flush();
+        isWriting_ = false;
     }
 
-    void reject(const std::string& reason)
+    void write(const Answers& answers)
     {
-        // First what came before, so that both streams read in order on one terminal.
-        flush();
-        allGood_ = false;
-        const auto line
-            = "tintwell-cli: line " + std::to_string(lineNumber_) + ": " + reason + "\n";
-        // With standard error gone too there is nobody left to tell; the exit code still does.
-        static_cast<void>(writeAll(diagnostics_, line));
+        for (const auto& answer : answers) {
+            if (outputEnded_)
+                return;
+            const int error = writeAll(output_, answer.output);
+            if (error != 0)
+                end(error);
+            else if (!answer.complaint.empty()) {
+                allGood_ = false;
+                // With standard error gone too there is nobody left to tell; the exit code does.
+                static_cast<void>(writeAll(diagnostics_, answer.complaint));
+            }
+        }
     }
 
-    void flush()
+    void end(int error)
     {
-        if (outputEnded_)
-            return;
-        const int error = writeAll(output_, written_);
-        written_.clear();
-        outputEnded_ = error != 0;
-        if (error != 0 && error != EPIPE)
+        outputEnded_ = true;
+        if (error != EPIPE)
             failure_ = "standard output cannot be written: " + platform::reasonText(error);
+        eventfd_write(stop_.number(), 1);
     }
 
-    int input_;
     int output_;
     int diagnostics_;
-    PaletteGenerator generator_;
-    std::vector<char> buffer_;
-    std::size_t filled_ = 0;
-    std::string written_;
-    long long lineNumber_ = 0;
-    bool skipping_ = false;
+    long long mostWaiting_;
+    platform::FileDescriptor stop_;
+
+    std::mutex inputMutex_;
+    LineReader reader_;
+    long long takenTurns_ = 0;
+
+    std::mutex outputMutex_;
+    std::condition_variable room_;
+    std::map<long long, Answers> waiting_;
+    long long writtenTurns_ = 0;
+    bool isWriting_ = false;
+
+    // Only the thread that is writing touches these.
     bool allGood_ = true;
     bool outputEnded_ = false;
     std::string failure_;
@@ -151,9 +175,9 @@ private:
 
 } // namespace
 
-Report streamPalettes(int input, int output, int diagnostics)
+Report streamPalettes(int input, int output, int diagnostics, unsigned jobs)
 {
-    return Stream(input, output, diagnostics).run();
+    return Stream(input, output, diagnostics, jobs).run(jobs);
 }
 
 } // namespace tintwell

@@ -6,14 +6,11 @@
 namespace tintwell {
 
 /// Reads one colour a line from `input` and writes its palette as one line of compact JSON to
-/// `output`, in constant memory.
+/// `output`, in the same order, with `jobs` threads (at least one) and in constant memory.
 ///
-/// Lines end in LF or CRLF; the last one may end without. What is finished is written before
-/// waiting for more input. A line that is no colour is reported on `diagnostics` by its number, the
-/// others are still done, and the end is a failure without further message.
-[[nodiscard]] Report streamPalettes(int input, int output, int diagnostics);
-
-/// Longer lines are refused unread, so that no input can fill the memory.
-inline constexpr int longestStreamLine = 65535;
+/// Blank lines and comments are passed over. What is finished is written while waiting for more
+/// input. A line that is no colour is reported on `diagnostics` by its number, the others are still
+/// done, and the end is a failure without further message.
+[[nodiscard]] Report streamPalettes(int input, int output, int diagnostics, unsigned jobs);
 
 } // namespace tintwell

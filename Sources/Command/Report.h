@@ -39,7 +39,7 @@ struct Report {
     }
 };
 
-/// The sentence for a text that is no colour; it names the text and the form that is accepted.
+/// The sentence for a text that is no colour; it names the text and the forms that are accepted.
 [[nodiscard]] std::string notAColor(std::string_view text);
 
 /// The colour that `text` writes, or the sentence above.

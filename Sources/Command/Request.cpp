@@ -1,8 +1,12 @@
 #include "Request.h"
 
+#include "ColorInput.h"
 #include "InstallCommands.h"
 #include "PaletteGenerator.h"
 #include "PaletteStream.h"
+
+#include <algorithm>
+#include <thread>
 
 #include <unistd.h>
 
@@ -10,7 +14,7 @@ namespace tintwell {
 
 namespace {
 
-constexpr auto streamColor = "-";
+constexpr auto fromInput = "-";
 
 /// What `use` makes of the colour that `text` writes, or the misuse that it is.
 template <typename Use> Report withColor(const std::optional<std::string>& text, const Use& use)
@@ -19,13 +23,48 @@ template <typename Use> Report withColor(const std::optional<std::string>& text,
     return color ? use(color.value()) : Report::misuse(color.error().description);
 }
 
+bool isStream(const Request& request)
+{
+    return request.command == Command::palette && request.color == fromInput
+        && request.paletteFormat == PaletteFormat::jsonLines;
+}
+
+/// Puts the colours that standard input holds in the places that ask for them; what comes back
+/// tells why that cannot be.
+std::optional<Report> takeColorsFromInput(Request& request)
+{
+    std::vector<std::string*> places;
+    if (request.color == fromInput)
+        places.push_back(&*request.color);
+    if (request.background == fromInput)
+        places.push_back(&request.background);
+    if (places.empty())
+        return std::nullopt;
+    auto lines = readColorLines(STDIN_FILENO);
+    if (!lines)
+        return Report::failure(lines.error().description);
+    auto& colors = lines.value();
+    const auto counted = [](std::size_t count) {
+        return std::to_string(count) + (count == 1 ? " color" : " colors");
+    };
+    if (colors.size() != places.size())
+        return Report::misuse("standard input holds " + counted(colors.size()) + " instead of "
+            + counted(places.size()));
+    for (std::size_t at = 0; at < places.size(); ++at)
+        *places[at] = std::move(colors[at]);
+    return std::nullopt;
+}
+
+Report performStream(const Request& request)
+{
+    constexpr unsigned mostJobs = 256;
+    const unsigned jobs = request.jobs > 0 ? request.jobs : std::thread::hardware_concurrency();
+    return streamPalettes(
+        STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO, std::clamp(jobs, 1U, mostJobs));
+}
+
 Report performPalette(const Request& request, const Terminal& terminal)
 {
-    if (request.color == streamColor) {
-        if (request.paletteFormat != PaletteFormat::jsonLines)
-            return Report::misuse("- reads colors with --format json-lines only");
-        return streamPalettes(STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO);
-    }
     const auto show = [&](const RGBAColor& color) {
         return Report::of(paletteText(color, request.paletteFormat, terminal));
     };
@@ -46,6 +85,25 @@ PalettePersistence library(const Request& request)
     return PalettePersistence(request.library.value_or(PalettePersistence::defaultURL()));
 }
 
+/// What `use` makes of the library; one that the caller names has to be there.
+template <typename Use> Report withLibrary(const Request& request, const Use& use)
+{
+    std::error_code ignored;
+    if (request.library && !std::filesystem::exists(*request.library, ignored))
+        return Report::failure("there is no library " + printable(request.library->string()));
+    auto store = library(request);
+    return use(store);
+}
+
+/// What `use` makes of the saved palette whose id begins as the request says.
+template <typename Use> Report withSaved(const Request& request, const Use& use)
+{
+    return withLibrary(request, [&](PalettePersistence& store) {
+        const auto saved = loadSaved(store, request.id.value_or(""));
+        return saved ? use(saved.value()) : Report::failure(saved.error().description);
+    });
+}
+
 Report performSave(const Request& request)
 {
     return withColor(request.color, [&](const RGBAColor& color) {
@@ -53,15 +111,6 @@ Report performSave(const Request& request)
         return saveColor(
             store, color, platform::Uuid::random(), platform::currentTime(), request.libraryFormat);
     });
-}
-
-Report performUse(const Request& request, const Terminal& terminal)
-{
-    auto store = library(request);
-    const auto saved = loadSaved(store, request.id.value_or(""));
-    if (!saved)
-        return Report::failure(saved.error().description);
-    return Report::of(paletteText(saved.value().source, request.paletteFormat, terminal));
 }
 
 platform::ColorListRegistry colorLists()
@@ -77,11 +126,8 @@ Report performInstall(const Request& request)
         return withColor(request.color, [&](const RGBAColor& color) {
             return installColors(installer, PaletteGenerator().generate(color).exportColors());
         });
-    auto store = library(request);
-    const auto saved = loadSaved(store, request.id.value_or(""));
-    if (!saved)
-        return Report::failure(saved.error().description);
-    return installColors(installer, saved.value().colors);
+    return withSaved(
+        request, [&](const SavedPalette& saved) { return installColors(installer, saved.colors); });
 }
 
 Report performCommand(const Request& request, const Terminal& terminal)
@@ -100,16 +146,17 @@ Report performCommand(const Request& request, const Terminal& terminal)
         return performContrast(request, terminal);
     case Command::savePalette:
         return performSave(request);
-    case Command::listLibrary: {
-        auto store = library(request);
-        return listSaved(store, request.libraryFormat, terminal);
-    }
-    case Command::deletePalette: {
-        auto store = library(request);
-        return deleteSaved(store, request.id.value_or(""));
-    }
+    case Command::listLibrary:
+        return withLibrary(request, [&](PalettePersistence& store) {
+            return listSaved(store, request.libraryFormat, terminal);
+        });
+    case Command::deletePalette:
+        return withLibrary(request,
+            [&](PalettePersistence& store) { return deleteSaved(store, request.id.value_or("")); });
     case Command::usePalette:
-        return performUse(request, terminal);
+        return withSaved(request, [&](const SavedPalette& saved) {
+            return Report::of(paletteText(saved.source, request.paletteFormat, terminal));
+        });
     case Command::install:
         return performInstall(request);
     case Command::listColorLists:
@@ -120,8 +167,12 @@ Report performCommand(const Request& request, const Terminal& terminal)
 
 } // namespace
 
-Report perform(const Request& request, const Terminal& terminal)
+Report perform(Request request, const Terminal& terminal)
 {
+    if (isStream(request))
+        return performStream(request);
+    if (auto problem = takeColorsFromInput(request))
+        return std::move(*problem);
     auto report = performCommand(request, terminal);
     if (terminal.depth == ColorDepth::indexed)
         report.output = withIndexedColors(report.output);

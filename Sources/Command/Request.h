@@ -26,7 +26,8 @@ enum class Command {
 /// What a command does not take stays empty.
 struct Request {
     Command command = Command::palette;
-    /// The colour text as it was typed; "-" asks for a stream.
+    /// The colour texts as they were typed; "-" stands for one from standard input, or for a stream
+    /// of them.
     std::optional<std::string> color {};
     std::string background {};
     /// The first part of a saved palette's id.
@@ -36,10 +37,13 @@ struct Request {
     PaletteFormat paletteFormat = PaletteFormat::layout;
     ExportFormat exportFormat = ExportFormat::json;
     LibraryFormat libraryFormat = LibraryFormat::layout;
+    ColorChoice colorChoice = ColorChoice::automatic;
+    /// Threads for a stream; 0 stands for all that the machine has.
+    unsigned jobs = 0;
 };
 
-/// Does what `request` asks. Only a stream reads and writes the standard streams itself; all other
-/// output is in the report.
-[[nodiscard]] Report perform(const Request& request, const Terminal& terminal);
+/// Does what `request` asks, for `terminal`. Only a stream writes to standard output itself; all
+/// other output is in the report.
+[[nodiscard]] Report perform(Request request, const Terminal& terminal);
 
 } // namespace tintwell

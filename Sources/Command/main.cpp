@@ -4,6 +4,7 @@
 #include "Text.h"
 
 #include <cerrno>
+#include <csignal>
 #include <exception>
 
 #include <unistd.h>
@@ -18,8 +19,8 @@ Report run(std::vector<std::string> arguments)
     try {
         auto parsed = tintwell::parseCommandLine(std::move(arguments));
         if (const auto* request = std::get_if<tintwell::Request>(&parsed))
-            return tintwell::perform(*request,
-                tintwell::terminalBehind(STDOUT_FILENO, tintwell::ColorChoice::automatic));
+            return tintwell::perform(
+                *request, tintwell::terminalBehind(STDOUT_FILENO, request->colorChoice));
         return std::move(std::get<Report>(parsed));
     } catch (const std::exception& error) {
         return Report::failure(std::string("stopped by an unexpected failure: ") + error.what());
@@ -48,6 +49,8 @@ ExitCode deliver(Report report)
 int main(int argc, char** argv)
 {
     tintwell::reserveStandardDescriptors();
+    // A file that may not grow any more is an error of the write, not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     std::vector<std::string> arguments;
     for (int at = 1; at < argc; ++at)
         arguments.emplace_back(argv[at]);

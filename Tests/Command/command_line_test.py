@@ -19,8 +19,8 @@ import unittest
 PROGRAM, MANUAL = sys.argv[1:3]
 del sys.argv[1:3]
 
-COMMANDS = ("palette", "export", "name", "contrast", "save", "list", "delete", "use", "install", "lists")
-FORM = "is not a color; write RRGGBB or RRGGBBAA in hexadecimal digits, such as #6E56CF"
+COMMANDS = ("palette", "export", "name", "contrast", "save", "list", "delete", "use", "install", "lists", "help")
+FORM = "is not a color; write RRGGBB, #RGB, rgb(), hsl(), oklch() or a CSS name"
 
 
 class Case(unittest.TestCase):
@@ -36,9 +36,9 @@ class Case(unittest.TestCase):
         return subprocess.Popen([PROGRAM, *arguments], env=self.environment, cwd=self.home, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE, **options)
 
-    def call(self, *arguments, text=None):
+    def call(self, *arguments, text=None, **options):
         """Exit code, standard output and standard error of one call."""
-        process = self.start(*arguments, stdin=subprocess.DEVNULL if text is None else subprocess.PIPE)
+        process = self.start(*arguments, stdin=subprocess.DEVNULL if text is None else subprocess.PIPE, **options)
         output, error = process.communicate(text, timeout=60)
         return process.returncode, output.decode(), error.decode()
 
@@ -54,7 +54,7 @@ class Case(unittest.TestCase):
 
 class Colors(Case):
     def test_texts_that_are_colors(self):
-        for words in (("#6e56cf",), ("-6E56CF",), ("--6E56CF",), ("--", "-6E56CF")):
+        for words in (("#6e56cf",), ("-6E56CF",), ("--violet: rgb(110 86 207);",), ("--", "-6E56CF")):
             self.assertEqual(self.done("name", *words), "Violet\n")
 
     def test_texts_that_are_none(self):
@@ -62,6 +62,16 @@ class Colors(Case):
             for words in (("name",), ("palette",), ("export",), ("save",), ("install",), ("contrast", "FFFFFF")):
                 self.fails(2, f'"{quoted}" {FORM}', *words, text)
         self.assertEqual(os.listdir(self.home), [])
+
+    def test_colors_from_standard_input(self):
+        text = b"# a comment\n\n  #6e56cf\r\n#\n"
+        for words in (("name",), ("export",), ("palette",), ("contrast", "white")):
+            self.assertEqual(self.done(*words, "-", text=text), self.done(*words, "6E56CF"))
+        self.assertEqual(self.done("contrast", "-", "-", text=b"#777\nwhite"), self.done("contrast", "#777", "white"))
+        self.assertRegex(self.done("save", "-", text=text), r"\ASaved Violet · #6E56CF · [0-9A-F-]{36}\n\Z")
+        self.fails(2, "standard input holds 0 colors instead of 1 color", "name", "-", text=b"#\n")
+        self.fails(2, "standard input holds 1 color instead of 2 colors", "contrast", "-", "-", text=b"red")
+        self.fails(2, f'"rot" {FORM}', "name", "-", text=b"rot\n")
 
     def test_name_and_contrast(self):
         self.assertEqual(self.done("name", "FAFAFA"), "Near White\n")
@@ -87,12 +97,20 @@ class Colors(Case):
 
 class Usage(Case):
     def test_help_and_version_are_everywhere(self):
-        for words in ((), *((command,) for command in COMMANDS)):
+        for words in ((), *((command,) for command in COMMANDS[:-1])):
             with self.subTest(words):
-                self.assertIn(" ".join(("Usage: tintwell-cli", *words)), self.done(*words, "--help"))
-                self.assertRegex(self.done(*words, "--version"), r"^tintwell-cli \d+\.\d+\.\d+\n$")
+                text = self.done(*words, "--help")
+                self.assertIn(" ".join(("Usage: tintwell-cli", *words)), text)
+                self.assertIn("\nExamples:\n  tintwell-cli " + " ".join(words), text)
+                self.assertEqual(self.done("help", *words), text)
+                self.assertRegex(self.done(*words, "-V"), r"^tintwell-cli \d+\.\d+\.\d+\n$")
         self.assertEqual(self.done(), self.done("-h"))
-        self.assertIn("Examples:", self.done())
+
+    def test_what_was_meant(self):
+        for words, meant in (("palete", "palette"), ("lsit", "list"), ("6E56CF", "palette 6E56CF")):
+            self.fails(2, f'"{words}" is not a command; did you mean {meant}?', words)
+        self.fails(2, '"--fromat" is not an option here; did you mean --format?', "palette", "--fromat", "json")
+        self.fails(2, '"paint" is not a command (see tintwell-cli --help)', "help", "paint")
 
     def test_manual_and_help_name_the_same(self):
         with open(MANUAL, encoding="utf-8") as file:
@@ -103,8 +121,9 @@ class Usage(Case):
                 self.assertIn(option, manual, command)
 
     def test_misuse_is_one_line_and_does_nothing(self):
-        for words in (("paint",), ("palette", "--wide"), ("name",), ("palette", "-6E56C"), ("export", "6E56CF", "--format", "xml"),
-                      ("install",), ("palette", "-"), ("install", "6E56CF", "--id", "ABCD"), ("name", "6E56CF", "--library", "x"),
+        for words in (("paint",), ("palette", "--wide"), ("name",), ("palette", "-6E56C"), ("palette", "--jobs", "0"), ("list", "--library", "."), ("list", "--library", "new/"),
+                      ("export", "6E56CF", "--format", "xml"),
+                      ("install",), ("install", "6E56CF", "--id", "A"), ("name", "6E56CF", "--library", "x"),
                       ("list", "--library", ""), ("name", "6E56CF", "\x1b[2J"), (b"\xff",)):
             code, output, error = self.call(*words)
             self.assertEqual((code, output), (2, ""), words)
@@ -122,6 +141,14 @@ class Output(Case):
                                        check=False, timeout=60)
                 self.assertEqual(ended.returncode, 1)
                 self.assertRegex(ended.stderr.decode(), r"\Atintwell-cli: standard output cannot be written: [^\n]+\n\Z")
+
+    def test_a_file_that_may_not_grow_is_told_and_nothing_is_left(self):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
+        code, output, error = self.call("save", "6E56CF", preexec_fn=limit)
+        self.assertEqual((code, output), (1, ""))
+        self.assertRegex(error, r"\Atintwell-cli: Save failed: [^\n]+\n\Z")
+        self.assertEqual([name for name in os.listdir(os.path.dirname(self.library)) if "lock" not in name], [])
 
     def test_a_closed_output_is_told_and_harms_no_file(self):
         ended = subprocess.run(["sh", "-c", 'exec "$0" save 6E56CF >&-', PROGRAM], env=self.environment, stderr=subprocess.PIPE,
@@ -167,8 +194,13 @@ class Output(Case):
         self.assertIn("\x1b[48;2;110;86;207m", shown)
         self.assertEqual(max(len(re.sub(r"\x1b\[[0-9;]*m", "", line)) for line in shown.splitlines()), 98)
         plain = self.done("palette", "6E56CF")
-        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
+        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}, {"COLORTERM": "", "TERM": "screen"}):
             self.assertEqual(self.on_terminal("palette", "6E56CF", **environment), plain)
+        self.assertEqual(self.on_terminal("palette", "6E56CF", "--color", "never"), plain)
+        self.assertIn("\x1b[48;5;62m", self.on_terminal("palette", "6E56CF", COLORTERM=""))
+        self.environment["CLICOLOR_FORCE"] = "1"
+        self.assertEqual(self.done("palette", "6E56CF"), self.on_terminal("--color", "always", "palette", "6E56CF"))
+        del self.environment["CLICOLOR_FORCE"]
         self.assertNotIn("\x1b", plain)
         self.done("save", "6E56CF")
         self.assertIn("\x1b[48;2;110;86;207m", self.on_terminal("list"))
@@ -186,14 +218,20 @@ class Stream(Case):
         self.assertEqual(self.done(*self.WORDS, text=b""), "")
 
     def test_bad_lines_are_named_and_the_rest_is_done(self):
-        text = b"6E56CF\n\nred\n6E56CF\n" + b"#" * 70000 + b"6E56CF\n\xff\x1b\x00\n" + b"#" * 65529 + b"6E56CF\n#FFF"
+        text = b"6E56CF\n\nrot\n# rgb\n" + b"#" * 70000 + b"6E56CF\n\xff\x1b\x00\n" + b"#" * 65529 + b"6E56CF\n#FF"
         code, output, error = self.call(*self.WORDS, text=text)
         self.assertEqual(code, 1)
-        self.assertEqual(output, self.done("palette", "--format", "json-lines") * 3)
+        self.assertEqual(output, self.done("palette", "--format", "json-lines") * 2)
         self.assertEqual(error.splitlines(), [
-            f'tintwell-cli: line 2: "" {FORM}', f'tintwell-cli: line 3: "red" {FORM}',
-            "tintwell-cli: line 5: longer than 65535 bytes", f'tintwell-cli: line 6: "���" {FORM}',
-            f'tintwell-cli: line 8: "#FFF" {FORM}'])
+            f'tintwell-cli: line 3: "rot" {FORM}', "tintwell-cli: line 5: longer than 65535 bytes",
+            f'tintwell-cli: line 6: "���" {FORM}', f'tintwell-cli: line 8: "#FF" {FORM}'])
+
+    def test_any_number_of_threads_keeps_the_order(self):
+        lines = [f"{number * 977 % (1 << 24):06X}" if number % 50 else "none" for number in range(2000)]
+        results = [self.call(*self.WORDS, "--jobs", jobs, text="\n".join(lines).encode()) for jobs in ("1", "2", "7")]
+        self.assertEqual(results[0][1].count("\n"), 1960)
+        self.assertEqual(len(results[0][2].splitlines()), 40)
+        self.assertEqual(results, [results[0]] * 3)
 
     def test_each_line_is_answered_while_the_input_stays_open(self):
         stream = self.start(*self.WORDS, stdin=subprocess.PIPE, bufsize=0)
@@ -253,14 +291,14 @@ class Library(Case):
 
     def test_ids_that_name_nothing_or_too_much(self):
         self.fails(1, 'No saved palette has an id that begins with "ABCD"', "delete", "ABCD")
-        self.done("save", "6E56CF")
-        entry = self.saved()[0]
+        entry = json.loads(self.done("save", "6E56CF", "--format", "json"))
+        self.assertEqual([entry], self.saved())
         twins = [dict(entry, id=f"ABCD{entry['id'][4:-1]}{digit}") for digit in "12"]
         with open(self.library, "w", encoding="utf-8") as file:
             json.dump(twins, file)
         for words in (("delete", "abcd"), ("use", "aBcD"), ("install", "--id", "ABCD")):
             self.fails(1, f'2 saved palettes have an id that begins with "{words[-1]}"; write more of it', *words)
-        for words in (("delete", ""), ("use", "ABC"), ("install", "--id", "ABC")):
+        for words in (("delete", ""), ("use", "ABC"), ("install", "-i", "ABC")):
             self.fails(2, "an id needs at least its first four characters", *words)
         self.assertEqual(self.saved(), twins)
 
@@ -285,6 +323,8 @@ class Library(Case):
             self.assertEqual(file.read(), "[{]")
 
     def test_another_library(self):
+        for words in (("list",), ("delete", "ABCD"), ("use", "ABCD"), ("install", "--id", "ABCD")):
+            self.fails(1, f"there is no library {self.home}/mine.json", *words, "--library", "mine.json")
         for words in (("save", "6E56CF", "--library", "mine.json"), ("--library", "mine.json", "save", "0A0A0D")):
             self.done(*words)
         self.assertEqual(len(self.saved("--library", os.path.join(self.home, "mine.json"))), 2)

@@ -1,0 +1,43 @@
+#include "Spelling.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tintwell {
+
+namespace {
+
+/// Letters to insert, leave out or change (the Levenshtein distance).
+std::size_t distance(std::string_view a, std::string_view b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0U);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const auto changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({ changed, row[j + 1] + 1, row[j] + 1 });
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+std::string closestWord(std::string_view typed, const std::vector<std::string>& words)
+{
+    constexpr std::size_t longest = 20;
+    std::size_t nearest = std::min<std::size_t>(2, typed.size() / 2);
+    std::string found;
+    for (const auto& word : words) {
+        const auto steps = typed.size() > longest ? longest : distance(typed, word);
+        if (steps > nearest || (steps == nearest && !found.empty()))
+            continue;
+        nearest = steps;
+        found = word;
+    }
+    return found;
+}
+
+} // namespace tintwell
