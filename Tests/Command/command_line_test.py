@@ -3,6 +3,7 @@
 import fcntl
 import json
 import os
+import pathlib
 import pty
 import re
 import resource
@@ -119,6 +120,31 @@ class Usage(Case):
             self.assertIn(f"tintwell-cli {command}", manual)
             for option in re.findall(r"--[a-z]+", self.done(command, "--help")):
                 self.assertIn(option, manual, command)
+
+    def test_shells_complete_what_the_help_names(self):
+        folder = os.path.join(os.path.dirname(MANUAL), "completions")
+        script = 'source "$0"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tintwell_cli "$1"; printf "%s\n" "${COMPREPLY[@]}"'
+
+        def completed(*words):
+            command = ["bash", "-c", script, os.path.join(folder, "tintwell-cli.bash"), PROGRAM, *words]
+            return subprocess.run(command, env={**os.environ, **self.environment}, stdout=subprocess.PIPE, check=True,
+                                  timeout=60).stdout.decode().split()
+
+        self.assertEqual(completed(""), list(COMMANDS))
+        others = [pathlib.Path(folder, name).read_text(encoding="utf-8") for name in ("_tintwell-cli", "tintwell-cli.fish")]
+        for command in COMMANDS[:-1]:
+            options = self.done(command, "--help").split("Examples:")[0]
+            self.assertEqual(set(completed(command, "-")), set(re.findall(r"--[a-z]+", options)), command)
+            words = re.findall(r"(--[a-z]+) [A-Z]+ .*: (.*) \(default", options)
+            self.assertEqual([" ".join(completed(command, option, "")) for option, _ in words],
+                             [choices.replace(",", "") for _, choices in words])
+            for text in others:
+                self.assertRegex(text, rf"'{command}:")
+                for _, choices in words:
+                    self.assertIn(choices.replace(",", ""), text)
+        ids = [self.done("save", color).split()[-1] for color in ("6E56CF", "red")]
+        self.assertEqual(completed("delete", ""), ids[::-1])
+        self.assertEqual(completed("install", "--id", ids[0][:8].lower()), ids[:1])
 
     def test_misuse_is_one_line_and_does_nothing(self):
         for words in (("paint",), ("palette", "--wide"), ("name",), ("palette", "-6E56C"), ("palette", "--jobs", "0"), ("list", "--library", "."), ("list", "--library", "new/"),
