@@ -1,34 +1,17 @@
 #include "AtomicFile.h"
 
+#include "ChildProcess.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <functional>
-
-#include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
-
-/// Runs `body` in a process of its own and tells whether it returned true.
-bool inChild(const std::function<bool()>& body)
-{
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(body() ? 0 : 1);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
 
 mode_t modeOf(const fs::path& file)
 {
@@ -72,7 +55,7 @@ TEST(AtomicFile, KeepsModesAndFollowsTheUmask)
 {
     const TemporaryFolder folder;
     const auto file = folder / "a.json";
-    EXPECT_TRUE(inChild([&] {
+    EXPECT_TRUE(holdsInChild([&] {
         ::umask(027);
         return writeFileAtomically(file, "new").hasValue() && modeOf(file) == 0640;
     }));
@@ -132,10 +115,7 @@ TEST(AtomicFile, AFullDiskLeavesTheOldFile)
     const TemporaryFolder folder;
     const auto file = folder / "a.json";
     ASSERT_TRUE(writeFileAtomically(file, "old"));
-    EXPECT_TRUE(inChild([&] {
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit { 100'000, 100'000 };
-        ::setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(holdsWithFullDisk(100'000, [&] {
         const auto written = writeFileAtomically(file, std::string(100'001, 'x'));
         return !written
             && written.error().description == "a.json could not be written: it would be too large";
@@ -150,12 +130,7 @@ TEST(AtomicFile, AFolderThatIsReadOnlyOrMissingIsAnError)
     const auto file = folder / "a.json";
     ASSERT_TRUE(writeFileAtomically(file, "old"));
     ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
-    EXPECT_TRUE(inChild([&] {
-        constexpr uid_t nobody = 65534;
-        if (::getuid() == 0
-            && (::setresgid(nobody, nobody, nobody) != 0
-                || ::setresuid(nobody, nobody, nobody) != 0))
-            return false;
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
         const auto written = writeFileAtomically(file, "new");
         return !written
             && written.error().description == "a.json could not be written: permission is denied";

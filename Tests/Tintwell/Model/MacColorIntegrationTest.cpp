@@ -1,6 +1,5 @@
 #include "MacColorIntegration.h"
 
-#include "ChildProcess.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -156,21 +155,6 @@ TEST_F(Installer, SaysWhyItCannotAndChangesNothing)
     EXPECT_EQ(contentOf(file_), locked);
     EXPECT_EQ(home_.names(), (Names { "Library", "data" }));
     EXPECT_TRUE(fs::is_empty(home_ / "data/krita"));
-}
-
-TEST_F(Installer, AFullDiskLeavesTheEarlierListAndItsCopies)
-{
-    fs::create_directories(home_ / "data/krita");
-    ASSERT_TRUE(install(colorsNamed({ "One" })));
-    const auto copy = contentOf(home_ / "data/krita/palettes/Tintwell.gpl");
-    EXPECT_TRUE(platform::holdsWithFullDisk(16, [&] {
-        const auto written = install(colorsNamed({ "Two" }));
-        return !written
-            && written.error().description
-            == "Tintwell.clr could not be written: it would be too large";
-    }));
-    EXPECT_EQ(installedKeys(), Names { "One" });
-    EXPECT_EQ(contentOf(home_ / "data/krita/palettes/Tintwell.gpl"), copy);
 }
 
 TEST_F(Installer, AProgramThatGetsNoCopyFailsTheInstallAfterTheListIsSaved)
