@@ -43,15 +43,6 @@ public:
     }
 };
 
-class Wide final : public platform::ColorSpace {
-public:
-    std::optional<std::array<double, 3>> toSRGB(
-        const std::array<double, 3>& components) const override
-    {
-        return std::array { components[0] * 1.2, components[1] - 0.1, components[2] };
-    }
-};
-
 class ColorSamplerServiceTest : public ::testing::Test {
 protected:
     std::unique_ptr<ColorSamplerService> makeService()
@@ -88,10 +79,6 @@ TEST_F(ColorSamplerServiceTest, GivesWhatWasPickedAsSRGB)
     } rows[] = {
         { "sRGB", platform::Color { 0.1, 0.2, 0.3, 1 }, RGBAColor(0.1, 0.2, 0.3, 1) },
         { "cancelled", std::nullopt, std::nullopt },
-        { "wide, clamped", platform::Color { 1, 0, 0.5, 1, std::make_shared<Wide>() },
-            RGBAColor(1, 0, 0.5, 1) },
-        { "wide, converted", platform::Color { 0.5, 0.5, 0.5, 1, std::make_shared<Wide>() },
-            RGBAColor(0.6, 0.4, 0.5, 1) },
         { "no way to sRGB", platform::Color { 1, 1, 1, 1, std::make_shared<NoWay>() },
             std::nullopt },
     };

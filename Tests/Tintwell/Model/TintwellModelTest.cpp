@@ -1,13 +1,11 @@
 #include "TintwellModel.h"
 
-#include "ChildProcess.h"
 #include "Fakes.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <set>
 
 namespace tintwell {
 namespace {
@@ -15,7 +13,6 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
-using platform::contentOf;
 using platform::writeContent;
 
 const auto seed = *RGBAColor::fromHex("#6E56CF");
@@ -504,55 +501,6 @@ TEST(TintwellModel, TwoModelsOnOneFileLoseNothing)
     EXPECT_NE(panel.status().find("is not a finite number"), std::string::npos) << panel.status();
     EXPECT_EQ(panel.savedPalettes(), stored);
     EXPECT_EQ(storedIn(scene.file), stored);
-}
-
-TEST(TintwellModel, TwoProcessesOnOneFileLoseNothing)
-{
-    Scene scene;
-    constexpr int count = 20;
-    const auto saveAndDelete = [&scene](std::uint8_t firstId) {
-        scene.lastId = firstId;
-        const auto model = scene.modelOn(scene.file);
-        for (int i = 0; i < count; ++i) {
-            model->saveAndInstallCurrent();
-            model->saveAndInstallCurrent();
-            if (model->status() != "Saved and installed Tintwell.clr")
-                return false;
-            model->deletePalette(model->savedPalettes()[0]);
-        }
-        return model->status() == "Deleted Violet";
-    };
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(saveAndDelete(100) ? 0 : 1);
-    EXPECT_TRUE(saveAndDelete(0));
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-
-    std::set<platform::Uuid> ids;
-    for (const auto& palette : storedIn(scene.file))
-        ids.insert(palette.id);
-    std::set<platform::Uuid> expected;
-    for (std::uint8_t i = 0; i < count; ++i)
-        for (const int first : { 0, 100 })
-            expected.insert({ { static_cast<std::uint8_t>(first + 1 + 2 * i) } });
-    EXPECT_EQ(ids, expected);
-}
-
-TEST(TintwellModel, MovesABrokenLibraryAsideOnlyWhenItSaves)
-{
-    Scene scene;
-    writeContent(scene.file, "not a library");
-    auto& model = scene.model();
-    model.apply(amber);
-    EXPECT_EQ(contentOf(scene.file), "not a library");
-    EXPECT_EQ(scene.folder.names(), Names { "saved-palettes.json" });
-
-    model.saveAndInstallCurrent();
-    EXPECT_EQ(namesIn(storedIn(scene.file)), Names { "Pale Gold" });
-    EXPECT_EQ(contentOf(scene.folder / "saved-palettes.json.unreadable-20261122T100000Z"),
-        "not a library");
 }
 
 } // namespace
