@@ -216,14 +216,6 @@ TEST(PalettePublisher, NamesTheFirstProgramThatFailedAfterTheOthers)
                "palettes could not be made: permission is denied"
             && home.files() == Names { "data/krita/palettes/T.gpl" };
     }));
-    const Home home;
-    home.install("data/krita");
-    writeContent(home.path("data/krita/palettes"), "a file");
-    const auto published = home.publisher().publish(listNamed("T"));
-    ASSERT_FALSE(published);
-    EXPECT_EQ(published.error().description,
-        "The color list was saved, but Krita did not get its copy, because T.gpl could not be "
-        "written: a part of its path is not a folder");
 }
 
 TEST(PalettePublisher, RemovesACopyThatItCannotReplace)
@@ -246,24 +238,18 @@ TEST(PalettePublisher, RefusesNamesThatAreNoFileNames)
     EXPECT_EQ(home.files(), Names {});
 }
 
-TEST(PalettePublisher, TakesTheUsersFoldersFromTheEnvironment)
+TEST(PalettePublisher, TakesTheFoldersOfGimpFromTheEnvironment)
 {
-    using Variables = std::map<std::string, std::string>;
-    const auto foldersWith = [](const Variables& variables) {
-        return PalettePublisher::userFolders([&](const char* name) -> std::optional<std::string> {
-            const auto found = variables.find(name);
-            return found == variables.end() ? std::nullopt : std::optional(found->second);
-        });
-    };
-    const auto defaults = foldersWith({ { "HOME", "/h" }, { "GIMP2_DIRECTORY", "" } });
-    EXPECT_EQ(defaults.config, "/h/.config");
-    EXPECT_EQ(defaults.data, "/h/.local/share");
-    EXPECT_TRUE(defaults.gimp.empty());
-    const auto own = foldersWith({ { "HOME", "/h" }, { "XDG_CONFIG_HOME", "/c" },
-        { "XDG_DATA_HOME", "/d" }, { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } });
-    EXPECT_EQ(own.config, "/c");
-    EXPECT_EQ(own.data, "/d");
-    EXPECT_EQ(own.gimp, (std::vector<fs::path> { "/g", "/h/.g3" }));
+    const std::map<std::string, std::string> variables { { "HOME", "/h" },
+        { "XDG_CONFIG_HOME", "/c" }, { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } };
+    const auto folders
+        = PalettePublisher::userFolders([&](const char* name) -> std::optional<std::string> {
+              const auto found = variables.find(name);
+              return found == variables.end() ? std::nullopt : std::optional(found->second);
+          });
+    EXPECT_EQ(folders.config, "/c");
+    EXPECT_EQ(folders.data, "/h/.local/share");
+    EXPECT_EQ(folders.gimp, (std::vector<fs::path> { "/g", "/h/.g3" }));
 }
 
 } // namespace
