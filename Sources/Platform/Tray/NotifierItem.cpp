@@ -1,7 +1,5 @@
 #include "NotifierItem.h"
 
-#include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QImage>
@@ -13,6 +11,11 @@ namespace {
 
 constexpr auto itemPath = "/StatusNotifierItem";
 constexpr auto menuPath = "/MenuBar";
+
+QString connectionName()
+{
+    return QStringLiteral("status-item");
+}
 
 NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
 {
@@ -66,25 +69,19 @@ NotifierItem::NotifierItem(const StatusItem::Content& content, QString iconName,
     , iconName_(std::move(iconName))
     , handlers_(std::move(handlers))
     , menu_(content.menu)
-    , service_(
-          QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid()))
+    , bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName()))
 {
     qDBusRegisterMetaType<NotifierPixmap>();
     qDBusRegisterMetaType<QList<NotifierPixmap>>();
     qDBusRegisterMetaType<NotifierToolTip>();
-    auto bus = QDBusConnection::sessionBus();
-    bus.registerObject(QString::fromLatin1(menuPath), &menu_,
+    bus_.registerObject(QString::fromLatin1(menuPath), &menu_,
         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
-    bus.registerObject(QString::fromLatin1(itemPath), this, QDBusConnection::ExportAllContents);
-    bus.registerService(service_);
+    bus_.registerObject(QString::fromLatin1(itemPath), this, QDBusConnection::ExportAllContents);
 }
 
 NotifierItem::~NotifierItem()
 {
-    auto bus = QDBusConnection::sessionBus();
-    bus.unregisterService(service_);
-    bus.unregisterObject(QString::fromLatin1(itemPath));
-    bus.unregisterObject(QString::fromLatin1(menuPath));
+    QDBusConnection::disconnectFromBus(connectionName());
 }
 
 QDBusObjectPath NotifierItem::menu() const
@@ -105,8 +102,9 @@ void NotifierItem::announce()
     const auto watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
     auto call = QDBusMessage::createMethodCall(watcher, QStringLiteral("/StatusNotifierWatcher"),
         watcher, QStringLiteral("RegisterStatusNotifierItem"));
-    call << service_;
-    QDBusConnection::sessionBus().send(call);
+    // Not a name of its own: the tray of GNOME watches such an item twice, and often loses it.
+    call << bus_.baseService();
+    bus_.send(call);
 }
 
 void NotifierItem::Activate(int x, int y) const

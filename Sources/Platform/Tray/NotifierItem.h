@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDBusArgument>
+#include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QList>
 #include <QObject>
@@ -103,7 +104,8 @@ private:
     QList<NotifierPixmap> icon_;
     Handlers handlers_;
     NotifierMenu menu_;
-    QString service_;
+    /// Of the item alone, so that the tray sees it go when the object goes.
+    QDBusConnection bus_;
 };
 
 } // namespace platform

@@ -131,7 +131,8 @@ def call(destination, path, method, *arguments):
 
 
 def notifier_items():
-    return re.findall(r"org\.kde\.StatusNotifierItem-[\d-]+", call(
+    """Items by the unique name of their connection: one by a well-known name gets lost on GNOME."""
+    return re.findall(r":\d+\.\d+", call(
         WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get", WATCHER,
         "RegisteredStatusNotifierItems"))
 
