@@ -6,6 +6,7 @@
 #include "TintwellViewState.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace tintwell {
 
@@ -35,25 +36,21 @@ platform::Result<std::vector<SavedPalette>> load(PalettePersistence& library)
     return palettes;
 }
 
-/// Makes one change to the newest list of the library and writes it. `change` answers with the
-/// error that keeps it from being made.
-template <typename Change>
-platform::Result<void> edit(
-    PalettePersistence& library, const std::string& failure, const Change& change)
+platform::Result<void> edit(PalettePersistence& library, const std::string& failure,
+    const std::function<platform::Result<void>(std::vector<SavedPalette>&)>& change)
 {
     // A library that cannot be read stays as it is: only its owner can tell what it is worth.
     auto palettes = load(library);
     if (!palettes)
         return palettes.error();
-    auto edit = library.beginEdit();
-    if (!edit)
-        return platform::Error { failure + edit.error().description };
-    auto list = edit.value().changedElsewhere().value_or(std::move(palettes).value());
-    if (platform::Result<void> changed = change(list); !changed)
-        return changed;
-    if (const auto saved = edit.value().save(list); !saved)
-        return platform::Error { failure + saved.error().description };
-    return {};
+    bool refuses = false;
+    const auto make = [&](auto& list) {
+        auto made = change(list);
+        refuses = !made;
+        return made;
+    };
+    const auto done = library.apply({ .make = make }, palettes.value());
+    return done || refuses ? done : platform::Error { failure + done.error().description };
 }
 
 std::size_t sharedLength(const std::string& a, const std::string& b)
@@ -172,8 +169,7 @@ platform::Result<SavedPalette> findSaved(
 Report saveColor(PalettePersistence& library, const RGBAColor& source, platform::Uuid id,
     platform::Timestamp now, LibraryFormat format)
 {
-    const auto palette = PaletteGenerator().generate(source);
-    const SavedPalette saved { id, palette.sourceName, now, source, palette.exportColors() };
+    const auto saved = SavedPalette::of(PaletteGenerator().generate(source), id, now);
     const auto done = edit(library, "Save failed: ", [&](std::vector<SavedPalette>& list) {
         list.insert(list.begin(), saved);
         return platform::Result<void>();

@@ -1,5 +1,7 @@
 #include "Terminal.h"
 
+#include "Text.h"
+
 #include <utf8proc.h>
 
 #include <algorithm>
@@ -18,24 +20,6 @@ namespace tintwell {
 namespace {
 
 constexpr std::string_view replacement = "\uFFFD";
-
-struct Character {
-    utf8proc_int32_t codepoint = -1;
-    std::string_view bytes;
-};
-
-/// Takes the first character off `text`, which is not empty; an invalid byte counts as one.
-Character takeCharacter(std::string_view& text)
-{
-    utf8proc_int32_t codepoint = -1;
-    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
-    const auto size
-        = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &codepoint);
-    const auto length = size > 0 ? static_cast<std::size_t>(size) : 1;
-    Character character { size > 0 ? codepoint : -1, text.substr(0, length) };
-    text.remove_prefix(length);
-    return character;
-}
 
 bool steersTerminal(utf8proc_int32_t codepoint)
 {
@@ -140,8 +124,8 @@ std::string printable(std::string_view text)
 {
     std::string result;
     while (!text.empty()) {
-        const auto character = takeCharacter(text);
-        const bool shown = character.codepoint >= 0 && !steersTerminal(character.codepoint);
+        const auto character = platform::takeCharacter(text);
+        const bool shown = character.codePoint >= 0 && !steersTerminal(character.codePoint);
         result += shown ? character.bytes : replacement;
     }
     return result;
@@ -154,7 +138,7 @@ std::string inQuotes(std::string_view text)
     std::string_view rest = whole;
     std::string result = "\"";
     for (std::size_t count = 0; count < longest && !rest.empty(); ++count)
-        result += takeCharacter(rest).bytes;
+        result += platform::takeCharacter(rest).bytes;
     return result + (rest.empty() ? "\"" : "…\"");
 }
 
@@ -184,7 +168,7 @@ int displayWidth(std::string_view text)
 {
     int width = 0;
     while (!text.empty())
-        width += utf8proc_charwidth(takeCharacter(text).codepoint);
+        width += utf8proc_charwidth(platform::takeCharacter(text).codePoint);
     return width;
 }
 
@@ -196,8 +180,8 @@ std::string fitted(std::string_view text, int columns)
     std::string result;
     int used = 0;
     while (!text.empty()) {
-        const auto character = takeCharacter(text);
-        const int cells = utf8proc_charwidth(character.codepoint);
+        const auto character = platform::takeCharacter(text);
+        const int cells = utf8proc_charwidth(character.codePoint);
         if (used + cells > columns - 1)
             break;
         result += character.bytes;

@@ -26,16 +26,18 @@ std::size_t skipAsciiWords(std::string_view text, std::size_t offset)
     return offset;
 }
 
-/// How many bytes the character takes that starts `text`; nothing when it is not UTF-8.
-std::optional<std::size_t> firstCharacterLength(std::string_view text)
+} // namespace
+
+Character takeCharacter(std::string_view& text)
 {
-    utf8proc_int32_t codePoint = -1;
+    std::int32_t codePoint = -1;
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
-    return length > 0 ? std::optional(static_cast<std::size_t>(length)) : std::nullopt;
+    const Character character { length > 0 ? codePoint : -1,
+        text.substr(0, length > 0 ? static_cast<std::size_t>(length) : 1) };
+    text.remove_prefix(character.bytes.size());
+    return character;
 }
-
-} // namespace
 
 std::optional<std::size_t> findInvalidUtf8(std::string_view text)
 {
@@ -45,10 +47,11 @@ std::optional<std::size_t> findInvalidUtf8(std::string_view text)
             ++offset;
             continue;
         }
-        const auto length = firstCharacterLength(text.substr(offset));
-        if (!length)
+        auto rest = text.substr(offset);
+        const auto character = takeCharacter(rest);
+        if (character.codePoint < 0)
             return offset;
-        offset = skipAsciiWords(text, offset + *length);
+        offset = skipAsciiWords(text, offset + character.bytes.size());
     }
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 // The records of a derived palette: plain values, whole in themselves.
 #pragma once
 
+#include "Appearance.h"
 #include "RGBAColor.h"
 
 #include <cstddef>
@@ -33,7 +34,7 @@ struct PaletteSection {
     bool operator==(const PaletteSection&) const = default;
 };
 
-enum class Appearance { light, dark };
+using platform::Appearance;
 
 /// "light" or "dark".
 [[nodiscard]] std::string_view rawValue(Appearance appearance);

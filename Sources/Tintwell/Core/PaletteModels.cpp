@@ -26,6 +26,12 @@ std::optional<WorkspaceTab> workspaceTabFromRawValue(std::string_view text)
     return std::nullopt;
 }
 
+SavedPalette SavedPalette::of(
+    const GeneratedPalette& palette, platform::Uuid id, platform::Timestamp createdAt)
+{
+    return { id, palette.sourceName, createdAt, palette.source, palette.exportColors() };
+}
+
 } // namespace tintwell
 
 using tintwell::Hasher;

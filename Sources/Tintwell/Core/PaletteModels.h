@@ -23,6 +23,10 @@ struct SavedPalette {
     RGBAColor source;
     std::vector<NamedColor> colors;
 
+    /// `palette` as it is kept: its source, and all that it exports.
+    [[nodiscard]] static SavedPalette of(
+        const GeneratedPalette& palette, platform::Uuid id, platform::Timestamp createdAt);
+
     bool operator==(const SavedPalette&) const = default;
 };
 

@@ -103,7 +103,7 @@ struct PalettePersistence::Edit::State {
 };
 
 PalettePersistence::PalettePersistence(path url, std::function<Timestamp()> now)
-    : url_(std::move(url))
+    : file_(std::move(url))
     , memory_(std::make_shared<Memory>())
 {
     memory_->now = now ? std::move(now) : platform::currentTime;
@@ -120,10 +120,10 @@ Result<Library> PalettePersistence::load()
 {
     memory_->stamp.reset();
     std::error_code ignored;
-    if (std::filesystem::status(url_, ignored).type() == std::filesystem::file_type::not_found)
+    if (std::filesystem::status(file_, ignored).type() == std::filesystem::file_type::not_found)
         return Library {};
     FileStamp stamp;
-    auto library = readLibrary(url_, stamp);
+    auto library = readLibrary(file_, stamp);
     if (library)
         memory_->stamp = stamp;
     return library;
@@ -140,14 +140,34 @@ Result<void> PalettePersistence::save(const Library& palettes)
 
 Result<PalettePersistence::Edit> PalettePersistence::beginEdit()
 {
-    if (auto created = platform::createFolders(url_.parent_path()); !created)
+    if (auto created = platform::createFolders(file_.parent_path()); !created)
         return created.error();
-    auto lock = FileLock::acquire(platform::followSymlinks(url_));
+    auto lock = FileLock::acquire(platform::followSymlinks(file_));
     if (!lock)
         return lock.error();
-    auto state = std::make_unique<Edit::State>(url_, memory_, std::move(lock).value());
+    auto state = std::make_unique<Edit::State>(file_, memory_, std::move(lock).value());
     state->lookAtFile();
     return Edit(std::move(state));
+}
+
+Result<void> PalettePersistence::apply(const Change& change, Library& palettes)
+{
+    auto edit = beginEdit();
+    if (!edit)
+        return edit.error();
+    if (auto& others = edit.value().state_->changedElsewhere) {
+        change.willChange();
+        palettes = std::move(*others);
+    }
+    change.willChange();
+    if (auto made = change.make(palettes); !made)
+        return made;
+    auto saved = edit.value().save(palettes);
+    if (!saved) {
+        change.willChange();
+        change.takeBack(palettes);
+    }
+    return saved;
 }
 
 PalettePersistence::Edit::Edit(std::unique_ptr<State> state)

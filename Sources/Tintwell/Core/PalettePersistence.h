@@ -22,7 +22,7 @@ public:
     explicit PalettePersistence(
         std::filesystem::path url, std::function<platform::Timestamp()> now = {});
 
-    [[nodiscard]] const std::filesystem::path& url() const { return url_; }
+    [[nodiscard]] const std::filesystem::path& url() const { return file_; }
 
     /// The user's data folder (when there is none, the home folder and "Library/Application
     /// Support"), then "Tintwell/saved-palettes.json". Touches nothing on disk.
@@ -66,9 +66,23 @@ public:
     /// seconds.
     [[nodiscard]] platform::Result<Edit> beginEdit();
 
+    /// One change of a list of palettes.
+    struct Change {
+        /// May refuse, and then leaves the list as it is.
+        std::function<platform::Result<void>(std::vector<SavedPalette>&)> make;
+        /// Undoes it when it could not be saved.
+        std::function<void(std::vector<SavedPalette>&)> takeBack = [](auto&) {};
+        /// Comes before everything that the list goes through.
+        std::function<void()> willChange = [] {};
+    };
+
+    /// Makes the change and saves the list, with what others saved meanwhile taken up first.
+    [[nodiscard]] platform::Result<void> apply(
+        const Change& change, std::vector<SavedPalette>& palettes);
+
 private:
     struct Memory;
-    std::filesystem::path url_;
+    std::filesystem::path file_;
     std::shared_ptr<Memory> memory_;
 };
 

@@ -3,6 +3,7 @@
 #include "Hashing.h"
 #include "NumberText.h"
 #include "SRGBTransfer.h"
+#include "Text.h"
 
 #include <utf8proc.h>
 
@@ -14,7 +15,7 @@ namespace tintwell {
 
 namespace {
 
-bool isAlphanumeric(utf8proc_int32_t codePoint)
+bool isAlphanumeric(std::int32_t codePoint)
 {
     const auto category = utf8proc_category(codePoint);
     return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
@@ -26,17 +27,13 @@ std::string_view trimmedToAlphanumeric(std::string_view text)
 {
     std::size_t first = text.size();
     std::size_t end = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        utf8proc_int32_t codePoint = -1;
-        const auto read
-            = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at),
-                static_cast<utf8proc_ssize_t>(text.size() - at), &codePoint);
-        const std::size_t next = at + (read > 0 ? static_cast<std::size_t>(read) : 1);
-        if (read > 0 && isAlphanumeric(codePoint)) {
+    for (auto rest = text; !rest.empty();) {
+        const auto at = text.size() - rest.size();
+        const auto character = platform::takeCharacter(rest);
+        if (character.codePoint >= 0 && isAlphanumeric(character.codePoint)) {
             first = std::min(first, at);
-            end = next;
+            end = at + character.bytes.size();
         }
-        at = next;
     }
     return first < end ? text.substr(first, end - first) : std::string_view {};
 }

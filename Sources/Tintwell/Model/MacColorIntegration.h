@@ -70,12 +70,10 @@ public:
 /// Every install of a palette fills this one list, whatever the palette is called.
 inline constexpr auto installedListName = "Tintwell";
 
-/// Installs palettes as named colour lists of the desktop.
-class MacColorListInstaller {
+/// Installs palettes as named colour lists.
+class ColorListInstalling {
 public:
-    MacColorListInstaller(
-        platform::ColorListRegistry registry, platform::PalettePublisher publisher);
-    virtual ~MacColorListInstaller() = default;
+    virtual ~ColorListInstalling() = default;
 
     /// Fills the list `name` with `colors` and saves it; returns the file that was written. Without
     /// a destination that is the registry's list, which is also published to the user's drawing
@@ -83,7 +81,19 @@ public:
     /// file itself.
     virtual platform::Result<std::filesystem::path> install(const std::string& name,
         const std::vector<NamedColor>& colors,
-        const std::optional<std::filesystem::path>& destination);
+        const std::optional<std::filesystem::path>& destination)
+        = 0;
+};
+
+/// Installs them as the desktop's lists.
+class MacColorListInstaller final : public ColorListInstalling {
+public:
+    MacColorListInstaller(
+        platform::ColorListRegistry registry, platform::PalettePublisher publisher);
+
+    platform::Result<std::filesystem::path> install(const std::string& name,
+        const std::vector<NamedColor>& colors,
+        const std::optional<std::filesystem::path>& destination) override;
 
 private:
     [[nodiscard]] platform::Result<platform::ColorList> listToFill(

@@ -120,43 +120,30 @@ void TintwellModel::sampleFromScreen()
     });
 }
 
-/// Makes one change of the library and saves it, with what others saved meanwhile taken up first.
-/// `undo` takes the change back when it could not be saved.
-platform::Result<void> TintwellModel::changeLibrary(
-    const std::function<void()>& change, const std::function<void()>& undo)
+platform::Result<void> TintwellModel::changeLibrary(PalettePersistence::Change change)
 {
-    auto edit = persistence_.beginEdit();
-    if (!edit)
-        return edit.error();
-    if (auto others = edit.value().changedElsewhere())
-        store(savedPalettes_, std::move(*others));
-
-    observers_.announce();
-    change();
-    auto saved = edit.value().save(savedPalettes_);
-    if (!saved) {
-        observers_.announce();
-        undo();
-    }
-    return saved;
+    change.willChange = [this] { observers_.announce(); };
+    return persistence_.apply(change, savedPalettes_);
 }
 
 void TintwellModel::saveAndInstallCurrent()
 {
-    const auto colors = generated_.exportColors();
-    const SavedPalette palette { services_.makeUuid(), generated_.sourceName, services_.now(),
-        generated_.source, colors };
-    const auto saved
-        = changeLibrary([&] { savedPalettes_.insert(savedPalettes_.begin(), palette); },
-            [&] {
-                std::erase_if(
-                    savedPalettes_, [&](const auto& entry) { return entry.id == palette.id; });
-            });
+    const auto palette = SavedPalette::of(generated_, services_.makeUuid(), services_.now());
+    const auto saved = changeLibrary({
+        .make = [&](auto& palettes) -> platform::Result<void> {
+            palettes.insert(palettes.begin(), palette);
+            return {};
+        },
+        .takeBack =
+            [&](auto& palettes) {
+                std::erase_if(palettes, [&](const auto& entry) { return entry.id == palette.id; });
+            },
+    });
     if (!saved) {
         setStatus("Save failed: " + saved.error().description);
         return;
     }
-    const auto file = services_.installer.install(installedListName, colors, std::nullopt);
+    const auto file = services_.installer.install(installedListName, palette.colors, std::nullopt);
     setStatus(file ? "Saved and installed " + file.value().filename().string()
                    : "Saved, but install failed: " + file.error().description);
 }
@@ -181,12 +168,14 @@ void TintwellModel::deletePalette(const SavedPalette& palette)
     const auto id = palette.id;
     const auto name = palette.name;
     std::vector<SavedPalette> kept;
-    const auto deleted = changeLibrary(
-        [&] {
-            kept = savedPalettes_;
-            std::erase_if(savedPalettes_, [&](const auto& entry) { return entry.id == id; });
+    const auto deleted = changeLibrary({
+        .make = [&](auto& palettes) -> platform::Result<void> {
+            kept = palettes;
+            std::erase_if(palettes, [&](const auto& entry) { return entry.id == id; });
+            return {};
         },
-        [&] { savedPalettes_ = std::move(kept); });
+        .takeBack = [&](auto& palettes) { palettes = std::move(kept); },
+    });
     setStatus(deleted ? "Deleted " + name : "Delete failed: " + deleted.error().description);
 }
 

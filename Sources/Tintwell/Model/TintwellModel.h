@@ -24,7 +24,7 @@ inline constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampin
 /// it.
 struct ModelServices {
     platform::Pasteboard& pasteboard;
-    MacColorListInstaller& installer;
+    ColorListInstalling& installer;
     platform::Scheduler& scheduler;
     std::function<platform::Timestamp()> now;
     std::function<platform::Uuid()> makeUuid;
@@ -72,8 +72,7 @@ public:
 private:
     void take(const RGBAColor& color, const std::string& verb);
     template <typename T, typename Value> void store(T& property, Value&& value);
-    platform::Result<void> changeLibrary(
-        const std::function<void()>& change, const std::function<void()>& undo);
+    platform::Result<void> changeLibrary(PalettePersistence::Change change);
 
     GeneratedPalette generated_;
     std::vector<SavedPalette> savedPalettes_;

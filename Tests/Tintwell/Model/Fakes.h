@@ -64,7 +64,7 @@ public:
 };
 
 /// Writes nothing; answers with a file, or with `error` when there is one.
-class FakeInstaller final : public MacColorListInstaller {
+class FakeInstaller final : public ColorListInstalling {
 public:
     struct Call {
         std::string name;
@@ -72,12 +72,6 @@ public:
 
         bool operator==(const Call&) const = default;
     };
-
-    FakeInstaller()
-        : MacColorListInstaller(platform::ColorListRegistry({}),
-            platform::PalettePublisher({ .config = {}, .data = {} }))
-    {
-    }
 
     platform::Result<std::filesystem::path> install(const std::string& name,
         const std::vector<NamedColor>& colors,
