@@ -107,13 +107,16 @@ ColorDepth colorDepth(const TerminalEnvironment& environment, ColorChoice choice
 
 Terminal terminalBehind(int descriptor, ColorChoice choice)
 {
+    // In GNU screen COLORTERM is what the terminal around it announced.
+    const bool isInScreen = !variable("STY").empty();
     Terminal terminal;
-    terminal.depth = colorDepth({ .isTerminal = isatty(descriptor) == 1,
-                                    .term = variable("TERM"),
-                                    .colorTerm = variable("COLORTERM"),
-                                    .noColor = variable("NO_COLOR"),
-                                    .colorForce = variable("CLICOLOR_FORCE") },
-        choice);
+    terminal.depth
+        = colorDepth({ .isTerminal = isatty(descriptor) == 1,
+                         .term = variable("TERM"),
+                         .colorTerm = isInScreen ? std::string_view() : variable("COLORTERM"),
+                         .noColor = variable("NO_COLOR"),
+                         .colorForce = variable("CLICOLOR_FORCE") },
+            choice);
     winsize size {};
     if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
         terminal.columns = size.ws_col;

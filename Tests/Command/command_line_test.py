@@ -220,7 +220,7 @@ class Output(Case):
         self.assertIn("\x1b[48;2;110;86;207m", shown)
         self.assertEqual(max(len(re.sub(r"\x1b\[[0-9;]*m", "", line)) for line in shown.splitlines()), 98)
         plain = self.done("palette", "6E56CF")
-        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}, {"COLORTERM": "", "TERM": "screen"}):
+        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}, {"STY": "1.pts-0", "TERM": "screen"}):
             self.assertEqual(self.on_terminal("palette", "6E56CF", **environment), plain)
         self.assertEqual(self.on_terminal("palette", "6E56CF", "--color", "never"), plain)
         self.assertIn("\x1b[48;5;62m", self.on_terminal("palette", "6E56CF", COLORTERM=""))
