@@ -25,6 +25,7 @@ if(TINTWELL_SANITIZE)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(tintwell_options INTERFACE -fsanitize=${TINTWELL_SANITIZE})
 endif()
+include(Hardening)
 
 # One layer of the tree: a static library whose headers are included by their bare names.
 function(tintwell_add_library name)
