@@ -147,6 +147,12 @@ void Button::keyPressEvent(QKeyEvent* event)
         click();
 }
 
+void Button::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (style_ != ButtonStyle::prominent && style_ != ButtonStyle::destructive)
+        QAbstractButton::mouseDoubleClickEvent(event);
+}
+
 void Button::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::EnabledChange)

@@ -22,7 +22,8 @@ enum class ButtonStyle {
 };
 
 /// A button that is pressed by the mouse, by Space and by Return. A button without text needs an
-/// accessible name.
+/// accessible name. The second press of a double click does nothing on one that keeps or deletes
+/// something: it would do so twice.
 class Button : public QAbstractButton, public Tinted {
     Q_OBJECT
 public:
@@ -48,6 +49,7 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

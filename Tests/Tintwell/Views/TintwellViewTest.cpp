@@ -54,6 +54,22 @@ TEST_F(TintwellViewTest, EveryControlDoesItsAction)
     }
 }
 
+TEST_F(TintwellViewTest, ADoubleClickDeletesOrSavesOnce)
+{
+    struct Case {
+        const char* control;
+        std::size_t left;
+    };
+    for (const auto& [control, left] :
+        { Case { "Delete palette", 2 }, Case { "Save + Install", 4 } }) {
+        openOn({ palette(1, "Red"), palette(2, "Rose"), palette(3, "Ruby") });
+        choose(WorkspaceTab::saved);
+        const auto at = button(control)->mapTo(window_.get(), button(control)->rect().center());
+        QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
+        EXPECT_EQ(model_->savedPalettes().size(), left) << control;
+    }
+}
+
 TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
 {
     QTest::mouseClick(button("More"), Qt::LeftButton);
