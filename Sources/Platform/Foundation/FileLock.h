@@ -17,8 +17,8 @@ public:
     /// renames an open file on removal, two holders could lock two files. Waits for another holder,
     /// in this process too, but no longer than `patience`. On a file system without locks the
     /// writer goes on without one.
-    [[nodiscard]] static Result<FileLock> acquire(const std::filesystem::path& file,
-        std::chrono::milliseconds patience = std::chrono::seconds { 10 });
+    [[nodiscard]] static Result<FileLock> acquire(
+        const std::filesystem::path& file, std::chrono::milliseconds patience);
 
 private:
     explicit FileLock(FileDescriptor file)

@@ -138,11 +138,11 @@ Result<void> PalettePersistence::save(const Library& palettes)
     return edit.value().save(palettes);
 }
 
-Result<PalettePersistence::Edit> PalettePersistence::beginEdit()
+Result<PalettePersistence::Edit> PalettePersistence::beginEdit(std::chrono::milliseconds patience)
 {
     if (auto created = platform::createFolders(file_.parent_path()); !created)
         return created.error();
-    auto lock = FileLock::acquire(platform::followSymlinks(file_));
+    auto lock = FileLock::acquire(platform::followSymlinks(file_), patience);
     if (!lock)
         return lock.error();
     auto state = std::make_unique<Edit::State>(file_, memory_, std::move(lock).value());
@@ -152,7 +152,7 @@ Result<PalettePersistence::Edit> PalettePersistence::beginEdit()
 
 Result<void> PalettePersistence::apply(const Change& change, Library& palettes)
 {
-    auto edit = beginEdit();
+    auto edit = beginEdit(change.patience);
     if (!edit)
         return edit.error();
     if (auto& others = edit.value().state_->changedElsewhere) {

@@ -5,6 +5,7 @@
 #include "PaletteModels.h"
 #include "Result.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -18,6 +19,8 @@ namespace tintwell {
 /// stores and processes may share a file.
 class PalettePersistence {
 public:
+    static constexpr std::chrono::seconds usualPatience { 10 };
+
     /// `now` dates a file that has to be moved aside; without one it is the system's clock.
     explicit PalettePersistence(
         std::filesystem::path url, std::function<platform::Timestamp()> now = {});
@@ -62,9 +65,10 @@ public:
     };
 
     /// Waits for the lock and opens an edit; keep it only for as long as the change takes. Fails
-    /// when the folder or the lock file cannot be made, or when somebody holds the lock for ten
-    /// seconds.
-    [[nodiscard]] platform::Result<Edit> beginEdit();
+    /// when the folder or the lock file cannot be made, or when somebody holds the lock for longer
+    /// than `patience`.
+    [[nodiscard]] platform::Result<Edit> beginEdit(
+        std::chrono::milliseconds patience = usualPatience);
 
     /// One change of a list of palettes.
     struct Change {
@@ -74,6 +78,8 @@ public:
         std::function<void(std::vector<SavedPalette>&)> takeBack = [](auto&) {};
         /// Comes before everything that the list goes through.
         std::function<void()> willChange = [] {};
+        /// How long to wait for the lock.
+        std::chrono::milliseconds patience = usualPatience;
     };
 
     /// Makes the change and saves the list, with what others saved meanwhile taken up first.

@@ -11,6 +11,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto copyMarkDuration = 950ms;
+/// The panel stands still while the library is in use elsewhere.
+constexpr auto longestWait = 1s;
 
 std::string withHex(const std::string& sentence, const RGBAColor& color)
 {
@@ -123,6 +125,7 @@ void TintwellModel::sampleFromScreen()
 platform::Result<void> TintwellModel::changeLibrary(PalettePersistence::Change change)
 {
     change.willChange = [this] { observers_.announce(); };
+    change.patience = longestWait;
     return persistence_.apply(change, savedPalettes_);
 }
 

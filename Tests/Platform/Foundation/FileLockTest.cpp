@@ -18,12 +18,15 @@ namespace {
 
 using std::chrono::milliseconds;
 
+/// For what is expected to be free at some time.
+constexpr std::chrono::seconds patience { 10 };
+
 TEST(FileLock, HasOneHolderAtATime)
 {
     const TemporaryFolder folder;
     const auto file = folder / "a.json";
     {
-        const auto held = FileLock::acquire(file);
+        const auto held = FileLock::acquire(file, patience);
         ASSERT_TRUE(held);
         const auto second = FileLock::acquire(file, milliseconds { 30 });
         ASSERT_FALSE(second);
@@ -44,7 +47,7 @@ TEST(FileLock, HasOneHolderAmongThreads)
     for (int thread = 0; thread < 4; ++thread)
         threads.emplace_back([&] {
             for (int round = 0; round < 300; ++round) {
-                const auto held = FileLock::acquire(file);
+                const auto held = FileLock::acquire(file, patience);
                 ASSERT_TRUE(held);
                 most = std::max(most.load(), ++holders);
                 std::this_thread::yield();
@@ -64,7 +67,7 @@ TEST(FileLock, IsFreedWhenItsHolderDies)
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t child = ::fork();
     if (child == 0) {
-        const auto held = FileLock::acquire(file);
+        const auto held = FileLock::acquire(file, patience);
         (void)(::write(ready[1], "x", 1) == 1);
         ::pause();
         ::_exit(held ? 0 : 1);
@@ -85,7 +88,7 @@ TEST(FileLock, IsNotInheritedByStartedPrograms)
     const auto file = folder / "a.json";
     pid_t child = -1;
     {
-        const auto held = FileLock::acquire(file);
+        const auto held = FileLock::acquire(file, patience);
         ASSERT_TRUE(held);
         int started[2];
         ASSERT_EQ(::pipe2(started, O_CLOEXEC), 0);
@@ -108,7 +111,7 @@ TEST(FileLock, IsNotInheritedByStartedPrograms)
 TEST(FileLock, SaysWhyItCannotBeTaken)
 {
     const TemporaryFolder folder;
-    const auto held = FileLock::acquire(folder / "none/a.json");
+    const auto held = FileLock::acquire(folder / "none/a.json", patience);
     ASSERT_FALSE(held);
     EXPECT_EQ(held.error().description, "a.json.lock could not be made: it does not exist");
 }

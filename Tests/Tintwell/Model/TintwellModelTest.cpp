@@ -1,6 +1,7 @@
 #include "TintwellModel.h"
 
 #include "Fakes.h"
+#include "FileLock.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -448,6 +449,18 @@ TEST(TintwellModel, AFailureLeavesTheLibraryAsItWas)
     scene.model().saveAndInstallCurrent();
     EXPECT_EQ(namesIn(storedIn(scene.file)), Names { "Violet" });
     EXPECT_EQ(namesIn(scene.model().savedPalettes()), Names { "Violet" });
+}
+
+TEST(TintwellModel, DoesNotWaitLongForALibraryInUse)
+{
+    Scene scene;
+    auto& model = scene.modelOfThree();
+    const auto held = platform::FileLock::acquire(scene.file, 0s);
+    const auto start = std::chrono::steady_clock::now();
+    model.deletePalette(model.savedPalettes()[0]);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_EQ(model.status(), "Delete failed: saved-palettes.json is in use by another program");
+    EXPECT_EQ(model.savedPalettes().size(), 3U);
 }
 
 TEST(TintwellModel, TakesItsOwnElementsAsArguments)
