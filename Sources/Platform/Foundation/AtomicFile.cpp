@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <system_error>
 
@@ -127,6 +129,36 @@ private:
     bool inPlace_ = false;
 };
 
+/// Whether this names a temporary file of ours, as `prefix`, process and attempt, whose process is
+/// gone. What another program made of one, such as a conflict copy, is none.
+bool isAbandoned(std::string_view name, std::string_view prefix)
+{
+    if (!name.starts_with(prefix) || !name.ends_with(temporarySuffix))
+        return false;
+    name.remove_prefix(prefix.size());
+    name.remove_suffix(std::min(temporarySuffix.size(), name.size()));
+    pid_t process = 0;
+    int attempt = 0;
+    const auto* const end = name.data() + name.size();
+    const auto first = std::from_chars(name.data(), end, process);
+    if (first.ec != std::errc() || process <= 0 || first.ptr == end || *first.ptr != '-')
+        return false;
+    const auto second = std::from_chars(first.ptr + 1, end, attempt);
+    return second.ec == std::errc() && second.ptr == end && ::kill(process, 0) != 0
+        && errno == ESRCH;
+}
+
+void removeAbandonedTemporaries(const path& target)
+{
+    const std::string prefix = temporaryPrefix(target);
+    const path folder = target.has_parent_path() ? target.parent_path() : ".";
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure))
+        if (isAbandoned(entry->path().filename().string(), prefix))
+            ::unlink(entry->path().c_str());
+}
+
 /// Makes a rename outlast a power cut. The new content is in place already, so there is nothing
 /// to undo and nothing to report where a file system cannot do this.
 void syncFolder(const path& folder)
@@ -229,6 +261,7 @@ Result<void> writeFileAtomically(const path& file, std::string_view bytes, FileS
         return fileError(file, "written", errno);
     if (replaces && !S_ISREG(old.st_mode))
         return notRegularError(file, "written", old.st_mode);
+    removeAbandonedTemporaries(target);
     TemporaryFile temporary(target);
     if (!temporary.isOpen() || (replaces && !temporary.adopt(old)) || !temporary.write(bytes)
         || !temporary.takePlace(stamp))
@@ -237,21 +270,6 @@ Result<void> writeFileAtomically(const path& file, std::string_view bytes, FileS
             : fileError(file, "written", errno);
     syncFolder(target.parent_path());
     return {};
-}
-
-void removeAbandonedTemporaries(const path& file)
-{
-    const path target = followSymlinks(file);
-    const std::string prefix = temporaryPrefix(target);
-    const path folder = target.has_parent_path() ? target.parent_path() : ".";
-    std::error_code failure;
-    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
-         entry.increment(failure)) {
-        const path& found = entry->path();
-        const std::string name = found.filename().string();
-        if (name.starts_with(prefix) && name.ends_with(temporarySuffix))
-            ::unlink(found.c_str());
-    }
 }
 
 Result<path> moveAside(const path& file, std::string_view suffix)

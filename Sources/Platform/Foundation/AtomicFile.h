@@ -38,14 +38,10 @@ struct FileStamp {
 /// Replaces the content of `file` by `bytes`: other programs and a machine that loses power see the
 /// old content or the new one, whole. The folder must exist. A symbolic link at `file` stays and
 /// its target is replaced; the mode of an existing file stays, a new one follows the umask. On an
-/// error the old file is as it was and nothing is left beside it. What is no regular
-/// file is never replaced. `stamp` receives the new state.
+/// error the old file is as it was and nothing is left beside it, nor is what a process left there
+/// that died in this. What is no regular file is never replaced. `stamp` receives the new state.
 [[nodiscard]] Result<void> writeFileAtomically(
     const std::filesystem::path& file, std::string_view bytes, FileStamp* stamp = nullptr);
-
-/// Removes what processes that died in `writeFileAtomically` left beside `file`. Only for a caller
-/// who knows that nobody is writing it now.
-void removeAbandonedTemporaries(const std::filesystem::path& file);
 
 /// Renames `file` to its name followed by `suffix`, or by `suffix` and "-2", "-3" …, but never over
 /// another file. Gives the new path. A symbolic link stays and its target is renamed.

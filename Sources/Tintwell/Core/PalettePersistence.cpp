@@ -189,7 +189,6 @@ Result<void> PalettePersistence::Edit::save(const Library& palettes)
     const auto json = encodeLibrary(state_->url, palettes, platform::stampOf(state_->url));
     if (!json)
         return json.error();
-    platform::removeAbandonedTemporaries(state_->url);
     path aside;
     if (state_->isUnreadable) {
         auto moved = platform::moveAside(state_->url, unreadableSuffix(state_->memory->now()));

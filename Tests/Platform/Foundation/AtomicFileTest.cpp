@@ -149,13 +149,24 @@ TEST(AtomicFile, AFolderThatIsReadOnlyOrMissingIsAnError)
         onFolder.error().description, "b.json could not be written: a folder is in its place");
 }
 
-TEST(AtomicFile, RemovesOnlyAbandonedTemporariesOfItsFile)
+TEST(AtomicFile, ClearsWhatADeadProcessLeftAndNothingElse)
 {
     const TemporaryFolder folder;
-    for (const char* name : { "a.json", ".a.json.77-0.tmp", ".b.json.77-0.tmp", ".a.json.bak" })
-        writeContent(folder / name, "x");
-    removeAbandonedTemporaries(folder / "a.json");
-    EXPECT_EQ(folder.names(), (Names { ".a.json.bak", ".b.json.77-0.tmp", "a.json" }));
+    // No process has this number.
+    const std::string dead = ".a.json.2147483647-0";
+    Names others { ".a.json.bak", ".a.json." + std::to_string(::getpid()) + "-0.tmp", ".a.json.tmp",
+        dead + ".sync-conflict-20261122-100000-ABCDEFG.tmp", dead + " (conflicted copy).tmp",
+        ".b.json.2147483647-0.tmp", "a (conflicted copy 2026-11-22).json",
+        "a.sync-conflict-20261122-100000-ABCDEFG.json" };
+    for (const auto& name : others)
+        writeContent(folder / name.c_str(), "theirs");
+    writeContent(folder / (dead + ".tmp").c_str(), "left");
+    ASSERT_TRUE(writeFileAtomically(folder / "a.json", "new"));
+    for (const auto& name : others)
+        EXPECT_EQ(contentOf(folder / name.c_str()), "theirs") << name;
+    others.emplace_back("a.json");
+    std::sort(others.begin(), others.end());
+    EXPECT_EQ(folder.names(), others);
 }
 
 } // namespace
