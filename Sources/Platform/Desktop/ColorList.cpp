@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <optional>
 #include <system_error>
@@ -192,22 +193,21 @@ std::vector<std::string> ColorList::allKeys() const
     return keys;
 }
 
-void ColorList::removeColorWithKey(const std::string& key)
+void ColorList::setColors(std::vector<std::pair<std::string, Color>> colors)
 {
-    const auto found = std::find_if(
-        colors_.begin(), colors_.end(), [&](const auto& entry) { return entry.first == key; });
-    if (found != colors_.end())
-        colors_.erase(found);
+    colors_ = std::move(colors);
+    places_.clear();
+    for (std::size_t place = 0; place < colors_.size(); ++place)
+        places_.emplace(colors_[place].first, place);
 }
 
 void ColorList::setColor(const Color& color, const std::string& key)
 {
-    const auto found = std::find_if(
-        colors_.begin(), colors_.end(), [&](const auto& entry) { return entry.first == key; });
-    if (found != colors_.end())
-        found->second = color;
-    else
+    const auto [place, isNew] = places_.emplace(key, colors_.size());
+    if (isNew)
         colors_.emplace_back(key, color);
+    else
+        colors_[place->second].second = color;
 }
 
 Result<std::string> colorListFileName(const std::string& name)
@@ -259,7 +259,7 @@ std::vector<ColorList> ColorListRegistry::availableColorLists() const
             continue;
         ColorList list(file.stem().string());
         list.file_ = file;
-        list.colors_ = std::move(content->colors);
+        list.setColors(std::move(content->colors));
         const path target = followSymlinks(file);
         list.editable_ = content->editable && mayWrite(target) && mayWrite(target.parent_path());
         lists.push_back(std::move(list));
@@ -279,8 +279,10 @@ Result<path> ColorListRegistry::write(const ColorList& list, const path& file) c
             return name.error();
         target = folder_ / name.value();
         std::error_code ignored;
-        const auto type = std::filesystem::symlink_status(target, ignored).type();
+        const auto type = std::filesystem::status(target, ignored).type();
         using std::filesystem::file_type;
+        if (::faccessat(AT_FDCWD, target.c_str(), R_OK, AT_EACCESS) != 0 && errno == EACCES)
+            return Error { name.value() + " could not be read: " + reasonText(EACCES) };
         if (type != file_type::not_found && type != file_type::directory && !readList(target))
             return Error { name.value() + " in " + folder_.string()
                 + " is not a color list and was left as it is" };

@@ -4,8 +4,10 @@
 #include "Color.h"
 #include "Result.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,16 +28,19 @@ public:
     {
         return colors_;
     }
-    void removeColorWithKey(const std::string& key);
     /// Adds `color` at the end, or replaces the colour of a key that is there.
     void setColor(const Color& color, const std::string& key);
 
 private:
     friend class ColorListRegistry;
+    void setColors(std::vector<std::pair<std::string, Color>> colors);
+
     std::string name_;
     bool editable_ = true;
     std::filesystem::path file_;
     std::vector<std::pair<std::string, Color>> colors_;
+    /// Where the color of each key stands.
+    std::unordered_map<std::string, std::size_t> places_;
 };
 
 /// "<name>.clr". Fails for a name that cannot be a file name: empty, with a slash or a NUL, hidden

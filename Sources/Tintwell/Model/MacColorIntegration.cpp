@@ -1,22 +1,34 @@
 #include "MacColorIntegration.h"
 
-#include <set>
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace tintwell {
 
 namespace {
 
-/// The key under which one colour of a list is stored: `base`, or the first of `base` followed by
-/// " 2", " 3" and so on that is not in `usedNames` yet. Adds it there.
-std::string uniqueKey(const std::string& base, std::set<std::string>& usedNames)
-{
-    const std::string& first = base.empty() ? "Color" : base;
-    std::string key = first;
-    for (std::size_t number = 2; !usedNames.insert(key).second; ++number)
-        key = first + " " + std::to_string(number);
-    return key;
-}
+/// The keys under which the colours of one list are stored.
+class UsedNames {
+public:
+    /// `base`, or the first of `base` followed by " 2", " 3" and so on that is not in use yet.
+    std::string uniqueKey(const std::string& base)
+    {
+        const std::string& first = base.empty() ? "Color" : base;
+        if (names_.insert(first).second)
+            return first;
+        // A name stays in use, so that what was tried before need not be tried again.
+        auto& number = numbers_.try_emplace(first, 2).first->second;
+        for (;;)
+            if (auto key = first + " " + std::to_string(number++); names_.insert(key).second)
+                return key;
+    }
+
+private:
+    std::unordered_set<std::string> names_;
+    std::unordered_map<std::string, std::size_t> numbers_;
+};
 
 } // namespace
 
@@ -35,9 +47,9 @@ std::optional<RGBAColor> fromPlatformColor(const platform::Color& color)
 
 void fillColorList(platform::ColorList& list, const std::vector<NamedColor>& colors)
 {
-    std::set<std::string> usedNames;
+    UsedNames usedNames;
     for (const auto& color : colors)
-        list.setColor(toPlatformColor(color.color), uniqueKey(color.name, usedNames));
+        list.setColor(toPlatformColor(color.color), usedNames.uniqueKey(color.name));
 }
 
 platform::Error TintwellError::colorListNotEditable(const std::string& name)
@@ -83,15 +95,12 @@ platform::Result<platform::ColorList> MacColorListInstaller::listToFill(
 {
     if (isNew)
         return platform::ColorList(name);
-    for (auto& list : registry_.availableColorLists()) {
-        if (list.name() != name)
-            continue;
-        if (!list.isEditable())
-            return TintwellError::colorListNotEditable(name);
-        for (const auto& key : list.allKeys())
-            list.removeColorWithKey(key);
-        return std::move(list);
-    }
+    const auto lists = registry_.availableColorLists();
+    const auto found = std::find_if(
+        lists.begin(), lists.end(), [&](const auto& list) { return list.name() == name; });
+    if (found != lists.end() && !found->isEditable())
+        return TintwellError::colorListNotEditable(name);
+    // Nothing of the list that is there stays.
     return platform::ColorList(name);
 }
 
