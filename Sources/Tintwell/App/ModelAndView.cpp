@@ -18,6 +18,8 @@ ModelAndView makeModelAndView(DesktopServices& services)
     content.model = std::make_unique<TintwellModel>(seedColor,
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),
         services.forModel());
+    content.libraryWatch = std::make_unique<platform::FileWatch>(
+        content.model->libraryFile(), [&model = *content.model] { model.followLibrary(); });
     content.view = new TintwellView(*content.model,
         { .openColorPanel = [&services] { services.colorPanel().orderFront(); },
             .quit = [] { QApplication::quit(); },

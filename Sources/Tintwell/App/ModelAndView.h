@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DesktopServices.h"
+#include "FileWatch.h"
 #include "TintwellModel.h"
 
 #include <QPointer>
@@ -14,6 +15,7 @@ namespace tintwell {
 /// The view has no parent yet; the frame that shows it owns it, and has to go before the model.
 struct ModelAndView {
     std::unique_ptr<TintwellModel> model;
+    std::unique_ptr<platform::FileWatch> libraryWatch;
     QPointer<QWidget> view;
 };
 

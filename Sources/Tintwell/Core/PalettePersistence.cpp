@@ -129,6 +129,19 @@ Result<Library> PalettePersistence::load()
     return library;
 }
 
+std::optional<Library> PalettePersistence::takeUpChange()
+{
+    const auto current = platform::stampOf(file_);
+    if (!current || current == memory_->stamp)
+        return std::nullopt;
+    FileStamp stamp;
+    auto library = readLibrary(file_, stamp);
+    if (!library)
+        return std::nullopt;
+    memory_->stamp = stamp;
+    return std::move(library).value();
+}
+
 Result<void> PalettePersistence::save(const Library& palettes)
 {
     auto edit = beginEdit();

@@ -36,6 +36,11 @@ public:
     /// any part of it cannot be read.
     [[nodiscard]] platform::Result<std::vector<SavedPalette>> load();
 
+    /// The list in the file when somebody else wrote it since this store last read or wrote it,
+    /// which then counts as read; nothing when the store is up to date or no library can be read
+    /// there.
+    [[nodiscard]] std::optional<std::vector<SavedPalette>> takeUpChange();
+
     /// Replaces the whole file by `palettes`, atomically, creating missing folders. A file that
     /// cannot be read is first moved aside to "saved-palettes.json.unreadable-20261122T100000Z". On
     /// an error the old file is as it was and no temporary file is left.

@@ -126,7 +126,19 @@ platform::Result<void> TintwellModel::changeLibrary(PalettePersistence::Change c
 {
     change.willChange = [this] { observers_.announce(); };
     change.patience = longestWait;
-    return persistence_.apply(change, savedPalettes_);
+    platform::Result<void> changed;
+    platform::withAnimation(
+        sourceChangeSpring, [&] { changed = persistence_.apply(change, savedPalettes_); });
+    return changed;
+}
+
+void TintwellModel::followLibrary()
+{
+    auto library = persistence_.takeUpChange();
+    if (!library || *library == savedPalettes_)
+        return;
+    platform::withAnimation(
+        sourceChangeSpring, [&] { store(savedPalettes_, std::move(*library)); });
 }
 
 void TintwellModel::saveAndInstallCurrent()

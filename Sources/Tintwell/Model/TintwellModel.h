@@ -17,7 +17,7 @@
 
 namespace tintwell {
 
-/// Animates every change of the source colour.
+/// Animates every change of the source colour and of the library.
 inline constexpr platform::Spring sourceChangeSpring { .response = 0.32, .dampingFraction = 0.85 };
 
 /// What the model needs of the desktop beside its store and sampler; the referenced objects outlive
@@ -68,6 +68,9 @@ public:
     void use(const SavedPalette& palette);
     void install(const SavedPalette& palette);
     void deletePalette(const SavedPalette& palette);
+    /// Takes up what others have made of the library file; for when it may have changed.
+    void followLibrary();
+    [[nodiscard]] const std::filesystem::path& libraryFile() const { return persistence_.url(); }
 
 private:
     void take(const RGBAColor& color, const std::string& verb);

@@ -298,23 +298,23 @@ TEST(TintwellModel, AnnouncesEveryWriteOnceAndBeforeItIsStored)
         { "cancelled", [&] { scene.sampler->answer({}); }, { "isSampling", "status" } },
         { "use", [&] { model.use(model.savedPalettes()[0]); }, { "generated*", "*", "status" } },
         { "install", [&] { model.install(model.savedPalettes()[0]); }, { "status" } },
-        { "save", [&] { model.saveAndInstallCurrent(); }, { "savedPalettes", "status" } },
+        { "save", [&] { model.saveAndInstallCurrent(); }, { "savedPalettes*", "status" } },
         { "delete", [&] { model.deletePalette(model.savedPalettes()[2]); },
-            { "savedPalettes", "status" } },
+            { "savedPalettes*", "status" } },
         { "save after somebody else",
             [&] {
                 EXPECT_TRUE(PalettePersistence(scene.file).save({}));
                 model.saveAndInstallCurrent();
             },
-            { "savedPalettes", "savedPalettes", "status" } },
+            { "savedPalettes*", "savedPalettes*", "status" } },
         { "save in vain",
             [&] {
                 scene.refuseFile();
                 model.saveAndInstallCurrent();
             },
-            { "savedPalettes", "savedPalettes", "status" } },
+            { "savedPalettes*", "savedPalettes*", "status" } },
         { "delete in vain", [&] { model.deletePalette(model.savedPalettes()[0]); },
-            { "savedPalettes", "savedPalettes", "status" } },
+            { "savedPalettes*", "savedPalettes*", "status" } },
     };
     for (const auto& [action, act, changes] : cases) {
         act();
