@@ -12,6 +12,7 @@
 #include <QShortcut>
 
 #include <algorithm>
+#include <utility>
 
 namespace tintwell {
 
@@ -113,6 +114,8 @@ void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)
     const auto change = page == workspace_->currentPage() ? spring : std::nullopt;
     switch (model_.selectedTab()) {
     case WorkspaceTab::studio:
+        if (std::exchange(shownSource_, model_.generated().source) != shownSource_)
+            studio_->scrollToTop();
         studio_->show(studioState(model_), change);
         break;
     case WorkspaceTab::themes:

@@ -61,6 +61,8 @@ private:
 
     platform::Tint tint_;
     TintState shownTint_;
+    /// What the Studio was last scrolled to the top for.
+    RGBAColor shownSource_;
     platform::Motion tintMotion_;
     platform::ViewBridge bridge_;
 };
