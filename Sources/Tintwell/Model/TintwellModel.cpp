@@ -60,6 +60,8 @@ void TintwellModel::setStatus(std::string status)
 
 void TintwellModel::apply(const RGBAColor& color)
 {
+    if (color != generated_.source)
+        history_.remember(step::Source { generated_.source });
     platform::withAnimation(sourceChangeSpring, [&] {
         store(generated_, generator_.generate(color));
         store(selectedTab_, WorkspaceTab::studio);
@@ -182,16 +184,83 @@ void TintwellModel::deletePalette(const SavedPalette& palette)
     // The palette may be an element of the very list that changes.
     const auto id = palette.id;
     const auto name = palette.name;
-    std::vector<SavedPalette> kept;
+    if (auto removed = remove(id, name); removed && !removed->empty())
+        history_.remember(step::PutBack { std::move(*removed) });
+}
+
+/// What was removed; nothing when that failed. The status tells either.
+std::optional<std::vector<RemovedPalette>> TintwellModel::remove(
+    const platform::Uuid& id, const std::string& name)
+{
+    std::vector<RemovedPalette> removed;
     const auto deleted = changeLibrary({
         .make = [&](auto& palettes) -> platform::Result<void> {
-            kept = palettes;
-            std::erase_if(palettes, [&](const auto& entry) { return entry.id == id; });
+            removed = RemovedPalette::take(palettes, id);
             return {};
         },
-        .takeBack = [&](auto& palettes) { palettes = std::move(kept); },
+        .takeBack = [&](auto& palettes) { RemovedPalette::putBack(palettes, removed); },
     });
     setStatus(deleted ? "Deleted " + name : "Delete failed: " + deleted.error().description);
+    return deleted ? std::optional(std::move(removed)) : std::nullopt;
+}
+
+void TintwellModel::undo()
+{
+    walk(history_.past, history_.future, "undo");
+}
+
+void TintwellModel::redo()
+{
+    walk(history_.future, history_.past, "redo");
+}
+
+/// Goes the last step of `from`; the way back from there becomes the last step of `to`.
+void TintwellModel::walk(std::vector<Step>& from, std::vector<Step>& to, const char* direction)
+{
+    if (from.empty())
+        return setStatus(std::string("Nothing to ") + direction);
+    // A step that failed may succeed the next time.
+    if (std::visit([&](const auto& step) { return go(step, to); }, from.back()))
+        from.pop_back();
+}
+
+bool TintwellModel::go(const step::Source& step, std::vector<Step>& to)
+{
+    to.push_back(step::Source { generated_.source });
+    platform::withAnimation(
+        sourceChangeSpring, [&] { store(generated_, generator_.generate(step.color)); });
+    setStatus(withHex("Back to " + generated_.sourceName, step.color));
+    return true;
+}
+
+bool TintwellModel::go(const step::PutBack& step, std::vector<Step>& to)
+{
+    const auto& palette = step.removed.front().palette();
+    bool wasGone = false;
+    const auto restored = changeLibrary({
+        .make = [&](auto& palettes) -> platform::Result<void> {
+            wasGone = RemovedPalette::putBack(palettes, step.removed);
+            return {};
+        },
+        .takeBack =
+            [&](auto& palettes) {
+                if (wasGone)
+                    (void)RemovedPalette::take(palettes, palette.id);
+            },
+    });
+    setStatus(
+        restored ? "Restored " + palette.name : "Restore failed: " + restored.error().description);
+    if (restored)
+        to.push_back(step::Delete { palette.id, palette.name });
+    return restored.hasValue();
+}
+
+bool TintwellModel::go(const step::Delete& step, std::vector<Step>& to)
+{
+    auto removed = remove(step.id, step.name);
+    if (removed && !removed->empty())
+        to.push_back(step::PutBack { std::move(*removed) });
+    return removed.has_value();
 }
 
 } // namespace tintwell

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Animation.h"
+#include "History.h"
 #include "MacColorIntegration.h"
 #include "Observers.h"
 #include "PaletteGenerator.h"
@@ -68,11 +69,21 @@ public:
     void use(const SavedPalette& palette);
     void install(const SavedPalette& palette);
     void deletePalette(const SavedPalette& palette);
+    /// Takes the last deletion or change of the source back, then the one before it.
+    void undo();
+    /// Makes what was taken back last happen again.
+    void redo();
     /// Takes up what others have made of the library file; for when it may have changed.
     void followLibrary();
     [[nodiscard]] const std::filesystem::path& libraryFile() const { return persistence_.url(); }
 
 private:
+    void walk(std::vector<Step>& from, std::vector<Step>& to, const char* direction);
+    bool go(const step::Source& step, std::vector<Step>& to);
+    bool go(const step::PutBack& step, std::vector<Step>& to);
+    bool go(const step::Delete& step, std::vector<Step>& to);
+    std::optional<std::vector<RemovedPalette>> remove(
+        const platform::Uuid& id, const std::string& name);
     void take(const RGBAColor& color, const std::string& verb);
     template <typename T, typename Value> void store(T& property, Value&& value);
     platform::Result<void> changeLibrary(PalettePersistence::Change change);
@@ -83,6 +94,7 @@ private:
     std::string status_;
     std::optional<std::string> lastCopiedID_;
     bool isSampling_ = false;
+    History history_;
 
     PaletteGenerator generator_;
     PalettePersistence persistence_;

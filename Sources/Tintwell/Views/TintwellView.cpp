@@ -78,6 +78,8 @@ void TintwellView::addShortcuts()
     };
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { model_.beginSampling(); });
     add(QKeySequence::Paste, [this] { model_.paste(); });
+    add(Qt::CTRL | Qt::Key_Z, [this] { model_.undo(); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [this] { model_.redo(); });
     for (std::size_t i = 0; i < allWorkspaceTabs.size(); ++i)
         add(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i),
             [this, i] { model_.setSelectedTab(allWorkspaceTabs.at(i)); });

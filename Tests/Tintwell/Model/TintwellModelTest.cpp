@@ -178,6 +178,37 @@ TEST(TintwellModel, ReportsEveryOutcomeInTheStatusLine)
                 s.model().deletePalette({ {}, "Gone", s.now, amber, {} });
             },
             "Deleted Gone" },
+        { "nothing to take back", [](Scene& s) { s.model().undo(); }, "Nothing to undo" },
+        { "nothing to repeat", [](Scene& s) { s.model().redo(); }, "Nothing to redo" },
+        { "source taken back",
+            [](Scene& s) {
+                s.model().apply(amber);
+                s.model().undo();
+            },
+            "Back to Violet · #6E56CF" },
+        { "deletion taken back",
+            [](Scene& s) {
+                s.modelOfThree();
+                s.model().deletePalette(s.model().savedPalettes()[1]);
+                s.model().undo();
+            },
+            "Restored Two" },
+        { "deletion not taken back",
+            [](Scene& s) {
+                s.modelOfThree();
+                s.model().deletePalette(s.model().savedPalettes()[1]);
+                s.refuseEdits();
+                s.model().undo();
+            },
+            "Restore failed: " + noEdit },
+        { "deletion repeated",
+            [](Scene& s) {
+                s.modelOfThree();
+                s.model().deletePalette(s.model().savedPalettes()[1]);
+                s.model().undo();
+                s.model().redo();
+            },
+            "Deleted Two" },
         { "deleting failed at once",
             [](Scene& s) {
                 s.modelOfThree();

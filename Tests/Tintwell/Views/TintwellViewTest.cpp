@@ -255,6 +255,24 @@ TEST_F(TintwellViewTest, UseSlidesTheStudioInAndThePickersPlateAlong)
     EXPECT_EQ(picker->plateRect(), picker->segmentRect(0));
 }
 
+TEST_F(TintwellViewTest, ANewPaletteShowsFromItsTopAndCanBeTakenBack)
+{
+    auto* bar = part<StudioWorkspace>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    ASSERT_GT(bar->value(), 0);
+    QTest::mouseClick(tile("tone.950"), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(bar->value(), bar->maximum());
+    apply("#F2C14E");
+    EXPECT_EQ(bar->value(), 0);
+    QTest::keyClick(view_.get(), Qt::Key_Z, Qt::ControlModifier);
+    settle();
+    EXPECT_NE(label("Back to Violet · #6E56CF"), nullptr);
+    QTest::keyClick(view_.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    settle();
+    EXPECT_NE(button("Copy #F2C14E"), nullptr);
+}
+
 TEST_F(TintwellViewTest, ALibraryOfAnySizeBuildsOnlyTheRowsInSight)
 {
     constexpr std::size_t count = 10'000;
