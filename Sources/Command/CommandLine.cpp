@@ -217,8 +217,7 @@ private:
     static CLI::Option* addColor(CLI::App& command, const char* name, Text& color)
     {
         return command
-            .add_option(name, color,
-                "RRGGBB, #RGB, rgb(), hsl(), oklch() or a CSS name; - reads it from standard input")
+            .add_option(name, color, std::string(colorForms) + "; - reads it from standard input")
             ->type_name("");
     }
 

@@ -12,10 +12,10 @@ std::size_t distance(std::string_view a, std::string_view b)
 {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0U);
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (const char letter : a) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const auto changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            const auto changed = diagonal + (letter == b[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({ changed, row[j + 1] + 1, row[j] + 1 });
         }

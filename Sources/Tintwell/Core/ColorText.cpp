@@ -255,25 +255,13 @@ std::optional<RGBAColor> shortHexColor(std::string_view text)
     return RGBAColor::fromHex(digits);
 }
 
-std::optional<RGBAColor> namedColor(std::string_view name)
-{
-    if (name == "transparent")
-        return RGBAColor(0, 0, 0, 0);
-    const auto rgb = cssColorNamed(name);
-    if (!rgb)
-        return std::nullopt;
-    constexpr double full = 255;
-    return RGBAColor(
-        (*rgb >> 16U & 0xFFU) / full, (*rgb >> 8U & 0xFFU) / full, (*rgb & 0xFFU) / full, 1);
-}
-
 /// A colour function or a name.
 std::optional<RGBAColor> wordColor(std::string_view text)
 {
     Reader reader(text);
     auto word = reader.takeWord();
     if (reader.isAtEnd())
-        return namedColor(word);
+        return RGBAColor::fromHex(cssColorNamed(word));
     const auto arguments = reader.take('(') ? readArguments(reader) : std::nullopt;
     if (!arguments)
         return std::nullopt;

@@ -26,6 +26,8 @@ TEST(ColorText, ReadsTheFormsOfCss)
              Case { "#ABC8", "#AABBCC88" },
              Case { "RebeccaPurple", "#663399" },
              Case { "transparent", "#00000000" },
+             Case { "aliceblue", "#F0F8FF" },
+             Case { "yellowgreen", "#9ACD32" },
              Case { "rgb(110 86 207)", "#6E56CF" },
              Case { "RGBA( 110,86 , 207,.5 )", "#6E56CF80" },
              Case { "rgb(43.137% 33.725% 81.176% / 50%)", "#6E56CF80" },
