@@ -14,10 +14,12 @@ std::size_t distance(std::string_view a, std::string_view b)
     std::iota(row.begin(), row.end(), 0U);
     for (const char letter : a) {
         std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const auto changed = diagonal + (letter == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({ changed, row[j + 1] + 1, row[j] + 1 });
+        std::size_t column = 0;
+        for (const char other : b) {
+            const auto changed = diagonal + (letter == other ? 0 : 1);
+            const auto before = row[column++];
+            diagonal = row[column];
+            row[column] = std::min({ changed, diagonal + 1, before + 1 });
         }
     }
     return row.back();

@@ -30,7 +30,7 @@ Loupe::Loupe(
     draw();
 }
 
-void Loupe::watchScreens()
+void Loupe::watchScreens() const
 {
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &Loupe::outdated);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Loupe::outdated);

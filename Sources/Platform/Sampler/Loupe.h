@@ -36,7 +36,7 @@ Q_SIGNALS:
 
 private:
     Loupe(const X11Display& display, std::unique_ptr<LoupeWindow> window, ColorDescriber describe);
-    void watchScreens();
+    void watchScreens() const;
     void draw();
 
     std::unique_ptr<LoupeWindow> window_;
