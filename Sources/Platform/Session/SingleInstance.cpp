@@ -1,4 +1,3 @@
-// One process a user and session, after the desktop entry standard's D-Bus activation.
 #include "SingleInstance.h"
 
 #include <QDBusConnection>

@@ -1,4 +1,3 @@
-// SIGTERM, SIGINT and SIGHUP as an orderly end: the handler only wakes the event loop.
 #include "TerminationSignals.h"
 
 #include <QSocketNotifier>

@@ -1,4 +1,3 @@
-// The sampler service: one platform sampler a pick, one answer a pick.
 #include "MacColorIntegration.h"
 
 #include <chrono>
