@@ -38,12 +38,12 @@ bool RemovedPalette::putBack(
     };
     if (!removed.empty() && placeOf(removed.front().palette_.id) != library.end())
         return false;
-    for (auto each = removed.rbegin(); each != removed.rend(); ++each) {
-        auto place = placeOf(each->next_);
+    std::for_each(removed.rbegin(), removed.rend(), [&](const RemovedPalette& each) {
+        auto place = placeOf(each.next_);
         if (place == library.end())
-            place -= static_cast<std::ptrdiff_t>(std::min(each->older_, library.size()));
-        library.insert(place, each->palette_);
-    }
+            place -= static_cast<std::ptrdiff_t>(std::min(each.older_, library.size()));
+        library.insert(place, each.palette_);
+    });
     return true;
 }
 

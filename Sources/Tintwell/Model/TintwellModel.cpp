@@ -226,7 +226,7 @@ void TintwellModel::walk(std::vector<Step>& from, std::vector<Step>& to, const c
 
 bool TintwellModel::go(const step::Source& step, std::vector<Step>& to)
 {
-    to.push_back(step::Source { generated_.source });
+    to.emplace_back(step::Source { generated_.source });
     platform::withAnimation(
         sourceChangeSpring, [&] { store(generated_, generator_.generate(step.color)); });
     setStatus(withHex("Back to " + generated_.sourceName, step.color));
@@ -251,7 +251,7 @@ bool TintwellModel::go(const step::PutBack& step, std::vector<Step>& to)
     setStatus(
         restored ? "Restored " + palette.name : "Restore failed: " + restored.error().description);
     if (restored)
-        to.push_back(step::Delete { palette.id, palette.name });
+        to.emplace_back(step::Delete { palette.id, palette.name });
     return restored.hasValue();
 }
 
@@ -259,7 +259,7 @@ bool TintwellModel::go(const step::Delete& step, std::vector<Step>& to)
 {
     auto removed = remove(step.id, step.name);
     if (removed && !removed->empty())
-        to.push_back(step::PutBack { std::move(*removed) });
+        to.emplace_back(step::PutBack { std::move(*removed) });
     return removed.has_value();
 }
 

@@ -128,6 +128,19 @@ class Panel(unittest.TestCase):
         self.wait_text("Loaded Violet")
         self.wait_text("Complementary")
         self.choose("Saved")
+        # A sync tool brings another palette; a double click on it leaves the one that moves up.
+        with open(LIBRARY + ".synced", "w", encoding="utf-8") as file:
+            json.dump([dict(library[0], id="6E56CF00-0000-4000-8000-000000000000", name="Elsewhere"), *library], file)
+        os.replace(LIBRARY + ".synced", LIBRARY)
+        trash = wait_for(lambda: next((node for node in self.controls(pyatspi.ROLE_PUSH_BUTTON)
+                                       if (node.name, node.description) == ("Delete palette", "Elsewhere")), None),
+                         "the other palette")
+        place = trash.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
+                        "click", "--repeat", "2", "--delay", "60", "1"], check=True)
+        self.wait_text("Deleted Elsewhere")
+        with open(LIBRARY, encoding="utf-8") as file:
+            self.assertEqual(json.load(file), library)
         self.assertEqual(self.button("Delete palette").description, "Violet")
         press(self.button("Delete palette"))
         self.wait_text("Deleted Violet")
