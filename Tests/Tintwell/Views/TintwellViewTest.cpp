@@ -64,8 +64,14 @@ TEST_F(TintwellViewTest, ADoubleClickDeletesOrSavesOnce)
         { Case { "Delete palette", 2 }, Case { "Save + Install", 4 } }) {
         openOn({ palette(1, "Red"), palette(2, "Rose"), palette(3, "Ruby") });
         choose(WorkspaceTab::saved);
-        const auto at = button(control)->mapTo(window_.get(), button(control)->rect().center());
-        QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
+        QTest::mouseClick(button(control), Qt::LeftButton);
+        // The next palette has moved under the pointer.
+        settle();
+        const auto at = button(control)->rect().center();
+        QMouseEvent second(QEvent::MouseButtonDblClick, at, button(control)->mapToGlobal(at),
+            Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(button(control), &second);
+        QTest::mouseRelease(button(control), Qt::LeftButton);
         EXPECT_EQ(model_->savedPalettes().size(), left) << control;
     }
 }
