@@ -35,14 +35,22 @@ public:
                 notifier_.setEnabled(false);
                 end();
             });
-        for (const int signal : signals)
-            std::signal(signal, handle);
+        struct sigaction action = {};
+        action.sa_handler = handle;
+        action.sa_flags = SA_RESTART;
+        for (std::size_t index = 0; index < signals.size(); ++index) {
+            auto& before = before_[index];
+            sigaction(signals[index], nullptr, &before);
+            // "nohup" ignores a signal for the program that it starts.
+            if (before.sa_handler != SIG_IGN)
+                sigaction(signals[index], &action, nullptr);
+        }
     }
 
     ~Watch()
     {
-        for (const int signal : signals)
-            std::signal(signal, SIG_DFL);
+        for (std::size_t index = 0; index < signals.size(); ++index)
+            sigaction(signals[index], &before_[index], nullptr);
         close(descriptor_);
     }
 
@@ -50,6 +58,7 @@ public:
     Watch& operator=(const Watch&) = delete;
 
 private:
+    std::array<struct sigaction, signals.size()> before_ {};
     int descriptor_;
     QSocketNotifier notifier_;
 };

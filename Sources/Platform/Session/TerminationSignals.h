@@ -6,7 +6,8 @@
 
 namespace platform {
 
-/// Calls `end` on the main thread when the process is asked to end. One object a process.
+/// Calls `end` on the main thread when the process is asked to end; a signal that it was started to
+/// ignore stays ignored. One object a process.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> end);
