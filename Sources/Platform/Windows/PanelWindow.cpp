@@ -21,6 +21,7 @@ namespace {
 /// A press on the item takes the focus away and closes the panel; its click comes with the release.
 constexpr std::chrono::seconds longestPress { 2 };
 constexpr int pressDrift = 8;
+constexpr std::chrono::milliseconds releaseLook { 20 };
 
 } // namespace
 
@@ -53,6 +54,7 @@ PanelWindow::PanelWindow(std::function<bool()> staysOpen)
 {
     setWindowTitle(QCoreApplication::applicationName());
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
+    connect(&release_, &QTimer::timeout, this, &PanelWindow::followButton);
 }
 
 PanelWindow::~PanelWindow() = default;
@@ -177,9 +179,26 @@ void PanelWindow::followFocus(const QWindow* focus)
     if (!isVisible() || isCompanion || QApplication::activePopupWidget() != nullptr
         || QApplication::activeModalWidget() != nullptr || staysOpen_())
         return;
+    // It may be a press that drags something here.
+    closingPress_ = ClosingPress { QCursor::pos(), std::chrono::steady_clock::now() };
+    release_.start(releaseLook);
+    followButton();
+}
+
+void PanelWindow::followButton()
+{
+    const auto display = X11Display::current();
+    if (isVisible() && display && display->isButtonDown())
+        return;
+    release_.stop();
+    if (!isVisible() || isActiveWindow() || staysOpen_())
+        return;
+    // Dropped here: what is used has the focus.
+    if (panelRect().contains(mapFromGlobal(QCursor::pos())))
+        return activateWindow();
     dismiss();
-    if (const auto display = X11Display::current(); display && display->isButtonDown())
-        closingPress_ = ClosingPress { QCursor::pos(), std::chrono::steady_clock::now() };
+    if (closingPress_)
+        closingPress_->time = std::chrono::steady_clock::now();
 }
 
 void PanelWindow::showEvent(QShowEvent* /*event*/)

@@ -9,6 +9,7 @@
 
 #include <QMargins>
 #include <QRect>
+#include <QTimer>
 
 #include <array>
 #include <chrono>
@@ -46,13 +47,14 @@ protected:
 
 private:
     class Corner;
-    /// A press outside that closed the panel.
+    /// A press outside that closes the panel as soon as it ends.
     struct ClosingPress {
         QPoint pointer;
         std::chrono::steady_clock::time_point time;
     };
 
     void followFocus(const QWindow* focus);
+    void followButton();
     void setComposited(bool composited);
     /// The panel inside its window, which is larger by the shadow.
     [[nodiscard]] QRect panelRect() const;
@@ -70,6 +72,8 @@ private:
     QMargins room_;
     Motion opening_;
     std::optional<ClosingPress> closingPress_;
+    /// Looks for the end of a press that took the focus away.
+    QTimer release_;
 };
 
 } // namespace platform

@@ -27,6 +27,12 @@ constexpr double shadowDrop = 7;
 constexpr double shadowOpacity = 0.18;
 constexpr double markBox = 12;
 constexpr int markPadding = 8;
+// The light around the content while a colour is over the header.
+constexpr double offerInset = 8;
+constexpr double offerRadius = 14;
+constexpr double offerLine = 2;
+constexpr double offerLineOpacity = 0.9;
+constexpr double offerFillOpacity = 0.16;
 
 const platform::TextStyle wordmarkStyle {
     .size = 10, .weight = QFont::DemiBold, .letterSpacing = 1.5
@@ -121,12 +127,26 @@ void CaptureHeader::dragEnterEvent(QDragEnterEvent* event)
 {
     const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()));
     // The source's own swatch may be dragged about without an effect.
-    if (color && color != model_.generated().source)
-        event->acceptProposedAction();
+    if (!color || color == model_.generated().source)
+        return;
+    event->acceptProposedAction();
+    lightUp(*color);
+}
+
+void CaptureHeader::dragLeaveEvent(QDragLeaveEvent* /*event*/)
+{
+    lightUp(std::nullopt);
+}
+
+void CaptureHeader::lightUp(const std::optional<RGBAColor>& offered)
+{
+    offered_ = offered;
+    update();
 }
 
 void CaptureHeader::dropEvent(QDropEvent* event)
 {
+    lightUp(std::nullopt);
     if (const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()))) {
         model_.drop(*color);
         event->acceptProposedAction();
@@ -142,6 +162,15 @@ void CaptureHeader::resizeEvent(QResizeEvent*)
 void CaptureHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (offered_) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        const auto light = toQColor(*offered_);
+        painter.setPen(QPen(platform::faded(light, offerLineOpacity), offerLine));
+        painter.setBrush(platform::faded(light, offerFillOpacity));
+        painter.drawRoundedRect(
+            QRectF(rect()).adjusted(offerInset, offerInset, -offerInset, -offerInset),
+            offerRadius, offerRadius);
+    }
     shadow_.paint(painter, QRectF(swatch_->geometry()).translated(0, shadowDrop),
         platform::faded(swatch_->paintedColor(), shadowOpacity));
 }

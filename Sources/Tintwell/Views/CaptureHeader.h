@@ -32,6 +32,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -39,6 +40,7 @@ private:
     QLayout* makeColumn();
     void setCanSample(bool canSample);
     void placeMark();
+    void lightUp(const std::optional<RGBAColor>& offered);
 
     HeaderState shown_;
     bool focusReturns_ = false;
@@ -52,6 +54,8 @@ private:
     platform::Button* copy_;
     platform::Shadow shadow_;
     SwatchMotion motion_;
+    /// The colour of a drag that is over the header.
+    std::optional<RGBAColor> offered_;
 };
 
 } // namespace tintwell
