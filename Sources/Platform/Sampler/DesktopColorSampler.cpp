@@ -9,13 +9,15 @@
 
 namespace platform {
 
-ColorSamplerFactory makeColorSamplerFactory(ColorDescriber describe)
+ColorSamplerFactory makeColorSamplerFactory(
+    ColorDescriber describe, std::function<void()> impossible)
 {
-    return [describe = std::move(describe)]() -> std::unique_ptr<ColorSampler> {
+    return [describe = std::move(describe),
+               impossible = std::move(impossible)]() -> std::unique_ptr<ColorSampler> {
         const auto display = isWaylandSession() ? std::nullopt : X11Display::current();
         if (!display)
-            return std::make_unique<PortalColorSampler>();
-        return std::make_unique<X11ColorSampler>(*display, describe);
+            return std::make_unique<PortalColorSampler>(impossible);
+        return std::make_unique<X11ColorSampler>(*display, describe, impossible);
     };
 }
 

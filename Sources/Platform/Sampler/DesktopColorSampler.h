@@ -7,7 +7,9 @@
 namespace platform {
 
 /// Makes the sampler that fits the session at the time of each pick: the loupe on an X server of
-/// the user's own, else the portal. `describe` gives the loupe's label.
-[[nodiscard]] ColorSamplerFactory makeColorSamplerFactory(ColorDescriber describe);
+/// the user's own, else the portal. `describe` gives the loupe's label; `impossible` is called
+/// before the answer of a pick that the session has no means for.
+[[nodiscard]] ColorSamplerFactory makeColorSamplerFactory(
+    ColorDescriber describe, std::function<void()> impossible = [] {});
 
 } // namespace platform

@@ -51,8 +51,10 @@ class PortalRequest final : public QObject {
     Q_OBJECT
 
 public:
-    PortalRequest(std::chrono::milliseconds timeLimit, ColorSampler::SelectionHandler handler)
+    PortalRequest(std::function<void()> impossible, std::chrono::milliseconds timeLimit,
+        ColorSampler::SelectionHandler handler)
         : QObject(QCoreApplication::instance())
+        , impossible_(std::move(impossible))
         , handler_(std::move(handler))
         , bus_(QDBusConnection::sessionBus())
         , gone_(service, bus_, QDBusServiceWatcher::WatchForUnregistration)
@@ -107,6 +109,8 @@ private:
         const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
         watcher->deleteLater();
         if (reply.isError()) {
+            if (handler_)
+                impossible_();
             end(std::nullopt);
         } else {
             listen(reply.value().path());
@@ -151,6 +155,7 @@ private:
             handler(color);
     }
 
+    std::function<void()> impossible_;
     ColorSampler::SelectionHandler handler_;
     QDBusConnection bus_;
     QDBusServiceWatcher gone_;
@@ -159,8 +164,10 @@ private:
     bool calling_ = true;
 };
 
-PortalColorSampler::PortalColorSampler(std::chrono::milliseconds timeLimit)
-    : timeLimit_(timeLimit)
+PortalColorSampler::PortalColorSampler(
+    std::function<void()> impossible, std::chrono::milliseconds timeLimit)
+    : impossible_(std::move(impossible))
+    , timeLimit_(timeLimit)
 {
 }
 
@@ -172,10 +179,12 @@ PortalColorSampler::~PortalColorSampler()
 
 void PortalColorSampler::show(SelectionHandler handler)
 {
-    if (QDBusConnection::sessionBus().isConnected())
-        request_ = new PortalRequest(timeLimit_, std::move(handler));
-    else
-        handler(std::nullopt);
+    if (QDBusConnection::sessionBus().isConnected()) {
+        request_ = new PortalRequest(impossible_, timeLimit_, std::move(handler));
+        return;
+    }
+    impossible_();
+    handler(std::nullopt);
 }
 
 } // namespace platform

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include <chrono>
+#include <functional>
 
 namespace platform {
 
@@ -20,12 +21,15 @@ class PortalColorSampler final : public ColorSampler {
 public:
     static constexpr std::chrono::milliseconds answerTime { 120000 };
 
-    explicit PortalColorSampler(std::chrono::milliseconds timeLimit = answerTime);
+    /// `impossible` is called before the answer when there is no portal that could pick.
+    explicit PortalColorSampler(
+        std::function<void()> impossible = [] {}, std::chrono::milliseconds timeLimit = answerTime);
     ~PortalColorSampler() override;
 
     void show(SelectionHandler handler) override;
 
 private:
+    std::function<void()> impossible_;
     std::chrono::milliseconds timeLimit_;
     QPointer<PortalRequest> request_;
 };

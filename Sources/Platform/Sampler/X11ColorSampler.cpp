@@ -136,7 +136,7 @@ private:
     void leaveItToThePortal()
     {
         close();
-        owner_.portal_ = std::make_unique<PortalColorSampler>();
+        owner_.portal_ = std::make_unique<PortalColorSampler>(owner_.impossible_);
         owner_.portal_->show(owner_.handler_);
     }
 
@@ -162,9 +162,11 @@ private:
     QElapsedTimer sinceInput_;
 };
 
-X11ColorSampler::X11ColorSampler(const X11Display& display, ColorDescriber describe, Limits limits)
+X11ColorSampler::X11ColorSampler(const X11Display& display, ColorDescriber describe,
+    std::function<void()> impossible, Limits limits)
     : display_(display)
     , describe_(std::move(describe))
+    , impossible_(std::move(impossible))
     , limits_(limits)
 {
 }

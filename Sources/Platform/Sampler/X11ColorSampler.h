@@ -6,6 +6,7 @@
 #include "X11Display.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace platform {
@@ -26,8 +27,10 @@ public:
     };
     static constexpr Limits usualLimits { std::chrono::seconds(1), std::chrono::minutes(1) };
 
+    /// `impossible` is called before the answer when the portal cannot pick, either.
     X11ColorSampler(
-        const X11Display& display, ColorDescriber describe, Limits limits = usualLimits);
+        const X11Display& display, ColorDescriber describe,
+        std::function<void()> impossible = [] {}, Limits limits = usualLimits);
     ~X11ColorSampler() override;
 
     void show(SelectionHandler handler) override;
@@ -37,6 +40,7 @@ private:
 
     X11Display display_;
     ColorDescriber describe_;
+    std::function<void()> impossible_;
     Limits limits_;
     SelectionHandler handler_;
     std::unique_ptr<Pick> pick_;

@@ -102,14 +102,15 @@ private:
         { "pick", [this] { pick(platform::makeColorSamplerFactory(describe)()); } },
         { "portal",
             [this] {
-                pick(std::make_unique<platform::PortalColorSampler>(std::chrono::seconds(1)));
+                pick(
+                    std::make_unique<platform::PortalColorSampler>([] {}, std::chrono::seconds(1)));
             } },
         { "loupe",
             [this] {
                 const platform::X11ColorSampler::Limits limits { std::chrono::milliseconds(500),
                     std::chrono::milliseconds(1000) };
                 pick(std::make_unique<platform::X11ColorSampler>(
-                    *platform::X11Display::current(), describe, limits));
+                    *platform::X11Display::current(), describe, [] {}, limits));
             } },
         { "drop", [this] { sampler_.reset(); } },
         { "alive", [] { std::cout << "alive" << std::endl; } },
