@@ -6,6 +6,8 @@
 
 #include <QColor>
 
+#include <utility>
+
 namespace tintwell {
 
 namespace {
@@ -31,6 +33,32 @@ platform::ColorListRegistry userLists()
 
 } // namespace
 
+class DesktopServices::Sampler final : public ScreenColorSampling {
+public:
+    Sampler(std::shared_ptr<Screen> screen, platform::Scheduler& scheduler)
+        : screen_(std::move(screen))
+        , service_(platform::makeColorSamplerFactory(
+                       describe, [screen = screen_] { screen->canPick = false; }),
+              scheduler)
+    {
+    }
+
+    [[nodiscard]] bool isBusy() const override { return screen_->isBusy; }
+
+    void sample(Completion completion) override
+    {
+        *screen_ = { .isBusy = true, .canPick = true };
+        service_.sample([screen = screen_, completion = std::move(completion)](auto color) {
+            screen->isBusy = false;
+            completion(color);
+        });
+    }
+
+private:
+    std::shared_ptr<Screen> screen_;
+    ColorSamplerService service_;
+};
+
 DesktopServices::DesktopServices()
     : installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
     , colorPanel_({ pasteboard_, userLists(), inkOn, installedListName })
@@ -44,8 +72,7 @@ ModelServices DesktopServices::forModel()
 
 std::shared_ptr<ScreenColorSampling> DesktopServices::makeSampler()
 {
-    return std::make_shared<ColorSamplerService>(
-        platform::makeColorSamplerFactory(describe), scheduler_);
+    return std::make_shared<Sampler>(screen_, scheduler_);
 }
 
 } // namespace tintwell

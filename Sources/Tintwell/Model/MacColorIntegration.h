@@ -38,6 +38,9 @@ public:
     /// Returns at once; calls `completion` exactly once, later, on the main thread, with nothing
     /// when the user cancelled or the colour has no sRGB form.
     virtual void sample(Completion completion) = 0;
+
+    /// True while another pick has the screen.
+    [[nodiscard]] virtual bool isBusy() const { return false; }
 };
 
 /// The application's sampler, over a fresh platform sampler for every pick. Here, and nowhere else,

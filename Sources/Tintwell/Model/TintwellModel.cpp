@@ -105,22 +105,27 @@ void TintwellModel::take(const RGBAColor& color, const std::string& verb)
     setStatus(withHex(verb + generated_.sourceName, color));
 }
 
-void TintwellModel::sampleFromScreen()
+void TintwellModel::sampleFromScreen(const ScreenColorSampling::Completion& ended)
 {
-    if (isSampling_)
+    if (isSampling_ || sampler_->isBusy()) {
+        if (ended)
+            ended(std::nullopt);
         return;
+    }
     store(isSampling_, true);
     setStatus("Choose any visible color");
-    sampler_->sample([this, alive = std::weak_ptr(alive_)](std::optional<RGBAColor> color) {
+    sampler_->sample([this, alive = std::weak_ptr(alive_), ended](std::optional<RGBAColor> color) {
         if (alive.expired())
             return;
         store(isSampling_, false);
-        if (!color) {
+        if (color) {
+            apply(*color);
+            setStatus(withHex("Sampled " + generated_.sourceName, *color));
+        } else {
             setStatus("Sampling cancelled");
-            return;
         }
-        apply(*color);
-        setStatus(withHex("Sampled " + generated_.sourceName, *color));
+        if (ended)
+            ended(color);
     });
 }
 

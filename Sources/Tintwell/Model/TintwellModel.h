@@ -63,8 +63,9 @@ public:
     void drop(const RGBAColor& color);
     /// Starts a pick and returns at once.
     void beginSampling() { sampleFromScreen(); }
-    /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running.
-    void sampleFromScreen();
+    /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running,
+    /// of this model or another. Calls `ended`, if there is one, when all that is done.
+    void sampleFromScreen(const ScreenColorSampling::Completion& ended = {});
     void saveAndInstallCurrent();
     void use(const SavedPalette& palette);
     void install(const SavedPalette& palette);
