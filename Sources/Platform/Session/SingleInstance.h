@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -16,11 +17,19 @@ struct ActivationRequest {
 
     /// The token is that of this process's own start.
     [[nodiscard]] static ActivationRequest fromEnvironment(std::string action);
-
-    bool operator==(const ActivationRequest&) const = default;
 };
 
-/// Owns the application's name on the session bus and answers "org.freedesktop.Application" there.
+/// How an action ended.
+struct ActionResult {
+    enum class Kind { done, cancelled, impossible };
+
+    Kind kind = Kind::done;
+    /// What the action gave, or one sentence that says why it is impossible.
+    std::string text {};
+};
+
+/// Owns the application's name on the session bus and answers "org.freedesktop.Application" there;
+/// beside it "<name>.Actions", whose "Perform" answers when the action is over.
 class SingleInstance {
 public:
     enum class Outcome {
@@ -31,10 +40,11 @@ public:
         /// Another process runs and does not answer.
         unanswered
     };
-    using Handler = std::function<void(const ActivationRequest&)>;
+    using Answer = std::function<void(const ActionResult&)>;
+    using Handler = std::function<void(const ActivationRequest&, const Answer&)>;
 
     /// `applicationID` is a reverse-DNS name. `handler` runs on the main thread for every request
-    /// of a later start.
+    /// from outside; it may answer later, and once.
     SingleInstance(std::string applicationID, Handler handler);
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
@@ -43,11 +53,21 @@ public:
     /// Becomes the one process, or passes `request` to the one that is. Waits for the other at most
     /// five seconds.
     [[nodiscard]] Outcome claim(const ActivationRequest& request);
+    /// Gives the name up: from now on a start is the first.
+    void release();
+
+    /// Has the one process do what `request` asks for, and waits until that is over, however long
+    /// it takes. Nothing if no process runs, or it has ended meanwhile.
+    [[nodiscard]] static std::optional<ActionResult> perform(
+        const std::string& applicationID, const ActivationRequest& request);
 
 private:
     class Service;
+    class Actions;
     std::string applicationID_;
+    Handler handler_;
     std::unique_ptr<Service> service_;
+    std::unique_ptr<Actions> actions_;
 };
 
 } // namespace platform

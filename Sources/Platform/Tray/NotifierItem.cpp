@@ -74,8 +74,7 @@ NotifierItem::NotifierItem(const StatusItem::Content& content, QString iconName,
     qDBusRegisterMetaType<NotifierPixmap>();
     qDBusRegisterMetaType<QList<NotifierPixmap>>();
     qDBusRegisterMetaType<NotifierToolTip>();
-    bus_.registerObject(QString::fromLatin1(menuPath), &menu_,
-        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+    bus_.registerObject(QString::fromLatin1(menuPath), &menu_, QDBusConnection::ExportAllContents);
     bus_.registerObject(QString::fromLatin1(itemPath), this, QDBusConnection::ExportAllContents);
 }
 
@@ -112,9 +111,9 @@ void NotifierItem::Activate(int x, int y) const
     handlers_.activated({ x, y });
 }
 
-void NotifierItem::SecondaryActivate(int x, int y) const
+void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) const
 {
-    handlers_.activated({ x, y });
+    handlers_.middleClicked();
 }
 
 void NotifierItem::ContextMenu(int x, int y) const

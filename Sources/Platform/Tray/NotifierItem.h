@@ -63,6 +63,7 @@ public:
     struct Handlers {
         /// Where the tray says that the click was, in its own coordinates; null where it does not.
         std::function<void(QPoint)> activated;
+        std::function<void()> middleClicked;
         std::function<void(QPoint)> menuWanted;
     };
 

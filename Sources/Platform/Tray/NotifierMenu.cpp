@@ -76,8 +76,13 @@ QVariantMap NotifierMenu::properties(int id) const
     // An underscore would mark the next letter as the entry's key.
     const auto label
         = QString::fromStdString(entry.title).replace(QStringLiteral("_"), QStringLiteral("__"));
-    return { { QStringLiteral("label"), label }, { QStringLiteral("enabled"), true },
-        { QStringLiteral("visible"), true } };
+    QVariantMap properties { { QStringLiteral("label"), label },
+        { QStringLiteral("enabled"), true }, { QStringLiteral("visible"), true } };
+    if (entry.isOn) {
+        properties[QStringLiteral("toggle-type")] = QStringLiteral("checkmark");
+        properties[QStringLiteral("toggle-state")] = entry.isOn() ? 1 : 0;
+    }
+    return properties;
 }
 
 uint NotifierMenu::GetLayout(
@@ -88,7 +93,7 @@ uint NotifierMenu::GetLayout(
         for (int id = 1; contains(id); ++id)
             layout.children.append(
                 QDBusVariant(QVariant::fromValue(NotifierMenuLayout { id, properties(id), {} })));
-    return /*revision=*/1;
+    return revision_;
 }
 
 QList<NotifierMenuProperties> NotifierMenu::GetGroupProperties(
@@ -112,7 +117,15 @@ void NotifierMenu::Event(
     if (!contains(id) || name != QStringLiteral("clicked"))
         return;
     // Later, so that the tray has its answer before an action that ends the process.
-    QTimer::singleShot(0, this, entries_[static_cast<std::size_t>(id - 1)].action);
+    QTimer::singleShot(0, this, [this, id] { act(id); });
+}
+
+void NotifierMenu::act(int id)
+{
+    const auto& entry = entries_[static_cast<std::size_t>(id - 1)];
+    entry.action();
+    if (entry.isOn)
+        Q_EMIT LayoutUpdated(++revision_, /*parent=*/0);
 }
 
 QList<int> NotifierMenu::EventGroup(const QList<NotifierMenuEvent>& events)

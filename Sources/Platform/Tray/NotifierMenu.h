@@ -40,7 +40,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuPrope
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuEvent& event);
 
-/// A flat menu that never changes. Entry numbers start at 1; 0 is the menu itself.
+/// A flat menu whose entries stay the same. Entry numbers start at 1; 0 is the menu itself.
 class NotifierMenu : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
@@ -68,11 +68,16 @@ public Q_SLOTS:
     bool AboutToShow(int id);
     QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& errors);
 
+Q_SIGNALS:
+    void LayoutUpdated(uint revision, int parent);
+
 private:
+    void act(int id);
     [[nodiscard]] bool contains(int id) const;
     [[nodiscard]] QVariantMap properties(int id) const;
 
     std::vector<StatusItem::MenuEntry> entries_;
+    uint revision_ = 1;
 };
 
 } // namespace platform

@@ -17,9 +17,10 @@ namespace platform {
 
 namespace {
 
-/// How long the item waits for a tray, at the start and after one has gone, before the desktop
-/// counts as one without. A tray that comes later is still used.
-constexpr std::chrono::milliseconds graceTime { 2000 };
+/// How long the item waits for a tray after one has gone, and while a desktop starts, before the
+/// desktop counts as one without. A tray that comes later is still used.
+constexpr std::chrono::seconds restartTime { 2 };
+constexpr std::chrono::seconds desktopStartTime { 15 };
 
 /// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland
 /// desktop its emulation knows the pointer over X11 windows only, so there the tray's own hint
@@ -35,11 +36,13 @@ std::optional<QPoint> clickPlace(QPoint hint)
 
 } // namespace
 
-StatusItem::StatusItem(Content content, Events events, StatusIconPainter paintIcon)
+StatusItem::StatusItem(
+    Content content, Events events, StatusIconPainter paintIcon, FirstTray firstTray)
     : content_(std::move(content))
     , events_(std::move(events))
     , icon_(std::move(paintIcon))
     , watch_(std::make_unique<TrayWatch>())
+    , expectsTray_(firstTray == FirstTray::mayBeLate)
 {
     QObject::connect(watch_.get(), &TrayWatch::changed, watch_.get(), [this] { followTray(); });
     QObject::connect(watch_.get(), &TrayWatch::watcherStarted, watch_.get(), [this] {
@@ -51,7 +54,7 @@ StatusItem::StatusItem(Content content, Events events, StatusIconPainter paintIc
     QObject::connect(
         &grace_, &QTimer::timeout, watch_.get(), [this] { setPresence(Presence::absent); });
     grace_.setSingleShot(true);
-    grace_.start(graceTime);
+    grace_.start(expectsTray_ ? desktopStartTime : restartTime);
     QTimer::singleShot(0, watch_.get(), [this] { followTray(); });
 }
 
@@ -73,6 +76,8 @@ void StatusItem::followTray()
     // One X11 tray may have handed over to the next.
     if (tray == current && inX11Tray_)
         inX11Tray_->followBar();
+    if (tray == Tray::none && !expectsTray_)
+        setPresence(Presence::absent);
     if (tray == current || tray == Tray::unknown)
         return;
     notifier_.reset();
@@ -88,17 +93,29 @@ void StatusItem::followTray()
     case Tray::unknown:
         break;
     }
-    if (tray != Tray::none)
-        setPresence(Presence::shown);
-    else if (presence_ == Presence::shown)
+    if (tray == Tray::none)
+        return waitForTray();
+    expectsTray_ = true;
+    setPresence(Presence::shown);
+}
+
+void StatusItem::waitForTray()
+{
+    if (!notifier_ && !inX11Tray_)
         setPresence(Presence::waiting);
+}
+
+void StatusItem::stopWaiting()
+{
+    if (!notifier_ && !inX11Tray_ && watch_->tray() == TrayWatch::Tray::none)
+        setPresence(Presence::absent);
 }
 
 void StatusItem::showNotifier()
 {
     notifier_ = std::make_unique<NotifierItem>(content_, StatusIcon::themeName(content_.id),
-        NotifierItem::Handlers {
-            [this](QPoint hint) { activate(hint); }, [this](QPoint hint) { popUpMenu(hint); } });
+        NotifierItem::Handlers { [this](QPoint hint) { activate(hint); }, events_.middleClicked,
+            [this](QPoint hint) { popUpMenu(hint); } });
     notifier_->setIcon(icon_.pixmaps(StatusIcon::likelyBar()));
     notifier_->announce();
 }
@@ -106,7 +123,8 @@ void StatusItem::showNotifier()
 void StatusItem::showInX11Tray()
 {
     inX11Tray_ = std::make_unique<X11TrayItem>(content_, icon_,
-        X11TrayItem::Handlers { [this] { activate({}); }, [this] { popUpMenu({}); } });
+        X11TrayItem::Handlers {
+            [this] { activate({}); }, events_.middleClicked, [this] { popUpMenu({}); } });
 }
 
 /// The bar mostly changes with the desktop's appearance.
@@ -130,10 +148,11 @@ void StatusItem::activate(QPoint hint) const
 /// For trays that leave the menu to the item.
 void StatusItem::popUpMenu(QPoint hint)
 {
-    if (!menu_) {
-        menu_ = std::make_unique<QMenu>();
-        for (const auto& entry : content_.menu)
-            menu_->addAction(QString::fromStdString(entry.title), entry.action);
+    menu_ = std::make_unique<QMenu>();
+    for (const auto& entry : content_.menu) {
+        auto* action = menu_->addAction(QString::fromStdString(entry.title), entry.action);
+        action->setCheckable(entry.isOn != nullptr);
+        action->setChecked(entry.isOn && entry.isOn());
     }
     menu_->popup(clickPlace(hint).value_or(QCursor::pos()));
 }
@@ -144,7 +163,7 @@ void StatusItem::setPresence(Presence presence)
         return;
     presence_ = presence;
     if (presence == Presence::waiting)
-        grace_.start(graceTime);
+        grace_.start(restartTime);
     else
         grace_.stop();
     events_.presenceChanged(presence);

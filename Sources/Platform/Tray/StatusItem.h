@@ -46,6 +46,8 @@ public:
     struct MenuEntry {
         std::string title;
         std::function<void()> action;
+        /// Set for an entry that its action switches on and off.
+        std::function<bool()> isOn {};
     };
 
     struct Content {
@@ -59,12 +61,17 @@ public:
         /// The item was clicked; the rectangle is the item's, or a point on it, where the desktop
         /// tells.
         std::function<void(std::optional<ScreenRect>)> activated;
+        /// The same with the middle button.
+        std::function<void()> middleClicked;
         std::function<void(Presence)> presenceChanged;
     };
 
+    /// Whether a desktop without a tray may be one that is still starting its own.
+    enum class FirstTray { isThereOrNever, mayBeLate };
+
     /// Puts the item into the tray, now or as soon as there is one; its events start with the next
     /// turn of the event loop.
-    StatusItem(Content content, Events events, StatusIconPainter paintIcon);
+    StatusItem(Content content, Events events, StatusIconPainter paintIcon, FirstTray firstTray);
     ~StatusItem();
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;
@@ -72,6 +79,10 @@ public:
     [[nodiscard]] Presence presence() const { return presence_; }
     /// Where the item is, if the tray tells.
     [[nodiscard]] std::optional<ScreenRect> place() const;
+    /// Gives an absent tray the time again that a desktop needs to start one.
+    void waitForTray();
+    /// Counts a tray that is not there as absent at once.
+    void stopWaiting();
 
 private:
     void followTray();
@@ -88,6 +99,8 @@ private:
     std::unique_ptr<TrayWatch> watch_;
     QTimer grace_;
     Presence presence_ = Presence::waiting;
+    /// One may come late, or has been there.
+    bool expectsTray_;
     std::unique_ptr<NotifierItem> notifier_;
     std::unique_ptr<X11TrayItem> inX11Tray_;
     std::unique_ptr<QMenu> menu_;

@@ -31,11 +31,8 @@ TrayWatch::TrayWatch()
             watcherName(), bus, QDBusServiceWatcher::WatchForOwnerChange);
         connect(service_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) {
-                if (owner.isEmpty()) {
-                    ++question_;
-                    setNotifierHost(false);
-                    return;
-                }
+                if (owner.isEmpty())
+                    return loseHost();
                 askForHost();
                 Q_EMIT watcherStarted();
             });
@@ -43,6 +40,9 @@ TrayWatch::TrayWatch()
             { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
             bus.connect(watcherName(), watcherPath(), watcherName(), QString::fromLatin1(signal),
                 this, SLOT(askForHost()));
+        bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+            QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+            SLOT(loseHost()));
         askForHost();
     } else {
         notifierHost_ = false;
@@ -82,6 +82,13 @@ void TrayWatch::askForHost()
             if (question == question_)
                 setNotifierHost(reply.isValid() && reply.value().variant().toBool());
         });
+}
+
+void TrayWatch::loseHost()
+{
+    // An answer on its way is about the host that was.
+    ++question_;
+    setNotifierHost(false);
 }
 
 void TrayWatch::setNotifierHost(bool there)

@@ -43,6 +43,8 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void askForHost();
+    /// The tray has gone, or the bus itself.
+    void loseHost();
 
 private:
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;

@@ -31,6 +31,8 @@ X11TrayItem::X11TrayItem(
             // The second of two quick clicks.
             if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
                 handlers.activated();
+            else if (reason == QSystemTrayIcon::MiddleClick)
+                handlers.middleClicked();
             else if (reason == QSystemTrayIcon::Context)
                 handlers.menuWanted();
         });

@@ -16,6 +16,7 @@ class X11TrayItem {
 public:
     struct Handlers {
         std::function<void()> activated;
+        std::function<void()> middleClicked;
         std::function<void()> menuWanted;
     };
 

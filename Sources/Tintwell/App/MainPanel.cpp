@@ -45,7 +45,7 @@ platform::PanelWindow& MainPanel::panel()
     if (!panel_)
         panel_ = std::make_unique<platform::PanelWindow>([this] {
             // A pick by the desktop's own means, or a drag into another program.
-            return model().isSampling() || platform::isColorDragRunning();
+            return events_.keepsOpen() || model().isSampling() || platform::isColorDragRunning();
         });
     if (view->window() != panel_.get())
         panel_->setContent(window_ ? window_->takeContent() : view);

@@ -17,6 +17,8 @@ namespace tintwell {
 class MainPanel {
 public:
     struct Events {
+        /// Asks whether the panel stays when another window takes the focus.
+        std::function<bool()> keepsOpen;
         /// A pick of the panel's own model is over; the application's windows are back.
         std::function<void()> pickEnded;
         /// The user has closed the ordinary window.

@@ -36,23 +36,36 @@ bool hasOpenWindow()
 
 } // namespace
 
-PanelPresenter::PanelPresenter(const char* applicationID, DesktopServices& services)
-    : panel_(services,
-        { .pickEnded = [this] { pickEnded(); },
-            .closed = [this] { windowClosed(); },
-            .escape =
-                [this] {
-                    // The item brings the window back.
-                    if (hasTray())
-                        panel_.window().hide();
-                } })
-    , item_({ applicationID, "Tintwell",
-                { { "Open Tintwell", [this] { show(); } }, { "Sample", [this] { sample(); } },
-                    { "Quit Tintwell", [] { QApplication::quit(); } } } },
-          { [this](const auto& place) { itemActivated(place); },
+PanelPresenter::PanelPresenter(const char* applicationID, DesktopServices& services,
+    Settings& settings, platform::StatusItem::FirstTray firstTray)
+    : services_(services)
+    , settings_(settings)
+    , panel_(services,
+          { .keepsOpen = [this] { return settings_.keepsOpen(); },
+              .pickEnded = [this] { pickEnded(); },
+              .closed = [this] { windowClosed(); },
+              .escape =
+                  [this] {
+                      // The item brings the window back.
+                      if (hasTray())
+                          panel_.window().hide();
+                  } })
+    , item_({ applicationID, "Tintwell", menu() },
+          { [this](const auto& place) { itemActivated(place); }, [this] { pick({}); },
               [this](Presence presence) { trayChanged(presence); } },
-          paintTrayIcon)
+          paintTrayIcon, firstTray)
 {
+    // A lock screen may take the tray away, and gives it back no sooner than the screen.
+    QObject::connect(
+        &lock_, &platform::ScreenLock::unlocked, &lock_, [this] { item_.waitForTray(); });
+}
+
+std::vector<platform::StatusItem::MenuEntry> PanelPresenter::menu()
+{
+    return { { "Open Tintwell", [this] { show(); } }, { "Sample", [this] { sample(); } },
+        { "Keep Open", [this] { settings_.setKeepsOpen(!settings_.keepsOpen()); },
+            [this] { return settings_.keepsOpen(); } },
+        { "Quit Tintwell", [] { QApplication::quit(); } } };
 }
 
 void PanelPresenter::show()
@@ -62,6 +75,8 @@ void PanelPresenter::show()
         panel_.panel().openBeside(anchor());
     else
         panel_.window().present();
+    // The desktop is up: somebody uses it.
+    item_.stopWaiting();
 }
 
 void PanelPresenter::itemActivated(const std::optional<platform::ScreenRect>& place)
@@ -86,11 +101,41 @@ void PanelPresenter::sample()
     panel_.model().beginSampling();
 }
 
+void PanelPresenter::pick(const platform::SingleInstance::Answer& answer)
+{
+    panel_.model().sampleFromScreen([this, answer](const std::optional<RGBAColor>& color) {
+        using Kind = platform::ActionResult::Kind;
+        if (color)
+            copySource();
+        if (!answer)
+            return;
+        if (color)
+            answer({ Kind::done, color->hex() });
+        else if (services_.canPick())
+            answer({ Kind::cancelled });
+        else
+            answer({ Kind::impossible, "This desktop offers no way to pick a color." });
+    });
+}
+
+/// On Wayland only the program with the focus may copy, so there the panel shows what was picked.
+void PanelPresenter::copySource()
+{
+    if (!QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))
+        || QGuiApplication::focusWindow() != nullptr)
+        return panel_.model().copySource();
+    QObject::connect(
+        qGuiApp, &QGuiApplication::focusWindowChanged, &lock_,
+        [this] { panel_.model().copySource(); }, Qt::SingleShotConnection);
+    show();
+}
+
 void PanelPresenter::pickEnded()
 {
     if (std::exchange(showsAfterPick_, false))
         show();
-    else if (item_.presence() == Presence::absent)
+    item_.stopWaiting();
+    if (item_.presence() == Presence::absent)
         standIn();
 }
 
@@ -107,7 +152,7 @@ void PanelPresenter::trayChanged(Presence presence)
 void PanelPresenter::standIn()
 {
     // Windows that make room for a pick come back.
-    if (hasOpenWindow() || platform::areWindowsAside())
+    if (hasOpenWindow() || platform::areWindowsAside() || lock_.isLocked())
         return;
     panel_.window().present();
     standsIn_ = true;

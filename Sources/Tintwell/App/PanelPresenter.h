@@ -2,11 +2,15 @@
 #pragma once
 
 #include "MainPanel.h"
+#include "ScreenLock.h"
+#include "Settings.h"
+#include "SingleInstance.h"
 #include "StatusItem.h"
 
 #include <QRect>
 
 #include <optional>
+#include <vector>
 
 namespace tintwell {
 
@@ -15,15 +19,20 @@ namespace tintwell {
 class PanelPresenter {
 public:
     /// `applicationID` names the item and its icon.
-    PanelPresenter(const char* applicationID, DesktopServices& services);
+    PanelPresenter(const char* applicationID, DesktopServices& services, Settings& settings,
+        platform::StatusItem::FirstTray firstTray);
 
     void show();
     /// Picks a colour, and shows the panel with it.
     void sample();
+    /// Picks a colour and copies it; `answer` may be empty.
+    void pick(const platform::SingleInstance::Answer& answer);
     /// One of the application's ordinary windows was closed by the user.
     void windowClosed();
 
 private:
+    [[nodiscard]] std::vector<platform::StatusItem::MenuEntry> menu();
+    void copySource();
     void pickEnded();
     void itemActivated(const std::optional<platform::ScreenRect>& place);
     void trayChanged(platform::StatusItem::Presence presence);
@@ -35,6 +44,9 @@ private:
     /// True where the panel can stand beside its item.
     [[nodiscard]] bool canDock() const;
 
+    DesktopServices& services_;
+    Settings& settings_;
+    platform::ScreenLock lock_;
     MainPanel panel_;
     std::optional<QRect> lastPlace_;
     /// The window has opened by itself, for want of a tray.

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -21,8 +22,8 @@ constexpr auto previewAction = "preview";
 
 TintwellApp::TintwellApp(std::vector<std::string> arguments)
     : arguments_(std::move(arguments))
-    , instance_(
-          applicationID, [this](const platform::ActivationRequest& request) { handle(request); })
+    , instance_(applicationID,
+          [this](const auto& request, const auto& answer) { handle(request, answer); })
     , appDelegate_(services_, [this] { panel_->windowClosed(); })
 {
 }
@@ -43,29 +44,51 @@ int TintwellApp::run()
     }
     followDesktop();
     const platform::TerminationSignals signals([] { QApplication::quit(); });
-    panel_ = std::make_unique<PanelPresenter>(applicationID, services_);
+    using FirstTray = platform::StatusItem::FirstTray;
+    const bool isInBackground
+        = std::find(arguments_.begin(), arguments_.end(), backgroundSwitch) != arguments_.end();
+    panel_ = std::make_unique<PanelPresenter>(applicationID, services_, settings_,
+        isInBackground ? FirstTray::mayBeLate : FirstTray::isThereOrNever);
     appDelegate_.applicationDidFinishLaunching(arguments_);
-    return QApplication::exec();
+    offerShortcut();
+    const int code = QApplication::exec();
+    // First of all: what follows may take seconds, while the clipboard is handed over.
+    instance_.release();
+    return code;
 }
 
 void TintwellApp::followDesktop()
 {
     using platform::DesktopSettings;
-    QObject::connect(&settings_, &DesktopSettings::changed, &settings_, [this] {
-        platform::ThemeSource::instance().setDesktopPreferences(settings_.preferences());
+    QObject::connect(&desktopSettings_, &DesktopSettings::changed, &desktopSettings_, [this] {
+        platform::ThemeSource::instance().setDesktopPreferences(desktopSettings_.preferences());
     });
-    settings_.start();
+    desktopSettings_.start();
 }
 
-void TintwellApp::handle(const platform::ActivationRequest& request)
+void TintwellApp::offerShortcut()
+{
+    if (!settings_.offersShortcut())
+        return;
+    shortcut_ = std::make_unique<platform::GlobalShortcut>(
+        platform::GlobalShortcut::Content { "tintwell", pickAction, "Sample a Color" },
+        platform::GlobalShortcut::Events {
+            [this] { panel_->pick({}); }, [this] { settings_.setOffersShortcut(false); } });
+}
+
+void TintwellApp::handle(
+    const platform::ActivationRequest& request, const platform::SingleInstance::Answer& answer)
 {
     // Qt's Wayland plugin takes the right to the focus from there.
     if (!request.token.empty())
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
+    if (request.action == pickAction)
+        return panel_->pick(answer);
     if (request.action == previewAction)
         appDelegate_.showPreviewWindow();
     else
         panel_->show();
+    answer({});
 }
 
 } // namespace tintwell

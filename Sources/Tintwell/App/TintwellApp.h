@@ -3,7 +3,9 @@
 
 #include "DesktopServices.h"
 #include "DesktopSettings.h"
+#include "GlobalShortcut.h"
 #include "PanelPresenter.h"
+#include "Settings.h"
 #include "SingleInstance.h"
 #include "TintwellAppDelegate.h"
 
@@ -12,6 +14,14 @@
 #include <vector>
 
 namespace tintwell {
+
+/// The switch of a start that nobody sees: at login, by the bus, for a pick. Such a process waits
+/// for its tray.
+inline constexpr auto backgroundSwitch = "--background";
+/// The action that picks a colour from the screen.
+inline constexpr auto pickAction = "pick";
+inline constexpr auto needsDesktop
+    = "Tintwell needs a desktop to appear on; tintwell-cli works without one.";
 
 /// Made after Qt's application object and gone before it; main thread only.
 class TintwellApp {
@@ -28,15 +38,19 @@ public:
 private:
     void followDesktop();
     /// Does what a later start asks for.
-    void handle(const platform::ActivationRequest& request);
+    void handle(
+        const platform::ActivationRequest& request, const platform::SingleInstance::Answer& answer);
+    void offerShortcut();
 
     std::vector<std::string> arguments_;
     platform::SingleInstance instance_;
-    platform::DesktopSettings settings_;
+    platform::DesktopSettings desktopSettings_;
+    Settings settings_;
     DesktopServices services_;
     TintwellAppDelegate appDelegate_;
     /// None before the process knows that it is the only one.
     std::unique_ptr<PanelPresenter> panel_;
+    std::unique_ptr<platform::GlobalShortcut> shortcut_;
 };
 
 } // namespace tintwell

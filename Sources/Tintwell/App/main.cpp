@@ -1,4 +1,5 @@
 // Starts the desktop application.
+#include "PickCommand.h"
 #include "TintwellApp.h"
 
 #include <QApplication>
@@ -14,13 +15,17 @@
 
 namespace {
 
-constexpr auto helpText = R"(Usage: tintwell [--preview-window]
+constexpr auto pickSwitch = "--pick";
+constexpr auto helpText = R"(Usage: tintwell [--pick | --preview-window]
 
 Tintwell derives a complete colour system from one colour. It waits in the system tray; a second start
 shows the panel of the running one.
 
 Options:
+  --pick            pick a color from the screen, copy it and print its hex text;
+                    exit code 1 when cancelled, 69 when there is no way to pick
   --preview-window  also open the panel's content as an ordinary window
+  --background      show no window: for the start at login
   --help            show this text
   --version         show the version
 
@@ -39,7 +44,7 @@ void onToolkitMessage(
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs("Tintwell needs a desktop to appear on; tintwell-cli works without one.\n", stderr);
+    std::fprintf(stderr, "%s\n", tintwell::needsDesktop);
     std::_Exit(EX_UNAVAILABLE);
 }
 
@@ -56,6 +61,13 @@ int main(int argc, char* argv[])
     if (contains(arguments, "--version")) {
         std::puts("tintwell " TINTWELL_VERSION);
         return EXIT_SUCCESS;
+    }
+    if (contains(arguments, pickSwitch)) {
+        const QCoreApplication core(argc, argv);
+        const int code = tintwell::runPickCommand();
+        std::fflush(stdout);
+        // The toolkit's thread for the bus would go on amid the ruins, and complain.
+        std::_Exit(code);
     }
     // A file that may not grow any more is an error of the write, not the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);

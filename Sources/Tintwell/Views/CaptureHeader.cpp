@@ -168,8 +168,8 @@ void CaptureHeader::paintEvent(QPaintEvent*)
         painter.setPen(QPen(platform::faded(light, offerLineOpacity), offerLine));
         painter.setBrush(platform::faded(light, offerFillOpacity));
         painter.drawRoundedRect(
-            QRectF(rect()).adjusted(offerInset, offerInset, -offerInset, -offerInset),
-            offerRadius, offerRadius);
+            QRectF(rect()).adjusted(offerInset, offerInset, -offerInset, -offerInset), offerRadius,
+            offerRadius);
     }
     shadow_.paint(painter, QRectF(swatch_->geometry()).translated(0, shadowDrop),
         platform::faded(swatch_->paintedColor(), shadowOpacity));

@@ -51,6 +51,87 @@ def read(*_):
 GLib.io_add_watch(sys.stdin, GLib.IO_IN, read)
 GLib.MainLoop().run()
 """
+# A clipboard manager; stopped, it never takes over what a program that ends would hand to it.
+CLIPBOARD_MANAGER = """
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gdk, Gtk
+Gtk.Clipboard.get(Gdk.atom_intern("CLIPBOARD_MANAGER", False)).set_text("manager", -1)
+Gdk.Display.get_default().sync()
+print("ready", flush=True)
+Gtk.main()
+"""
+# A tray on the bus, as far as an item looks at it.
+BUS_TRAY = """
+import dbus, dbus.mainloop.glib, dbus.service
+from gi.repository import GLib
+WATCHER = "org.kde.StatusNotifierWatcher"
+class Watcher(dbus.service.Object):
+    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="ss", out_signature="v")
+    def Get(self, interface, name):
+        return True
+    @dbus.service.method(WATCHER, in_signature="s")
+    def RegisterStatusNotifierItem(self, item):
+        print(item, flush=True)
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+bus = dbus.SessionBus()
+watcher = Watcher(bus, "/StatusNotifierWatcher")
+name = dbus.service.BusName(WATCHER, bus)
+print("ready", flush=True)
+GLib.MainLoop().run()
+"""
+# The portal for global shortcuts: tells what it is asked, remembers what was bound; a line of the input is the key.
+SHORTCUTS_PORTAL = """
+import sys
+import dbus, dbus.mainloop.glib, dbus.service
+from gi.repository import GLib
+SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
+PATH = "/org/freedesktop/portal/desktop"
+class Request(dbus.service.Object):
+    @dbus.service.signal("org.freedesktop.portal.Request", signature="ua{sv}")
+    def Response(self, code, results):
+        pass
+class Portal(dbus.service.Object):
+    known = []
+    def answer(self, sender, options, results):
+        path = f"{PATH}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
+        request = Request(bus, path)
+        def respond():
+            request.Response(0, dbus.Dictionary(results, signature="sv"))
+            request.remove_from_connection()
+        GLib.idle_add(respond)
+        return dbus.ObjectPath(path)
+    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="ss", out_signature="v")
+    def Get(self, interface, name):
+        return dbus.UInt32(1)
+    @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
+    def CreateSession(self, options, sender):
+        self.session = f"{PATH}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
+        return self.answer(sender, options, {"session_handle": self.session})
+    @dbus.service.method(SHORTCUTS, in_signature="oa{sv}", out_signature="o", sender_keyword="sender")
+    def ListShortcuts(self, session, options, sender):
+        print("list", flush=True)
+        return self.answer(sender, options, {"shortcuts": dbus.Array(self.known, signature="(sa{sv})")})
+    @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
+    def BindShortcuts(self, session, shortcuts, parent, options, sender):
+        self.known = shortcuts
+        print("bind", *((str(name), str(more["description"])) for name, more in shortcuts), flush=True)
+        return self.answer(sender, options, {"shortcuts": shortcuts})
+    @dbus.service.signal(SHORTCUTS, signature="osta{sv}")
+    def Activated(self, session, name, time, options):
+        pass
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+bus = dbus.SessionBus()
+portal = Portal(bus, PATH)
+name = dbus.service.BusName("org.freedesktop.portal.Desktop", bus)
+print("ready", flush=True)
+def press(*_):
+    sys.stdin.readline()
+    portal.Activated(dbus.ObjectPath(portal.session), "pick", dbus.UInt64(0), {})
+    return True
+GLib.io_add_watch(sys.stdin, GLib.IO_IN, press)
+GLib.MainLoop().run()
+"""
 
 
 def output(*command):

@@ -4,6 +4,7 @@ First argument: the program; second: the case, which says how with-desktop was s
 
 import os
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -11,8 +12,8 @@ import tempfile
 import unittest
 
 from pick_support import eventually
-from shell_support import (BLACK_WINDOW, SCREEN, SETTINGS_PORTAL, WATCHER, active_window, call, click, embedded_item,
-                           key, menu, notifier_items, output, owner_process, panel, pixels, windows)
+from shell_support import (BLACK_WINDOW, BUS_TRAY, CLIPBOARD_MANAGER, SCREEN, SETTINGS_PORTAL, SHORTCUTS_PORTAL, WATCHER,
+                           active_window, call, click, embedded_item, key, menu, notifier_items, output, owner_process, panel, pixels, windows)
 
 PROGRAM = sys.argv.pop(1)
 CASE = sys.argv.pop(1)
@@ -36,6 +37,21 @@ class ShellTest(unittest.TestCase):
         self.addCleanup(self.end, process)
         return process
 
+    def start_pick(self):
+        process = subprocess.Popen([PROGRAM, "--pick"], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        for cleanup in (process.stderr.close, process.stdout.close, lambda: self.end(process)):
+            self.addCleanup(cleanup)
+        return process
+
+    def expect_loupe(self):
+        self.expect(lambda: windows("Loupe"), "the loupe")
+
+    def expect_pick(self, process, code, text=""):
+        """It prints the color alone, and nothing else keeps its standard output open."""
+        self.assertEqual(process.communicate(timeout=20), (text, ""))
+        self.assertEqual(process.returncode, code)
+        self.expect(lambda: not windows("Loupe"), "the loupe goes")
+
     def start_trayer(self):
         tray = self.start_service(*TRAYER)
         self.expect(lambda: "_TYPE_DOCK" in output("xprop", "-name", "panel"), "the tray")
@@ -44,6 +60,15 @@ class ShellTest(unittest.TestCase):
     def start_service(self, *command):
         process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(self.end, process)
+        return process
+
+    def start_speaker(self, script, **environment):
+        """A program of ours that is ready once it says so."""
+        process = subprocess.Popen([sys.executable, "-c", script], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                   text=True, bufsize=1, env={**os.environ, **environment})
+        for cleanup in (process.stdin.close, process.stdout.close, lambda: self.end(process)):
+            self.addCleanup(cleanup)
+        self.assertEqual(process.stdout.readline(), "ready\n")
         return process
 
     def start_settings(self):
@@ -171,6 +196,26 @@ class EmbeddedTest(TrayTest):
         subprocess.run(["xdotool", "mouseup", "1"], check=True)
         self.expect(lambda: panel() is None, "then the focus is gone, and with it the panel")
 
+    def test_panel_stays_until_a_press_elsewhere_ends(self):
+        self.start_with_item()
+        other = self.open_other_window()
+        self.open_panel()
+        self.expect(lambda: active_window() == panel().number, "focus")
+        subprocess.run(["xdotool", "mousemove", str(other.x + 50), str(other.y + 50), "mousedown", "1"], check=True)
+        self.expect(lambda: active_window() == other.number, "the press takes the focus")
+        self.assertIsNotNone(panel(), "it may be a drag to the panel")
+        subprocess.run(["xdotool", "mouseup", "1"], check=True)
+        self.expect(lambda: panel() is None, "it was none")
+
+    def test_middle_click_picks_and_copies(self):
+        self.start_with_item()
+        _, dot = self.open_window("POPUP", "Black", 20, 60, 200)
+        click(*self.place, button=2)
+        self.expect_loupe()
+        click(dot.x + 50, dot.y + 50)
+        self.expect(lambda: output("xclip", "-o", "-selection", "clipboard") == "#000000", "the color on the clipboard")
+        self.assertIsNone(panel())
+
     def test_item_outlives_a_pick(self):
         self.start_with_item()
         self.open_panel()
@@ -259,7 +304,7 @@ class NotifierTest(TrayTest):
         layout = call(notifier_items()[0], "/MenuBar", "com.canonical.dbusmenu.GetLayout", "0",
                       "1", "[]")
         self.assertEqual(re.findall(r"'label': <'([^']*)'>", layout),
-                         ["Open Tintwell", "Sample", "Quit Tintwell"])
+                         ["Open Tintwell", "Sample", "Keep Open", "Quit Tintwell"])
 
     def test_icon_follows_the_appearance(self):
         choose = self.start_settings()
@@ -291,13 +336,108 @@ class NotifierTest(TrayTest):
 
     def test_menu_acts(self):
         process = self.start_with_item()
-        for entry, outcome in ((1, panel), (3, lambda: process.poll() is not None)):
+        for entry, outcome in ((1, panel), (4, lambda: process.poll() is not None)):
             call(notifier_items()[0], "/MenuBar", "com.canonical.dbusmenu.Event", str(entry),
                  "clicked", "<''>", "0")
             self.expect(outcome, f"entry {entry}")
         self.expect_end(process)
         self.expect(lambda: not notifier_items(), "the item is gone")
         self.assertIsNone(owner_process(BUS_NAME))
+
+    def keeps_open(self):
+        return "'toggle-state': <1>" in call(notifier_items()[0], "/MenuBar", "com.canonical.dbusmenu.GetLayout", "0",
+                                             "1", "[]")
+
+    def test_keep_open_outlives_the_process(self):
+        process = self.start_with_item()
+        self.addCleanup(shutil.rmtree, os.path.expanduser("~/.config/Tintwell"))
+        self.assertFalse(self.keeps_open())
+        call(notifier_items()[0], "/MenuBar", "com.canonical.dbusmenu.Event", "3", "clicked", "<''>", "0")
+        self.expect(self.keeps_open, "the mark")
+        process.terminate()
+        self.expect_end(process)
+        self.expect(lambda: not notifier_items(), "the item goes")
+        self.start_with_item()
+        self.assertTrue(self.keeps_open())
+        other = self.open_other_window()
+        opened = self.open_panel()
+        self.expect(lambda: active_window() == opened.number, "focus")
+        subprocess.run(["xdotool", "windowactivate", "--sync", other.number], check=True)
+        self.assertIsNotNone(panel())
+
+    def test_pick_by_a_key(self):
+        process = self.start_with_item()
+        _, black = self.open_window("POPUP", "Black", 20, 60, 200)
+        pick = self.start_pick()
+        self.expect_loupe()
+        self.expect_pick_beside_another()
+        click(black.x + 50, black.y + 50)
+        self.expect_pick(pick, 0, "#000000\n")
+        self.assertEqual(output("xclip", "-o", "-selection", "clipboard"), "#000000")
+        pick = self.start_pick()
+        self.expect_loupe()
+        key("Escape")
+        self.expect_pick(pick, 1)
+        self.assertIsNone(panel())
+        call(BUS_NAME, "/io/github/tintwell/Tintwell", "org.freedesktop.Application.ActivateAction", "pick", "[]", "{}")
+        self.expect_loupe()
+        key("Escape")
+        self.expect(lambda: not windows("Loupe"), "the loupe goes")
+        process.terminate()
+        self.expect_end(process)
+
+    def test_pick_without_any_means(self):
+        self.start_with_item(XDG_SESSION_TYPE="wayland", WAYLAND_DISPLAY="")
+        pick = self.start_pick()
+        text, error = pick.communicate(timeout=20)
+        self.assertEqual((pick.returncode, text, error.count("\n")), (os.EX_UNAVAILABLE, "", 1))
+
+    def test_key_of_the_desktop(self):
+        portal = self.start_speaker(SHORTCUTS_PORTAL)
+        said = portal.stdout.readline
+        process = self.start_with_item()
+        self.assertEqual((said(), said()), ("list\n", "bind ('pick', 'Sample a Color')\n"))
+        portal.stdin.write("\n")
+        self.expect_loupe()
+        key("Escape")
+        process.terminate()
+        self.expect_end(process)
+        self.expect(lambda: not notifier_items(), "the item goes")
+        self.start_with_item()
+        self.assertEqual(said(), "list\n")
+        portal.stdin.write("\n")
+        # What is known is not bound again: a desktop may open its settings then.
+        self.expect_loupe()
+        key("Escape")
+
+    def expect_pick_beside_another(self):
+        other = self.start_pick()
+        self.assertEqual((*other.communicate(timeout=20), other.returncode), ("", "", 1), "one pick at a time")
+        self.assertEqual(len(windows("Loupe")), 1)
+
+    def test_name_goes_before_the_clipboard(self):
+        manager = self.start_speaker(CLIPBOARD_MANAGER)
+        first = self.start_with_item()
+        pick = self.start_pick()
+        self.expect_loupe()
+        key("Return")
+        self.assertEqual(pick.wait(timeout=20), 0)
+        manager.send_signal(signal.SIGSTOP)
+        first.terminate()
+        second = self.start()
+        self.expect(lambda: owner_process(BUS_NAME) == second.pid, "the next process")
+        self.assertIsNone(first.poll(), "the first still waits for the clipboard manager")
+
+    def test_ignored_signal_stays_ignored(self):
+        process = subprocess.Popen(["nohup", PROGRAM], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        self.addCleanup(self.end, process)
+        self.expect(self.item, "the item in the tray")
+        process.send_signal(signal.SIGHUP)
+        self.assertEqual(self.start().wait(timeout=10), 0)
+        self.expect(panel, "it lives on")
+        process.terminate()
+        self.expect_end(process)
 
     def test_tray_restarts(self):
         self.start_with_item()
@@ -359,6 +499,32 @@ class NoTrayTest(ShellTest):
         self.assertIsNone(process.poll())
 
 
+    def test_pick_starts_the_process(self):
+        pick = self.start_pick()
+        self.expect_loupe()
+        process = owner_process(BUS_NAME)
+        self.assertNotEqual(process, pick.pid)
+        key("Escape")
+        self.expect_pick(pick, 1)
+        self.expect(panel, "without a tray, the panel as a window").close()
+        self.expect(lambda: owner_process(BUS_NAME) is None, "closing it is the end")
+
+    def test_bus_dies(self):
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
+                               text=True)
+        self.addCleanup(self.end, bus)
+        self.addCleanup(bus.stdout.close)
+        address = {"DBUS_SESSION_BUS_ADDRESS": bus.stdout.readline().strip()}
+        tray = self.start_speaker(BUS_TRAY, **address)
+        self.before = leftovers()
+        process = self.start(**address)
+        self.assertRegex(tray.stdout.readline(), r"^:\d+\.\d+$", "the item by its unique name")
+        self.assertIsNone(panel())
+        bus.kill()
+        self.expect(panel, "the panel as a window: nothing else would reach the process").close()
+        self.expect_end(process)
+
+
 @unittest.skipUnless(CASE == "no-bus", "needs a desktop without a session bus")
 class NoBusTest(ShellTest):
     def test_runs_with_an_x11_tray(self):
@@ -367,6 +533,8 @@ class NoBusTest(ShellTest):
         item = self.expect(embedded_item, "the item")
         click(*item)
         self.expect(panel, "the panel")
+        answer = self.start_pick()
+        self.assertEqual((answer.wait(timeout=10), answer.stderr.read().count("\n")), (os.EX_UNAVAILABLE, 1))
         process.terminate()
         self.expect_end(process)
 
