@@ -2,7 +2,7 @@
 
 _tintwell_cli()
 {
-    local commands="palette export name contrast save list delete use install lists help"
+    local commands="palette export name contrast save list delete use install lists autostart help"
     local current=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} command= words= at
     local library=()
     if [[ $current == "=" ]]; then
@@ -46,6 +46,7 @@ _tintwell_cli()
                 */-*) words="--help --version" ;;
                 /* | help/*) words=$commands ;;
                 delete/* | use/*) words=ids ;;
+                autostart/*) words="on off status" ;;
             esac ;;
     esac
     if [[ $words == ids ]]; then

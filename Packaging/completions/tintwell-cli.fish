@@ -24,7 +24,8 @@ for line in 'palette:Show the color system of a color' 'export:Print the colors 
         'name:Name a color in English' 'contrast:Print the WCAG contrast of two colors' \
         'save:Keep the palette of a color' 'list:List the saved palettes' 'delete:Delete a saved palette' \
         'use:Show the color system of a saved palette' 'install:Install a palette as a color list' \
-        'lists:Show the color lists of the desktop' 'help:Print the help of a command'
+        'lists:Show the color lists of the desktop' 'autostart:Start the desktop application at login' \
+        'help:Print the help of a command'
     set -l parts (string split -m 1 : $line)
     complete -c tintwell-cli -n __fish_use_subcommand -a $parts[1] -d $parts[2]
     complete -c tintwell-cli -n '__tintwell_cli_in help' -a $parts[1] -d $parts[2]
@@ -36,5 +37,6 @@ complete -c tintwell-cli -n '__tintwell_cli_in save list' -s f -l format -x -a '
 complete -c tintwell-cli -n '__tintwell_cli_in palette contrast list use' -s c -l color -x -a 'auto always never' -d 'Colors on a terminal'
 complete -c tintwell-cli -n '__tintwell_cli_in palette' -s j -l jobs -x -d 'Threads for a stream'
 complete -c tintwell-cli -n '__tintwell_cli_in save list delete use install' -s l -l library -r -F -d 'Use this library file'
+complete -c tintwell-cli -n '__tintwell_cli_in autostart' -a 'on off status'
 complete -c tintwell-cli -n '__tintwell_cli_in delete use' -a '(__tintwell_cli_ids)'
 complete -c tintwell-cli -n '__tintwell_cli_in install' -s i -l id -x -a '(__tintwell_cli_ids)' -d 'Install a saved palette'

@@ -89,6 +89,11 @@ constexpr std::array commandTexts {
         R"(Examples:
   tintwell-cli lists
 )" },
+    CommandText { Command::autostart, "autostart", "Start the desktop application at login",
+        R"(Examples:
+  tintwell-cli autostart on
+  tintwell-cli autostart status
+)" },
 };
 
 /// The words that an option takes, with what each stands for; the first is the default.
@@ -278,6 +283,11 @@ private:
         case Command::install:
             addLibraryOptions(command, added);
             break;
+        case Command::autostart:
+            added.add_option("SWITCH", request_.autostart, "on, off or status")
+                ->type_name("")
+                ->required();
+            break;
         case Command::listColorLists:
             break;
         }
@@ -336,6 +346,7 @@ bool usesLibrary(Command command)
     case Command::name:
     case Command::contrast:
     case Command::listColorLists:
+    case Command::autostart:
         break;
     }
     return false;

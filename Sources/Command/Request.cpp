@@ -1,5 +1,6 @@
 #include "Request.h"
 
+#include "AutostartCommand.h"
 #include "ColorInput.h"
 #include "InstallCommands.h"
 #include "PaletteGenerator.h"
@@ -159,6 +160,8 @@ Report performCommand(const Request& request, const Terminal& terminal)
         });
     case Command::install:
         return performInstall(request);
+    case Command::autostart:
+        return changeAutostart(request.autostart);
     case Command::listColorLists:
         break;
     }

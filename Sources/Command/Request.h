@@ -21,6 +21,7 @@ enum class Command {
     usePalette,
     install,
     listColorLists,
+    autostart,
 };
 
 /// What a command does not take stays empty.
@@ -30,6 +31,8 @@ struct Request {
     /// of them.
     std::optional<std::string> color {};
     std::string background {};
+    /// "on", "off" or "status", when it is typed right.
+    std::string autostart {};
     /// The first part of a saved palette's id.
     std::optional<std::string> id {};
     /// The library file; nothing is the user's own.

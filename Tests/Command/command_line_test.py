@@ -8,6 +8,7 @@ import pty
 import re
 import resource
 import select
+import shutil
 import signal
 import struct
 import subprocess
@@ -20,7 +21,8 @@ import unittest
 PROGRAM, MANUAL = sys.argv[1:3]
 del sys.argv[1:3]
 
-COMMANDS = ("palette", "export", "name", "contrast", "save", "list", "delete", "use", "install", "lists", "help")
+COMMANDS = ("palette", "export", "name", "contrast", "save", "list", "delete", "use", "install", "lists",
+            "autostart", "help")
 FORM = "is not a color; write RRGGBB, #RGB, rgb(), hsl(), oklch() or a CSS name"
 
 
@@ -378,6 +380,30 @@ class Lists(Case):
             json.dump({"colors": [], "editable": False, "name": "Tintwell"}, content)
         self.fails(1, "Install failed: The existing Tintwell color list cannot be edited.", "install", "6E56CF")
         self.assertEqual(self.done("lists"), f"Tintwell  0 colors  not editable  {file}\n")
+
+
+class Autostart(Case):
+    def test_entry_comes_and_goes(self):
+        file = pathlib.Path(self.home, ".config/autostart/io.github.tintwell.Tintwell.desktop")
+        self.assertEqual(self.done("autostart", "status"), "off\n")
+        self.done("autostart", "off")
+        self.done("autostart", "on")
+        self.assertEqual(self.done("autostart", "status"), "on\n")
+        self.assertRegex(file.read_text(encoding="utf-8"), r'\nExec=".*tintwell" --background\n')
+        if shutil.which("desktop-file-validate"):
+            subprocess.run(["desktop-file-validate", file], check=True, timeout=60)
+        with open(file, "a", encoding="utf-8") as entry:
+            entry.write("Hidden=true\n")
+        self.assertEqual(self.done("autostart", "status"), "off\n", "the desktop has turned it off")
+        self.done("autostart", "off")
+        self.assertFalse(file.exists())
+        self.fails(2, '"maybe" is not one of on, off, status', "autostart", "maybe")
+
+    def test_folder_that_cannot_be_made(self):
+        pathlib.Path(self.home, ".config").write_text("a file", encoding="utf-8")
+        code, output, error = self.call("autostart", "on")
+        self.assertEqual((code, output), (1, ""))
+        self.assertRegex(error, r"\Atintwell-cli: Autostart failed: [^\n]+\n\Z")
 
 
 if __name__ == "__main__":
