@@ -1,5 +1,7 @@
 #include "MacColorIntegration.h"
 
+#include "ColorText.h"
+
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
@@ -129,8 +131,12 @@ platform::ColorContent ColorPasteboard::content(const RGBAColor& color)
 
 std::optional<RGBAColor> fromPastedContent(const platform::PastedContent& content)
 {
-    const auto named = RGBAColor::fromHex(content.text);
-    return named || !content.color ? named : fromPlatformColor(*content.color);
+    const auto written = colorFromText(content.text);
+    const auto carried = content.color ? fromPlatformColor(*content.color) : std::nullopt;
+    // The text that goes beside a colour leaves its alpha out.
+    if (written && carried && written->hex() == carried->hex() && written->alpha == 1)
+        return carried;
+    return written ? written : carried;
 }
 
 } // namespace tintwell

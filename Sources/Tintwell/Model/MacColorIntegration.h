@@ -108,7 +108,8 @@ private:
     platform::PalettePublisher publisher_;
 };
 
-/// The colour that another program has offered: that of its hex text, else the colour itself.
+/// The colour that another program has offered: that of its text in any form of CSS, else the
+/// colour itself, which also goes before a text that names it without its alpha.
 [[nodiscard]] std::optional<RGBAColor> fromPastedContent(const platform::PastedContent& content);
 
 /// Writes one colour to a pasteboard: the colour with its alpha, and its hex text.

@@ -203,5 +203,17 @@ TEST(ColorPasteboard, WritesTheColorAndItsHexText)
     EXPECT_EQ(pasteboard.contents[0].text, "#FF8040");
 }
 
+TEST(PastedContent, IsTheTextUnlessTheColorSaysMore)
+{
+    const platform::Color halfRed { 1, 0, 0, 0.5 };
+    const RGBAColor red(1, 0, 0, 1);
+    const RGBAColor blue(0, 0, 1, 1);
+    EXPECT_EQ(fromPastedContent({ halfRed, "#FF0000" }), RGBAColor(1, 0, 0, 0.5));
+    EXPECT_EQ(fromPastedContent({ halfRed, "color: #00f;" }), blue);
+    EXPECT_EQ(fromPastedContent({ {}, "rgb(255 0 0)" }), red);
+    EXPECT_EQ(fromPastedContent({ halfRed, "no color" }), RGBAColor(1, 0, 0, 0.5));
+    EXPECT_EQ(fromPastedContent({ {}, "no color" }), std::nullopt);
+}
+
 } // namespace
 } // namespace tintwell
