@@ -95,7 +95,7 @@ std::shared_ptr<const ColorSpace> FrozenDesktop::spaceOf(std::size_t monitor)
         return known->second;
     const std::string number = monitor == 0 ? "" : "_" + std::to_string(monitor);
     const auto profile = display_.rootProperty("_ICC_PROFILE" + number);
-    return spaces_[monitor] = profile.empty() ? nullptr : IccColorSpace::fromProfile(profile);
+    return spaces_[monitor] = profile.empty() ? nullptr : iccColorSpace(profile);
 }
 
 } // namespace platform

@@ -14,9 +14,34 @@ struct CloseProfile {
 };
 using Profile = std::unique_ptr<void, CloseProfile>;
 
+class IccColorSpace final : public ColorSpace {
+public:
+    explicit IccColorSpace(cmsHTRANSFORM transform)
+        : transform_(transform)
+    {
+    }
+    ~IccColorSpace() override { cmsDeleteTransform(transform_); }
+    IccColorSpace(const IccColorSpace&) = delete;
+    IccColorSpace& operator=(const IccColorSpace&) = delete;
+
+    [[nodiscard]] std::optional<std::array<double, 3>> toSRGB(
+        const std::array<double, 3>& components) const override
+    {
+        std::array<double, 3> result {};
+        cmsDoTransform(transform_, components.data(), result.data(), 1);
+        if (!std::all_of(
+                result.begin(), result.end(), [](double value) { return std::isfinite(value); }))
+            return std::nullopt;
+        return result;
+    }
+
+private:
+    cmsHTRANSFORM transform_;
+};
+
 } // namespace
 
-std::shared_ptr<const IccColorSpace> IccColorSpace::fromProfile(std::span<const std::byte> profile)
+std::shared_ptr<const ColorSpace> iccColorSpace(std::span<const std::byte> profile)
 {
     const Profile device(
         cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size())));
@@ -28,28 +53,7 @@ std::shared_ptr<const IccColorSpace> IccColorSpace::fromProfile(std::span<const 
         TYPE_RGB_DBL, INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE | cmsFLAGS_NOOPTIMIZE);
     if (transform == nullptr)
         return nullptr;
-    return std::shared_ptr<const IccColorSpace>(new IccColorSpace(transform));
-}
-
-IccColorSpace::IccColorSpace(void* transform)
-    : transform_(transform)
-{
-}
-
-IccColorSpace::~IccColorSpace()
-{
-    cmsDeleteTransform(transform_);
-}
-
-std::optional<std::array<double, 3>> IccColorSpace::toSRGB(
-    const std::array<double, 3>& components) const
-{
-    std::array<double, 3> result {};
-    cmsDoTransform(transform_, components.data(), result.data(), 1);
-    if (!std::all_of(
-            result.begin(), result.end(), [](double value) { return std::isfinite(value); }))
-        return std::nullopt;
-    return result;
+    return std::make_shared<IccColorSpace>(transform);
 }
 
 } // namespace platform

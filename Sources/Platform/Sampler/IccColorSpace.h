@@ -9,24 +9,8 @@
 
 namespace platform {
 
-/// Converts a device's RGB to sRGB by the relative colorimetric intent, in double precision.
-class IccColorSpace final : public ColorSpace {
-public:
-    /// The space of a profile file's bytes; nothing when they are no profile of an RGB device.
-    [[nodiscard]] static std::shared_ptr<const IccColorSpace> fromProfile(
-        std::span<const std::byte> profile);
-
-    ~IccColorSpace() override;
-    IccColorSpace(const IccColorSpace&) = delete;
-    IccColorSpace& operator=(const IccColorSpace&) = delete;
-
-    [[nodiscard]] std::optional<std::array<double, 3>> toSRGB(
-        const std::array<double, 3>& components) const override;
-
-private:
-    explicit IccColorSpace(void* transform);
-
-    void* transform_;
-};
+/// The RGB of a device by the bytes of its profile, in double precision, by the relative
+/// colorimetric intent; nothing when they are no profile of an RGB device.
+[[nodiscard]] std::shared_ptr<const ColorSpace> iccColorSpace(std::span<const std::byte> profile);
 
 } // namespace platform

@@ -5,13 +5,11 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <array>
 #include <cmath>
 #include <numbers>
 #include <utility>
-#include <vector>
 
 namespace platform {
 

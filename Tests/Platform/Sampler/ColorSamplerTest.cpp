@@ -23,15 +23,15 @@ TEST(IccColorSpace, ReadsNothingButRGBProfiles)
 {
     auto truncated = bytesOf(cmsCreate_sRGBProfile());
     truncated.resize(200);
-    EXPECT_EQ(IccColorSpace::fromProfile({}), nullptr);
-    EXPECT_EQ(IccColorSpace::fromProfile(truncated), nullptr);
-    EXPECT_EQ(IccColorSpace::fromProfile(bytesOf(cmsCreateLab4Profile(nullptr))), nullptr);
-    EXPECT_EQ(IccColorSpace::fromProfile(std::vector<std::byte>(4096)), nullptr);
+    EXPECT_EQ(iccColorSpace({}), nullptr);
+    EXPECT_EQ(iccColorSpace(truncated), nullptr);
+    EXPECT_EQ(iccColorSpace(bytesOf(cmsCreateLab4Profile(nullptr))), nullptr);
+    EXPECT_EQ(iccColorSpace(std::vector<std::byte>(4096)), nullptr);
 }
 
 TEST(IccColorSpace, KeepsTheEightBitsOfAnSRGBScreen)
 {
-    const auto space = IccColorSpace::fromProfile(bytesOf(cmsCreate_sRGBProfile()));
+    const auto space = iccColorSpace(bytesOf(cmsCreate_sRGBProfile()));
     ASSERT_NE(space, nullptr);
     for (int step = 0; step < 256; ++step) {
         const std::array in { step / 255.0, 1 - step / 255.0, 0.5 };
