@@ -104,7 +104,7 @@ xcb_window_t X11Display::selectionOwner(const std::string& selection) const
 
 bool X11Display::hasCompositor() const
 {
-    return hasSelectionOwner("_NET_WM_CM_S" + std::to_string(screenNumber_));
+    return selectionOwner("_NET_WM_CM_S" + std::to_string(screenNumber_)) != XCB_WINDOW_NONE;
 }
 
 QRect X11Display::rootGeometry() const
@@ -161,14 +161,12 @@ QImage::Format X11Display::pictureFormat() const
     const auto* setup = xcb_get_setup(connection_);
     if (setup->image_byte_order != XCB_IMAGE_ORDER_LSB_FIRST)
         return QImage::Format_Invalid;
-    const PictureFormat wanted { screen_->root_depth, redMask(*screen_),
-        bitsPerPixel(setup, screen_->root_depth), QImage::Format_Invalid };
-    const auto* known = std::find_if(
-        pictureFormats.begin(), pictureFormats.end(), [&](const PictureFormat& each) {
-            return each.depth == wanted.depth && each.redMask == wanted.redMask
-                && each.bitsPerPixel == wanted.bitsPerPixel;
-        });
-    return known == pictureFormats.end() ? QImage::Format_Invalid : known->format;
+    const int depth = screen_->root_depth;
+    for (const auto& each : pictureFormats)
+        if (each.depth == depth && each.redMask == redMask(*screen_)
+            && each.bitsPerPixel == bitsPerPixel(setup, depth))
+            return each.format;
+    return QImage::Format_Invalid;
 }
 
 QImage X11Display::read(xcb_drawable_t drawable, const QRect& area) const

@@ -30,10 +30,6 @@ public:
     [[nodiscard]] std::vector<std::byte> rootProperty(const std::string& name) const;
     /// The window that owns a selection; none when nobody does.
     [[nodiscard]] xcb_window_t selectionOwner(const std::string& selection) const;
-    [[nodiscard]] bool hasSelectionOwner(const std::string& selection) const
-    {
-        return selectionOwner(selection) != XCB_WINDOW_NONE;
-    }
     [[nodiscard]] bool hasCompositor() const;
 
     [[nodiscard]] QRect rootGeometry() const;
