@@ -1,18 +1,14 @@
 #include "NativeColorSwatch.h"
 
 #include "ColorDrag.h"
-#include "ColorMimeData.h"
 #include "QtColor.h"
-#include "QtPasteboard.h"
 #include "ThemeSource.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
 #include <QImage>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
 
@@ -269,37 +265,6 @@ TEST_F(Swatch, PaintsColorsFromAnywhere)
         view_->setColor(toQColor(color));
         EXPECT_EQ(pictureOf(*view_).pixelColor(50, 25), shown);
     }
-}
-
-TEST(ColorMimeData, CarriesTheColorBesideItsText)
-{
-    const auto content = ColorPasteboard::content({ 1, 0.5, 0.25, 0.5 });
-    const auto both = platform::colorMimeData(content, /*withColor=*/true);
-    EXPECT_EQ(both->formats(),
-        (QStringList { QStringLiteral("application/x-color"), QStringLiteral("text/plain") }));
-    // By single bytes: the receiver may read either byte of a channel.
-    EXPECT_EQ(qvariant_cast<QColor>(both->colorData()), QColor(255, 128, 64, 128));
-    EXPECT_EQ(both->text(), QStringLiteral("#FF8040"));
-    const auto text = platform::colorMimeData(content, /*withColor=*/false);
-    EXPECT_EQ(text->formats(), QStringList { QStringLiteral("text/plain") });
-    EXPECT_EQ(text->text(), QStringLiteral("#FF8040"));
-}
-
-TEST(QtPasteboard, ReadsWhatProgramsCopy)
-{
-    platform::QtPasteboard pasteboard;
-    auto* clipboard = QGuiApplication::clipboard();
-    clipboard->clear();
-    EXPECT_EQ(pasteboard.read().color, std::nullopt);
-    EXPECT_EQ(pasteboard.read().text, "");
-    clipboard->setText(QStringLiteral("#F2C14E"));
-    EXPECT_EQ(pasteboard.read().color, std::nullopt);
-    EXPECT_EQ(pasteboard.read().text, "#F2C14E");
-    const auto content = ColorPasteboard::content({ 1, 0.2, 0.4, 0.6 });
-    pasteboard.write(content);
-    ASSERT_TRUE(pasteboard.read().color.has_value());
-    EXPECT_EQ(fromPlatformColor(*pasteboard.read().color)->hex(), "#FF3366");
-    EXPECT_EQ(pasteboard.read().text, "#FF3366");
 }
 
 } // namespace
