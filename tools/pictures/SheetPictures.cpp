@@ -241,7 +241,7 @@ QImage symbols()
         left += side + 40;
     }
     painter.translate(left, 528);
-    paintWidget(painter, {}, new BrandMark(nullptr, {}), { 32, 32 });
+    paintWidget(painter, {}, new BrandMark(QImage()), { 32, 32 });
     return sheet;
 }
 

@@ -1,6 +1,5 @@
 // Renders everything that Tintwell shows, light and dark, at twice the size.
 // Usage: pictures FOLDER [NAME]...
-#include "Fonts.h"
 #include "Motion.h"
 #include "Stage.h"
 #include "ThemeSource.h"
@@ -52,7 +51,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "Usage: pictures FOLDER [NAME]...\n");
         return 2;
     }
-    platform::setInterfaceFamily(QStringLiteral("Inter"));
+    QApplication::setFont(QFont(QStringLiteral("Inter")));
     platform::MotionClock::instance().holdTime();
     bool done = true;
     for (const auto& picture : allPictures())

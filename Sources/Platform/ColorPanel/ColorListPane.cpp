@@ -83,10 +83,7 @@ protected:
                                    : theme.controlFill;
         paintPlate(
             painter, rect(), radius, fill, hasFocus() ? theme.tertiary : theme.controlStroke);
-        const auto font = fontOf(boxStyle);
-        const double top = (height() - lineHeightOf(boxStyle)) / 2.0;
-        const auto fitted = QFontMetrics(font).elidedText(text(), Qt::ElideRight, width() - 44);
-        paintText(painter, { 10, top + baselineOf(boxStyle) }, fitted, font,
+        paintLine(painter, QRectF(10, 0, width() - 44, height()), text(), boxStyle,
             isEnabled() ? theme.text : theme.tertiary);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(linePen(theme.secondary));

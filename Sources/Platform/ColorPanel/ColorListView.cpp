@@ -1,7 +1,6 @@
 #include "ColorListView.h"
 
 #include "ColorDrag.h"
-#include "Fonts.h"
 #include "Shapes.h"
 #include "SwatchPainting.h"
 #include "TextPainting.h"
@@ -29,13 +28,6 @@ constexpr double gap = 10;
 constexpr double trailing = 10;
 constexpr TextStyle nameStyle { .size = 12, .weight = QFont::Medium };
 constexpr TextStyle hexStyle { .size = 11, .design = FontDesign::monospaced };
-
-void drawLine(
-    QPainter& painter, const TextStyle& style, double x, const QColor& color, const QString& text)
-{
-    const double top = (rowHeight - lineHeightOf(style)) / 2.0;
-    paintText(painter, { x, top + baselineOf(style) }, text, fontOf(style), color);
-}
 
 QColor colorOf(const QModelIndex& index)
 {
@@ -98,11 +90,10 @@ private:
         const double hexX
             = width - trailing - QFontMetricsF(fontOf(hexStyle)).horizontalAdvance(hex);
         const double nameX = leading + swatch + gap;
-        const auto name
-            = QFontMetricsF(fontOf(nameStyle))
-                  .elidedText(index.data().toString(), Qt::ElideRight, hexX - gap - nameX);
-        drawLine(painter, nameStyle, nameX, ink.isValid() ? ink : theme.text, name);
-        drawLine(painter, hexStyle, hexX, ink.isValid() ? faded(ink, 0.8) : theme.tertiary, hex);
+        paintLine(painter, { nameX, 0, hexX - gap - nameX, rowHeight }, index.data().toString(),
+            nameStyle, ink.isValid() ? ink : theme.text);
+        paintLine(painter, { hexX, 0, width - hexX, rowHeight }, hex, hexStyle,
+            ink.isValid() ? faded(ink, 0.8) : theme.tertiary);
     }
 
     ColorListView::InkOn inkOn_;

@@ -246,11 +246,9 @@ void ColorMixer::showColor()
 void ColorMixer::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const auto& theme = currentTheme();
-    const auto label = [&](const QRect& row, const QString& text) {
-        const double top = row.y() + (row.height() - lineHeightOf(labelStyle)) / 2.0;
-        paintText(painter, { labelLeft, top + baselineOf(labelStyle) }, text, fontOf(labelStyle),
-            theme.secondary);
+    const auto label = [&](const QRectF& row, const QString& text) {
+        paintLine(painter, { labelLeft, row.y(), trackLeft, row.height() }, text, labelStyle,
+            currentTheme().secondary);
     };
     for (std::size_t index = 0; index < channels_.size(); ++index)
         label(channelRow(index), QString::fromUtf16(channels[index].label));

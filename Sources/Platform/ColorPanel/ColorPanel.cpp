@@ -7,7 +7,6 @@
 #include "Window.h"
 
 #include <QPainter>
-#include <QWidget>
 
 namespace platform {
 
@@ -19,9 +18,7 @@ constexpr int mixerWidth = 336;
 class ColorPanelWindow final : public Window {
 public:
     explicit ColorPanelWindow(const ColorPanelServices& services)
-        : Window(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-                | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint,
-            [this] { close(); })
+        : Window(ordinary, [this] { close(); })
         , pasteboard_(services.pasteboard)
         , mixer_([this](const QColor& color) { copy(color); }, this)
         , lists_(
@@ -68,11 +65,7 @@ void ColorPanel::orderFront()
 {
     if (!window_)
         window_ = std::make_unique<ColorPanelWindow>(services_);
-    if (window_->isMinimized())
-        window_->showNormal();
-    window_->show();
-    window_->raise();
-    window_->activateWindow();
+    window_->present();
 }
 
 } // namespace platform

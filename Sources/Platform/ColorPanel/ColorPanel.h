@@ -9,9 +9,10 @@
 #include <string>
 
 class QColor;
-class QWidget;
 
 namespace platform {
+
+class Window;
 
 struct ColorPanelServices {
     /// Outlives the panel.
@@ -34,7 +35,7 @@ public:
 
 private:
     ColorPanelServices services_;
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<Window> window_;
 };
 
 } // namespace platform

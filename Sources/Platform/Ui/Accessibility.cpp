@@ -2,12 +2,7 @@
 
 #include "Button.h"
 
-#include <QAbstractButton>
-#include <QAccessible>
 #include <QAccessibleWidget>
-#include <QString>
-#include <QVariant>
-#include <QWidget>
 
 namespace platform {
 

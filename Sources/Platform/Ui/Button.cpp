@@ -37,17 +37,16 @@ constexpr double disabledOpacity = 0.45;
 
 const Shape& shapeOf(ButtonStyle style)
 {
-    using namespace Metrics;
-    static const TextStyle label { .size = buttonFontSize, .weight = QFont::Medium };
-    static const TextStyle quiet { .size = borderlessFontSize, .weight = QFont::Medium };
+    static const TextStyle label { .size = 13, .weight = QFont::Medium };
+    static const TextStyle quiet { .size = 12, .weight = QFont::Medium };
     // clang-format off
     static const std::array shapes {
-        //       width               height            radius            symbol            text   padding
-        Shape { 0,                   buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
-        Shape { iconButtonWidth,     buttonHeight,     buttonRadius,     buttonSymbol,     label, buttonTextPadding },
-        Shape { 0,                   borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
-        Shape { borderlessIconWidth, borderlessHeight, borderlessRadius, buttonSymbol,     quiet, borderlessPadding },
-        Shape { menuButtonWidth,     menuButtonHeight, menuButtonRadius, menuButtonSymbol, quiet, borderlessPadding },
+        // width height radius symbol text   padding
+        Shape { 0,  28,    8,     16,    label, 12 }, // prominent
+        Shape { 34, 28,    8,     16,    label, 12 }, // bordered
+        Shape { 0,  24,    6,     16,    quiet, 7 },  // borderless
+        Shape { 26, 24,    6,     16,    quiet, 7 },  // destructive
+        Shape { 26, 28,    7,     18,    quiet, 7 },  // menu
     };
     // clang-format on
     return shapes.at(static_cast<std::size_t>(style));
@@ -109,9 +108,9 @@ QSize Button::sizeHint() const
     const auto& shape = shapeOf(style_);
     if (shape.width > 0)
         return { shape.width, shape.height };
-    const auto leading = symbol_.has_value()
-        ? Metrics::buttonSymbolPadding + Metrics::buttonSymbol + Metrics::buttonSymbolGap
-        : shape.textPadding;
+    const auto leading = symbol_.has_value() ? Metrics::buttonSymbolPadding
+            + static_cast<int>(shape.symbolSize) + Metrics::buttonSymbolGap
+                                             : shape.textPadding;
     const auto text = static_cast<int>(std::lround(textWidth_));
     return { leading + text + shape.textPadding, shape.height };
 }

@@ -18,11 +18,7 @@ constexpr double fullReach = Metrics::focusRingGap + Metrics::focusRingThickness
 
 /// Whether the keyboard moved the focus last. If so, the ring is also shown where the focus comes
 /// back by itself, as when a window becomes active again.
-bool& keyboardInUse()
-{
-    static bool inUse = false;
-    return inUse;
-}
+bool keyboardInUse = false;
 
 /// The part of the window in which `widget` can be seen.
 QRect visibleArea(const QWidget& widget)
@@ -120,11 +116,6 @@ void FocusRing::setFramed(QWidget& framed, double radius)
     radius_ = radius;
 }
 
-void FocusRing::noteKeyboardUse()
-{
-    keyboardInUse() = true;
-}
-
 bool FocusRing::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &control_) {
@@ -134,7 +125,7 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event)
             hide();
         else if (event->type() == QEvent::KeyPress && control_.hasFocus()
             && !isShortcut(*static_cast<QKeyEvent*>(event))) {
-            noteKeyboardUse();
+            keyboardInUse = true;
             show();
         }
     }
@@ -161,10 +152,10 @@ void FocusRing::focusEntered(Qt::FocusReason reason)
 {
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
         || reason == Qt::ShortcutFocusReason)
-        keyboardInUse() = true;
+        keyboardInUse = true;
     if (reason == Qt::MouseFocusReason)
-        keyboardInUse() = false;
-    if (keyboardInUse())
+        keyboardInUse = false;
+    if (keyboardInUse)
         show();
 }
 

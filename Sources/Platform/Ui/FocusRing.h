@@ -27,9 +27,6 @@ public:
 
     [[nodiscard]] bool isShown() const { return !overlay_.isNull(); }
 
-    /// For controls that place the focus themselves in answer to a key.
-    static void noteKeyboardUse();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -4,26 +4,11 @@
 #include <QGuiApplication>
 #include <QStringList>
 
-#include <array>
 #include <cmath>
 
 namespace platform {
 
 namespace {
-
-struct LineHeight {
-    double size;
-    int height;
-};
-
-constexpr auto lineHeights = std::to_array<LineHeight>({ { 24, 29 }, { 15, 18 }, { 14, 17 },
-    { 13, 16 }, { 12, 15 }, { 11, 14 }, { 10, 13 }, { 9, 11 } });
-
-QString& chosenFamily()
-{
-    static QString family;
-    return family;
-}
 
 /// A family that only says "take the default" is no wish of the desktop.
 bool isGeneric(const QString& family)
@@ -37,8 +22,7 @@ QStringList interfaceFamilies()
 {
     const QStringList fallbacks { QStringLiteral("Inter"), QStringLiteral("Adwaita Sans"),
         QStringLiteral("Cantarell"), QStringLiteral("Noto Sans"), QStringLiteral("sans-serif") };
-    const auto wished
-        = chosenFamily().isEmpty() ? QGuiApplication::font().family() : chosenFamily();
+    const auto wished = QGuiApplication::font().family();
     return isGeneric(wished) ? fallbacks : QStringList { wished } + fallbacks;
 }
 
@@ -74,11 +58,8 @@ QFont fontOf(const TextStyle& style)
 
 int lineHeightOf(double size)
 {
-    for (const auto& line : lineHeights) {
-        if (line.size == size)
-            return line.height;
-    }
-    return static_cast<int>(std::lround(size * 1.21));
+    const bool isSmall = size == 10 || size == 11;
+    return static_cast<int>(isSmall ? std::ceil(size * 1.21) : std::round(size * 1.21));
 }
 
 int lineHeightOf(const TextStyle& style)
@@ -90,11 +71,6 @@ double baselineOf(const TextStyle& style)
 {
     const QFontMetricsF metrics(fontOf(style));
     return (lineHeightOf(style) - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent();
-}
-
-void setInterfaceFamily(const QString& family)
-{
-    chosenFamily() = family;
 }
 
 } // namespace platform

@@ -24,17 +24,12 @@ struct TextStyle {
 /// monospaced face, without ligatures.
 [[nodiscard]] QFont fontOf(const TextStyle& style);
 
-/// The fixed height of a line: 24 -> 29, 15 -> 18, 14 -> 17, 13 -> 16, 12 -> 15, 11 -> 14,
-/// 10 -> 13, 9 -> 11; other sizes 1.21 times the size, rounded.
+/// The fixed height of a line: 1.21 times the size, rounded; 10 and 11 are rounded up.
 [[nodiscard]] int lineHeightOf(double size);
 [[nodiscard]] int lineHeightOf(const TextStyle& style);
 
 /// Where the baseline lies below the top of a line of this style: the font's own extent is centred
 /// in the fixed height.
 [[nodiscard]] double baselineOf(const TextStyle& style);
-
-/// Replaces the interface font for the process, for instance by the one that the desktop's settings
-/// name; an empty family returns to the rule above. Widgets that exist are not told.
-void setInterfaceFamily(const QString& family);
 
 } // namespace platform

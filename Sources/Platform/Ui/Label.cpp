@@ -2,9 +2,7 @@
 
 #include "Accessibility.h"
 #include "TextPainting.h"
-#include "ThemeSource.h"
 
-#include <QAccessible>
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
@@ -16,12 +14,12 @@
 
 namespace platform {
 
-Label::Label(const TextStyle& style, ColorRole role, const QString& text, QWidget* parent)
+Label::Label(const TextStyle& style, QColor Theme::*color, const QString& text, QWidget* parent)
     : QWidget(parent)
     , style_(style)
     , font_(fontOf(style))
     , baseline_(baselineOf(style))
-    , role_(role)
+    , color_(color)
 {
     setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -37,20 +35,6 @@ void Label::setText(const QString& text)
     setAccessibleName(text_);
     wrap();
     updateGeometry();
-    update();
-}
-
-void Label::setRole(ColorRole role)
-{
-    role_ = role;
-    update();
-}
-
-void Label::setColor(const std::optional<QColor>& color)
-{
-    if (color == fixedColor_)
-        return;
-    fixedColor_ = color;
     update();
 }
 
@@ -73,11 +57,6 @@ QSize Label::sizeHint() const
     if (wrapWidth_ > 0)
         return { wrapWidth_, lineHeight * static_cast<int>(lines_.size()) };
     return { static_cast<int>(std::ceil(textWidth_)), lineHeight };
-}
-
-QSize Label::minimumSizeHint() const
-{
-    return { wrapWidth_, sizeHint().height() };
 }
 
 void Label::paintEvent(QPaintEvent* /*event*/)
@@ -104,11 +83,6 @@ bool Label::event(QEvent* event)
     return QWidget::event(event);
 }
 
-QColor Label::color() const
-{
-    return fixedColor_.value_or(colorOf(currentTheme(), role_));
-}
-
 QString Label::fitted(const QString& text) const
 {
     if (wrapWidth_ > 0)
@@ -131,8 +105,8 @@ void Label::paintLine(QPainter& painter, const QString& line, double top, const 
     paintText(painter, { left, top + baseline_ }, line, font_, color);
 }
 
-StatusLine::StatusLine(const TextStyle& style, ColorRole role, QWidget* parent)
-    : Label(style, role, {}, parent)
+StatusLine::StatusLine(const TextStyle& style, QColor Theme::*color)
+    : Label(style, color)
 {
     setAccessibleRole(*this, QAccessible::Notification);
 }

@@ -2,28 +2,23 @@
 #pragma once
 
 #include "Fonts.h"
-#include "Theme.h"
+#include "ThemeSource.h"
 
 #include <QStringList>
 #include <QWidget>
 
-#include <optional>
-
 namespace platform {
 
 /// One line of text that is cut with an ellipsis when it does not fit; the whole text is its
-/// accessible name and then its tooltip. Its colour follows the theme unless a fixed one is set.
+/// accessible name and then its tooltip. Its colour is one of the theme.
 class Label : public QWidget {
     Q_OBJECT
 public:
-    explicit Label(const TextStyle& style, ColorRole role = ColorRole::text,
+    explicit Label(const TextStyle& style, QColor Theme::*color = &Theme::text,
         const QString& text = {}, QWidget* parent = nullptr);
 
     [[nodiscard]] const QString& text() const { return text_; }
     void setText(const QString& text);
-    void setRole(ColorRole role);
-    /// A colour that does not follow the theme; nothing returns to the role.
-    void setColor(const std::optional<QColor>& color);
     void setAlignment(Qt::Alignment horizontal);
     /// Wraps at this width instead of cutting; the label is then as high as its lines.
     void setWrapWidth(int points);
@@ -33,13 +28,12 @@ public:
     [[nodiscard]] double baseline() const { return baseline_; }
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
-    [[nodiscard]] QColor color() const;
+    [[nodiscard]] QColor color() const { return currentTheme().*color_; }
     [[nodiscard]] const QFont& textFont() const { return font_; }
     /// `text` as it fits into the present width.
     [[nodiscard]] QString fitted(const QString& text) const;
@@ -51,8 +45,7 @@ private:
     TextStyle style_;
     QFont font_;
     double baseline_;
-    ColorRole role_;
-    std::optional<QColor> fixedColor_;
+    QColor Theme::*color_;
     Qt::Alignment alignment_ = Qt::AlignLeading;
     QString text_;
     double textWidth_ = 0;
@@ -62,9 +55,8 @@ private:
 
 /// A line whose every new text is read out to the user of a screen reader, wherever the focus is.
 class StatusLine : public Label {
-    Q_OBJECT
 public:
-    StatusLine(const TextStyle& style, ColorRole role, QWidget* parent = nullptr);
+    StatusLine(const TextStyle& style, QColor Theme::*color);
 
     void announce(const QString& text);
 };

@@ -7,29 +7,10 @@ namespace platform::Metrics {
 inline constexpr int margin = 18;
 inline constexpr double separatorThickness = 1;
 
-// Prominent and bordered buttons.
-inline constexpr int buttonHeight = 28;
-inline constexpr double buttonRadius = 8;
-inline constexpr double buttonFontSize = 13;
-inline constexpr int buttonSymbol = 16;
+// Buttons.
 inline constexpr int buttonSymbolGap = 6;
 inline constexpr int buttonSymbolPadding = 10;
-inline constexpr int buttonTextPadding = 12;
-inline constexpr int iconButtonWidth = 34;
-
-// Borderless buttons.
-inline constexpr int borderlessHeight = 24;
-inline constexpr double borderlessRadius = 6;
-inline constexpr double borderlessFontSize = 12;
-inline constexpr int borderlessPadding = 7;
-inline constexpr int borderlessIconWidth = 26;
 inline constexpr int borderlessGap = 2;
-
-// The button that opens a menu.
-inline constexpr int menuButtonWidth = 26;
-inline constexpr int menuButtonHeight = 28;
-inline constexpr double menuButtonRadius = 7;
-inline constexpr int menuButtonSymbol = 18;
 
 /// How far the plate of a borderless icon reaches over the margin, so that the drawing itself ends
 /// there.
@@ -40,7 +21,6 @@ inline constexpr int pickerHeight = 30;
 inline constexpr double pickerRadius = 9;
 inline constexpr int pickerInset = 2;
 inline constexpr double segmentRadius = 7;
-inline constexpr double segmentFontSize = 13;
 inline constexpr double segmentSeparatorHeight = 18;
 
 // Pop-up menu.
@@ -52,9 +32,7 @@ inline constexpr int menuSymbol = 16;
 inline constexpr int menuSymbolGap = 9;
 inline constexpr int menuRowLeading = 9;
 inline constexpr int menuRowTrailing = 12;
-inline constexpr double menuFontSize = 13;
 inline constexpr int menuGap = 6;
-inline constexpr int menuEdgeGap = 11;
 
 // Keyboard focus.
 inline constexpr double focusRingThickness = 2;

@@ -17,7 +17,6 @@ class Motion;
 
 /// Steps all running movements once a frame of the screen. Tests stop its time and move it by hand.
 class MotionClock : public QObject {
-    Q_OBJECT
 public:
     static MotionClock& instance();
 

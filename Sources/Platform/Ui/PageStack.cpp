@@ -46,19 +46,9 @@ private:
     const PageStack& stack_;
 };
 
-PageStack::PageStack(QWidget* parent)
-    : QWidget(parent)
-{
-}
-
-PageStack::~PageStack()
-{
-    motion_.stop();
-}
-
 void PageStack::addPage(QWidget* page, PageEdge edge)
 {
-    pages_.push_back({ page, edge });
+    pages_.emplace(page, edge);
     page->setParent(this);
     page->setGeometry(rect());
     if (current_ == nullptr)
@@ -99,14 +89,9 @@ void PageStack::showPage(QWidget* page, const std::optional<Spring>& spring)
 QSize PageStack::sizeHint() const
 {
     QSize size;
-    for (const auto& page : pages_)
-        size = size.expandedTo(page.widget->sizeHint());
+    for (const auto& [page, edge] : pages_)
+        size = size.expandedTo(page->sizeHint());
     return size;
-}
-
-QSize PageStack::minimumSizeHint() const
-{
-    return { 0, 0 };
 }
 
 void PageStack::resizeEvent(QResizeEvent* /*event*/)
@@ -118,19 +103,8 @@ void PageStack::resizeEvent(QResizeEvent* /*event*/)
 
 double PageStack::offsetOf(const QWidget* page) const
 {
-    const auto entry = std::find_if(
-        pages_.begin(), pages_.end(), [page](const Page& each) { return each.widget == page; });
-    const auto edge = entry != pages_.end() ? entry->edge : PageEdge::none;
-    const auto side = layoutDirection() == Qt::LeftToRight ? 1.0 : -1.0;
-    switch (edge) {
-    case PageEdge::none:
-        return 0;
-    case PageEdge::leading:
-        return -side * width();
-    case PageEdge::trailing:
-        return side * width();
-    }
-    return 0;
+    const auto side = layoutDirection() == Qt::LeftToRight ? 1 : -1;
+    return side * static_cast<int>(pages_.at(page)) * width();
 }
 
 void PageStack::paintMovement(QPainter& painter) const

@@ -6,13 +6,13 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <map>
 #include <optional>
-#include <vector>
 
 namespace platform {
 
 /// Where a page comes from and goes to; every page fades as well.
-enum class PageEdge { none, leading, trailing };
+enum class PageEdge { leading = -1, none = 0, trailing = 1 };
 
 /// Shows one of its pages over its whole area. In a movement the old page is a picture of itself
 /// and the new one is painted afresh each frame, so that what changes inside it is seen; both are
@@ -20,9 +20,6 @@ enum class PageEdge { none, leading, trailing };
 class PageStack : public QWidget {
     Q_OBJECT
 public:
-    explicit PageStack(QWidget* parent = nullptr);
-    ~PageStack() override;
-
     /// Takes the page, hidden unless it is the first.
     void addPage(QWidget* page, PageEdge edge);
 
@@ -34,22 +31,16 @@ public:
     void showPage(QWidget* page, const std::optional<Spring>& spring = std::nullopt);
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Curtain;
-    struct Page {
-        QWidget* widget = nullptr;
-        PageEdge edge = PageEdge::none;
-    };
-
     [[nodiscard]] double offsetOf(const QWidget* page) const;
     void paintMovement(QPainter& painter) const;
 
-    std::vector<Page> pages_;
+    std::map<const QWidget*, PageEdge> pages_;
     QWidget* current_ = nullptr;
     QWidget* leaving_ = nullptr;
     QPixmap leavingPicture_;

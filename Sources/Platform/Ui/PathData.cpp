@@ -24,11 +24,10 @@ template <std::size_t N> std::array<double, N> takeNumbers(std::string_view& dat
         assert(error == std::errc {});
         data.remove_prefix(static_cast<std::size_t>(next - data.data()));
     }
-    skipSpaces(data);
     return numbers;
 }
 
-/// Appends one group of `command` from the start of `data`.
+/// Appends one `command` from the start of `data`.
 void append(QPainterPath& path, char command, std::string_view& data)
 {
     const auto at = path.currentPosition();
@@ -51,17 +50,11 @@ void append(QPainterPath& path, char command, std::string_view& data)
 
 QPainterPath pathOf(std::string_view data)
 {
-    constexpr std::string_view commands = "MLHVCZ";
     QPainterPath path;
-    char command = 'M';
     skipSpaces(data);
     while (!data.empty()) {
-        if (commands.find(data.front()) != std::string_view::npos) {
-            command = data.front();
-            data.remove_prefix(1);
-        } else if (command == 'M') {
-            command = 'L';
-        }
+        const char command = data.front();
+        data.remove_prefix(1);
         append(path, command, data);
         skipSpaces(data);
     }

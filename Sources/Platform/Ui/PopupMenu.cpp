@@ -2,7 +2,6 @@
 
 #include "Accessibility.h"
 #include "Button.h"
-#include "Fonts.h"
 #include "Metrics.h"
 #include "Shapes.h"
 #include "TextPainting.h"
@@ -38,10 +37,7 @@ struct Drop {
 constexpr Drop near { 2, 3, 0.08 };
 constexpr Drop far { 12, 14, 0.17 };
 
-TextStyle rowStyle()
-{
-    return { .size = Metrics::menuFontSize };
-}
+constexpr TextStyle rowStyle { .size = 13 };
 
 } // namespace
 
@@ -64,7 +60,7 @@ public:
 
     [[nodiscard]] int neededWidth() const
     {
-        const auto text = QFontMetricsF(fontOf(rowStyle())).horizontalAdvance(this->text());
+        const auto text = QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(this->text());
         return textLeft() + static_cast<int>(std::ceil(text)) + Metrics::menuRowTrailing;
     }
 
@@ -80,7 +76,6 @@ protected:
             paintPlate(
                 painter, rect(), Metrics::menuRowRadius, menu_.tint_.fill, edgeOf(menu_.tint_));
         const auto rightToLeft = layoutDirection() == Qt::RightToLeft;
-        const auto style = rowStyle();
         if (item.symbol.has_value()) {
             const auto left = rightToLeft ? width() - Metrics::menuRowLeading - Metrics::menuSymbol
                                           : Metrics::menuRowLeading;
@@ -88,11 +83,9 @@ protected:
                 Metrics::menuSymbol);
             paintSymbol(painter, *item.symbol, box, isSelected ? menu_.tint_.ink : theme.secondary);
         }
-        const auto font = fontOf(style);
-        const auto textWidth = QFontMetricsF(font).horizontalAdvance(text());
+        const auto textWidth = QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(text());
         const auto left = rightToLeft ? width() - textLeft() - textWidth : textLeft();
-        const auto top = (height() - lineHeightOf(style)) / 2.0;
-        paintText(painter, { left, top + baselineOf(style) }, text(), font,
+        paintLine(painter, QRectF(left, 0, width(), height()), text(), rowStyle,
             isSelected ? menu_.tint_.ink : theme.text);
     }
     void enterEvent(QEnterEvent* event) override

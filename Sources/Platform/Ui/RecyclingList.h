@@ -11,8 +11,6 @@
 
 namespace platform {
 
-class ScrollArea;
-
 /// The content of a scroll area: `count` rows of `rowHeight` points. Rows that leave the sight are
 /// filled again for those that enter it, so any number of rows costs what a screenful does.
 ///

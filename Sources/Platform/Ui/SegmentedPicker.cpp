@@ -23,8 +23,7 @@ constexpr double separatorWidth = 1;
 
 TextStyle labelStyle(bool selected)
 {
-    return { .size = Metrics::segmentFontSize,
-        .weight = selected ? QFont::DemiBold : QFont::Medium };
+    return { .size = 13, .weight = selected ? QFont::DemiBold : QFont::Medium };
 }
 
 } // namespace
@@ -91,8 +90,7 @@ private:
     FocusRing* ring_;
 };
 
-SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles, QWidget* parent)
-    : QWidget(parent)
+SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles)
 {
     setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(label);
@@ -104,11 +102,6 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     current_ = -1;
     setCurrent(0);
     setTint(tint_);
-}
-
-SegmentedPicker::~SegmentedPicker()
-{
-    slide_.stop();
 }
 
 void SegmentedPicker::setCurrent(int index, const std::optional<Spring>& spring)
@@ -163,12 +156,6 @@ QSize SegmentedPicker::sizeHint() const
 {
     constexpr int segmentWidth = 136;
     return { segmentWidth * count() + 2 * Metrics::pickerInset, Metrics::pickerHeight };
-}
-
-QSize SegmentedPicker::minimumSizeHint() const
-{
-    constexpr int segmentWidth = 60;
-    return { segmentWidth * count(), Metrics::pickerHeight };
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent* /*event*/)
@@ -235,13 +222,11 @@ void SegmentedPicker::paintLabel(QPainter& painter, int index) const
     const auto& theme = currentTheme();
     const auto area = segmentRect(index);
     const auto style = labelStyle(index == current_);
-    const auto font = fontOf(style);
     const auto text = segments_[static_cast<std::size_t>(index)]->text();
     const auto resting = blended(theme.secondary, theme.text, hoverOf(index));
     const auto covered = (plateRect() & area).width() / area.width();
-    const auto width = QFontMetricsF(font).horizontalAdvance(text);
-    const auto top = area.center().y() - lineHeightOf(style) / 2.0;
-    paintText(painter, { area.center().x() - width / 2, top + baselineOf(style) }, text, font,
+    const auto width = QFontMetricsF(fontOf(style)).horizontalAdvance(text);
+    paintLine(painter, area.translated((area.width() - width) / 2, 0), text, style,
         blended(resting, tint_.ink, covered));
 }
 

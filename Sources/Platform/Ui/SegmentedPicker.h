@@ -1,14 +1,12 @@
 // A row of segments of which exactly one is chosen.
 #pragma once
 
-#include "Fonts.h"
 #include "Motion.h"
 #include "Tint.h"
 
 #include <QStringList>
 #include <QWidget>
 
-#include <memory>
 #include <vector>
 
 namespace platform {
@@ -18,8 +16,7 @@ namespace platform {
 class SegmentedPicker : public QWidget, public Tinted {
     Q_OBJECT
 public:
-    SegmentedPicker(const QString& label, const QStringList& titles, QWidget* parent = nullptr);
-    ~SegmentedPicker() override;
+    SegmentedPicker(const QString& label, const QStringList& titles);
 
     [[nodiscard]] int current() const { return current_; }
     /// With a spring the plate slides to the segment, else it is there at once. Does not signal.
@@ -32,7 +29,6 @@ public:
     [[nodiscard]] QRectF plateRect() const;
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The user chose a segment by mouse, key or an assistive technology; it is current already.

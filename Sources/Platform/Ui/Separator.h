@@ -7,7 +7,6 @@ namespace platform {
 
 /// A horizontal line one point thick, `leading` and `trailing` points away from the edges.
 class Separator : public QWidget {
-    Q_OBJECT
 public:
     explicit Separator(int leading = 0, int trailing = 0, QWidget* parent = nullptr);
 

@@ -74,9 +74,9 @@ QBoxLayout* padded(QBoxLayout* layout, int horizontal, int vertical)
     return padded(layout, QMargins(horizontal, vertical, horizontal, vertical));
 }
 
-QWidget* hosted(QLayout* layout, QWidget* parent)
+QWidget* hosted(QLayout* layout)
 {
-    auto* widget = new QWidget(parent);
+    auto* widget = new QWidget;
     widget->setLayout(layout);
     return widget;
 }

@@ -52,6 +52,6 @@ private:
 [[nodiscard]] QBoxLayout* padded(QBoxLayout* layout, int horizontal, int vertical);
 
 /// A plain widget that holds the layout.
-[[nodiscard]] QWidget* hosted(QLayout* layout, QWidget* parent = nullptr);
+[[nodiscard]] QWidget* hosted(QLayout* layout);
 
 } // namespace platform

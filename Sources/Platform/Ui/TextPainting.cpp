@@ -1,6 +1,6 @@
 #include "TextPainting.h"
 
-#include <QFont>
+#include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
 
@@ -48,6 +48,15 @@ void paintText(QPainter& painter, const QPointF& position, const QString& text, 
     painter.scale(1 / scale, 1 / scale);
     painter.drawText(at * scale, text);
     painter.scale(scale, scale);
+}
+
+void paintLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
+    const QColor& color)
+{
+    const auto font = fontOf(style);
+    const auto top = box.center().y() - lineHeightOf(style) / 2.0;
+    paintText(painter, { box.left(), top + baselineOf(style) },
+        QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()), font, color);
 }
 
 } // namespace platform

@@ -1,12 +1,14 @@
 // How text reaches the screen.
 #pragma once
 
+#include "Fonts.h"
+
 #include <QPointF>
 #include <QString>
 
 class QColor;
-class QFont;
 class QPainter;
+class QRectF;
 
 namespace platform {
 
@@ -14,6 +16,11 @@ namespace platform {
 /// screen the glyphs are made at their real size: made at the logical size and enlarged, as the
 /// toolkit does on its own, their strokes come out too heavy. `font` needs a pixel size.
 void paintText(QPainter& painter, const QPointF& position, const QString& text, const QFont& font,
+    const QColor& color);
+
+/// One line from the left edge of `box`, in the middle of its height; cut with an ellipsis where it
+/// is too long.
+void paintLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
     const QColor& color);
 
 } // namespace platform

@@ -61,21 +61,6 @@ const Theme& themeOf(Appearance appearance)
     return appearance == Appearance::light ? light : dark;
 }
 
-QColor colorOf(const Theme& theme, ColorRole role)
-{
-    switch (role) {
-    case ColorRole::text:
-        return theme.text;
-    case ColorRole::secondary:
-        return theme.secondary;
-    case ColorRole::tertiary:
-        return theme.tertiary;
-    case ColorRole::destructive:
-        return theme.destructive;
-    }
-    return theme.text;
-}
-
 QColor composited(const QColor& top, const QColor& bottom)
 {
     auto opaque = top;

@@ -32,11 +32,6 @@ struct Theme {
 /// The colours of an appearance, process-wide.
 [[nodiscard]] const Theme& themeOf(Appearance appearance);
 
-/// What a piece of text or a symbol is drawn in.
-enum class ColorRole { text, secondary, tertiary, destructive };
-
-[[nodiscard]] QColor colorOf(const Theme& theme, ColorRole role);
-
 /// `top` painted over the opaque `bottom`.
 [[nodiscard]] QColor composited(const QColor& top, const QColor& bottom);
 

@@ -15,7 +15,6 @@ namespace platform {
 /// bridge only remembers that, and on the next turn of the event loop, when all values are in
 /// place, has everything shown once.
 class ViewBridge : public QObject {
-    Q_OBJECT
 public:
     using Observe = std::function<Subscription(std::function<void()> willChange)>;
     /// Receives the spring of the transaction that announced something since the last time, or

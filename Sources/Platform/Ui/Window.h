@@ -7,11 +7,22 @@
 
 namespace platform {
 
-/// Tab goes through its controls in the order of reading, nothing is marked before the keyboard is
-/// used, Escape does what it is told to, and to assistive technologies it is a window.
+/// Nothing is marked before the keyboard is used, Escape does what it is told to, and to assistive
+/// technologies it is a window.
+///
+/// Tab goes through its controls as one reads: parts from top to bottom, those side by side from
+/// the leading edge, each with all of its controls before the next part; after the last comes the
+/// first. (The toolkit's own order is that of making.)
 class Window : public QWidget {
 public:
+    /// An ordinary window of fixed size: titled, closable and minimisable.
+    static constexpr Qt::WindowFlags ordinary = Qt::CustomizeWindowHint | Qt::WindowTitleHint
+        | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+
     explicit Window(Qt::WindowFlags flags = {}, std::function<void()> escape = {});
+
+    /// Shows the window in front, with the focus.
+    void present();
 
 protected:
     bool focusNextPrevChild(bool next) override;

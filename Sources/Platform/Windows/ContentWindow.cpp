@@ -16,9 +16,7 @@ constexpr QSize decoration { 8, 40 };
 
 ContentWindow::ContentWindow(
     const QString& title, std::function<void()> closed, std::function<void()> escape)
-    : Window(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-            | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint,
-        std::move(escape))
+    : Window(ordinary, std::move(escape))
     , closed_(std::move(closed))
     , viewport_(this)
 {
@@ -45,13 +43,9 @@ void ContentWindow::present()
 {
     if (!isVisible())
         wasUsed_ = false;
-    if (isMinimized())
-        showNormal();
-    show();
+    Window::present();
     // Before anything reaches the widgets inside.
     windowHandle()->installEventFilter(this);
-    raise();
-    activateWindow();
 }
 
 void ContentWindow::closeEvent(QCloseEvent* event)

@@ -6,13 +6,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
-
-#include <array>
-#include <chrono>
 
 namespace platform {
 
@@ -79,11 +75,8 @@ void PanelWindow::toggle(const QRect& anchor)
 
 void PanelWindow::openBeside(const QRect& anchor)
 {
-    if (isVisible()) {
-        raise();
-        activateWindow();
-        return;
-    }
+    if (isVisible())
+        return present();
     auto* screen = QGuiApplication::screenAt(anchor.center());
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
@@ -100,9 +93,7 @@ void PanelWindow::openBeside(const QRect& anchor)
         [this](double share) { showOpening(easedOut(share)); });
     // Nothing is marked before the keyboard is used.
     setFocus();
-    show();
-    raise();
-    activateWindow();
+    present();
 }
 
 void PanelWindow::dismiss()

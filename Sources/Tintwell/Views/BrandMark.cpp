@@ -47,9 +47,8 @@ const QImage& BrandMark::mascot()
     return picture;
 }
 
-BrandMark::BrandMark(QWidget* parent, QImage picture)
-    : QWidget(parent)
-    , picture_(std::move(picture))
+BrandMark::BrandMark(QImage picture)
+    : picture_(std::move(picture))
 {
     platform::setAccessibleRole(*this, QAccessible::NoRole);
     setFixedSize(side, side);

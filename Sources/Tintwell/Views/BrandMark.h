@@ -9,9 +9,8 @@ namespace tintwell {
 /// The picture "BrandMascot.png" in a smooth tile of 32 points, or a palette symbol when the file
 /// is missing or no picture.
 class BrandMark : public QWidget {
-    Q_OBJECT
 public:
-    explicit BrandMark(QWidget* parent = nullptr, QImage picture = mascot());
+    explicit BrandMark(QImage picture = mascot());
 
     /// The picture beside the program or in its data folder, read once a process; null without one.
     [[nodiscard]] static const QImage& mascot();

@@ -46,18 +46,17 @@ const platform::TextStyle hexStyle {
 
 } // namespace
 
-CaptureHeader::CaptureHeader(TintwellModel& model, QWidget* parent)
-    : QWidget(parent)
-    , model_(model)
+CaptureHeader::CaptureHeader(TintwellModel& model)
+    : model_(model)
     , swatch_(swatch(model.generated().source, model.generated().sourceName).makeNSView().release())
     , mark_(new CopiedMark(markBox, this))
     , ring_(new platform::FocusRing(*swatch_, swatchRadius))
     , name_(new platform::FadingName(nameStyle))
-    , hex_(new platform::RollingText(hexStyle, platform::ColorRole::secondary))
+    , hex_(new platform::RollingText(hexStyle, &platform::Theme::secondary))
     , sample_(platform::prominentButton(QStringLiteral("Sample"), platform::Symbol::eyedropper))
     , copy_(platform::borderedIcon(platform::Symbol::copy, QStringLiteral("Copy")))
     , shadow_(swatchRadius, shadowSigma)
-    , motion_(*swatch_, model.generated().source, [this] { update(); })
+    , motion_(*swatch_, [this] { update(); })
 {
     setAcceptDrops(true);
     swatch_->setFixedSize(swatchSide, swatchSide);
@@ -78,7 +77,7 @@ QLayout* CaptureHeader::makeColumn()
     auto* brand = platform::hstack(rowSpacing,
         { new BrandMark,
             new platform::Label(
-                wordmarkStyle, platform::ColorRole::secondary, QStringLiteral("TINTWELL")) });
+                wordmarkStyle, &platform::Theme::secondary, QStringLiteral("TINTWELL")) });
     auto* actions = platform::hstack(rowSpacing, { sample_, copy_, platform::spacer() });
     return platform::vstack(columnSpacing, { brand, name_, hex_, actions }, {});
 }

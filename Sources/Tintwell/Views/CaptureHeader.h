@@ -23,7 +23,7 @@ namespace tintwell {
 class CaptureHeader : public QWidget, public platform::Tinted {
     Q_OBJECT
 public:
-    explicit CaptureHeader(TintwellModel& model, QWidget* parent = nullptr);
+    explicit CaptureHeader(TintwellModel& model);
 
     void show(const HeaderState& state, const std::optional<platform::Spring>& spring);
     void setTint(const platform::Tint& tint) override { ring_->setColor(tint.focusRing); }

@@ -46,8 +46,8 @@ public:
         : QWidget(parent)
     {
         auto* title = new platform::Label(
-            emptyTitleStyle, platform::ColorRole::text, QStringLiteral("No saved palettes"));
-        auto* hint = new platform::Label(hintStyle, platform::ColorRole::secondary,
+            emptyTitleStyle, &platform::Theme::text, QStringLiteral("No saved palettes"));
+        auto* hint = new platform::Label(hintStyle, &platform::Theme::secondary,
             QStringLiteral(
                 "Save + Install keeps the current system here and adds it to macOS Colors."));
         hint->setWrapWidth(hintWidth);
@@ -114,8 +114,8 @@ private:
 
 SavedPaletteRow::SavedPaletteRow(const SavedActions& actions, QWidget* parent)
     : QWidget(parent)
-    , name_(new platform::Label(nameStyle, platform::ColorRole::text, {}, this))
-    , date_(new platform::Label(dateStyle, platform::ColorRole::secondary, {}, this))
+    , name_(new platform::Label(nameStyle, &platform::Theme::text, {}, this))
+    , date_(new platform::Label(dateStyle, &platform::Theme::secondary, {}, this))
     , use_(platform::borderlessButton(QStringLiteral("Use")))
     , install_(platform::borderlessButton(QStringLiteral("Install")))
     , delete_(platform::destructiveIcon(platform::Symbol::trash, QStringLiteral("Delete palette")))

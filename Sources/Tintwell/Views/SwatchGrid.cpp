@@ -1,11 +1,9 @@
 #include "SwatchGrid.h"
 
-#include "Fonts.h"
 #include "QtColor.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
@@ -41,15 +39,6 @@ const CellStyle& styleOf(bool compact)
 
 const TextStyle hexStyle { .size = 9, .design = platform::FontDesign::monospaced };
 
-/// One line, cut with an ellipsis at the end where it is too long.
-void drawLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
-    const QColor& color)
-{
-    const auto font = platform::fontOf(style);
-    platform::paintText(painter, { box.left(), box.top() + platform::baselineOf(style) },
-        QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width()), font, color);
-}
-
 } // namespace
 
 SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
@@ -59,7 +48,7 @@ SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
     , tile_(swatch().makeNSView().release())
     , mark_(new CopiedMark(markSize, this))
     , ring_(new platform::FocusRing(*tile_, styleOf(state.compact).cornerRadius))
-    , motion_(*tile_, state.namedColor.color)
+    , motion_(*tile_)
 {
     tile_->setParent(this);
     mark_->raise();
@@ -107,16 +96,15 @@ void SwatchCell::paintEvent(QPaintEvent*)
     const auto& style = styleOf(shown_.compact);
     const auto& theme = platform::currentTheme();
     double y = style.tileHeight + cellSpacing;
-    drawLine(painter, QRectF(0, y, width(), style.name.lineHeight),
+    platform::paintLine(painter, QRectF(0, y, width(), style.name.lineHeight),
         QString::fromStdString(shown_.namedColor.name), style.name, theme.text);
     y += style.name.lineHeight + cellSpacing;
-    drawLine(painter, QRectF(0, y, width(), platform::lineHeightOf(hexStyle)),
+    platform::paintLine(painter, QRectF(0, y, width(), platform::lineHeightOf(hexStyle)),
         QString::fromStdString(shown_.hex), hexStyle, theme.tertiary);
 }
 
-SwatchGrid::SwatchGrid(CopyColor copy, QWidget* parent)
-    : QWidget(parent)
-    , copy_(std::move(copy))
+SwatchGrid::SwatchGrid(CopyColor copy)
+    : copy_(std::move(copy))
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

@@ -52,9 +52,8 @@ private:
 
 /// The cells of one section, row by row. Cells live as long as their id is among the states.
 class SwatchGrid : public QWidget {
-    Q_OBJECT
 public:
-    explicit SwatchGrid(CopyColor copy, QWidget* parent = nullptr);
+    explicit SwatchGrid(CopyColor copy);
 
     void show(const SectionState& state, const std::optional<platform::Spring>& spring);
 

@@ -14,19 +14,14 @@ namespace tintwell {
 /// gamma-encoded sRGB.
 class SwatchMotion {
 public:
-    /// `view` shows `color`; `moved` is called whenever it paints another one.
-    SwatchMotion(
-        DraggableColorView& view, const RGBAColor& color, std::function<void()> moved = {});
+    /// `moved` is called whenever `view` paints another colour.
+    explicit SwatchMotion(DraggableColorView& view, std::function<void()> moved = {});
 
     /// Brings the view up to date; without a spring a new colour is painted at once.
     void show(const NativeColorSwatch& swatch, const std::optional<platform::Spring>& spring);
 
 private:
-    void paint(const RGBAColor& color);
-
     DraggableColorView& view_;
-    RGBAColor target_;
-    RGBAColor painted_;
     std::function<void()> moved_;
     platform::Motion motion_;
 };

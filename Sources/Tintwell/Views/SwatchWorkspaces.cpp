@@ -5,11 +5,12 @@
 #include "Stack.h"
 
 #include <QKeyEvent>
-#include <QVBoxLayout>
 
 namespace tintwell {
 
 namespace {
+
+using platform::Metrics::margin;
 
 constexpr int sectionPaddingY = 16;
 constexpr int sectionSpacing = 12;
@@ -19,21 +20,11 @@ constexpr int headingSpacing = 2;
 const platform::TextStyle titleStyle { .size = 14, .weight = QFont::DemiBold };
 const platform::TextStyle subtitleStyle { .size = 11 };
 
-/// A column without padding of its own.
-QVBoxLayout* columnIn(QWidget* widget, int spacing)
-{
-    auto* column = new QVBoxLayout(widget);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(spacing);
-    return column;
-}
-
 } // namespace
 
-SectionHeading::SectionHeading(QWidget* parent)
-    : QWidget(parent)
-    , title_(new platform::Label(titleStyle))
-    , subtitle_(new platform::Label(subtitleStyle, platform::ColorRole::secondary))
+SectionHeading::SectionHeading()
+    : title_(new platform::Label(titleStyle))
+    , subtitle_(new platform::Label(subtitleStyle, &platform::Theme::secondary))
 {
     setLayout(platform::vstack(headingSpacing, { title_, subtitle_ }, {}));
 }
@@ -44,16 +35,12 @@ void SectionHeading::show(const std::string& title, const std::string& subtitle)
     subtitle_->setText(QString::fromStdString(subtitle));
 }
 
-PaletteSectionView::PaletteSectionView(CopyColor copy, QWidget* parent)
-    : QWidget(parent)
-    , heading_(new SectionHeading(this))
-    , grid_(new SwatchGrid(std::move(copy), this))
+PaletteSectionView::PaletteSectionView(CopyColor copy)
+    : heading_(new SectionHeading)
+    , grid_(new SwatchGrid(std::move(copy)))
 {
-    auto* column = columnIn(this, sectionSpacing);
-    column->setContentsMargins(
-        platform::Metrics::margin, sectionPaddingY, platform::Metrics::margin, sectionPaddingY);
-    column->addWidget(heading_);
-    column->addWidget(grid_);
+    setLayout(platform::padded(
+        platform::vstack(sectionSpacing, { heading_, grid_ }, {}), margin, sectionPaddingY));
 }
 
 void PaletteSectionView::show(
@@ -63,18 +50,15 @@ void PaletteSectionView::show(
     grid_->show(state, spring);
 }
 
-ThemeSection::ThemeSection(CopyColor copy, QWidget* parent)
-    : QWidget(parent)
-    , heading_(new SectionHeading(this))
-    , preview_(new ThemePreview(this))
-    , grid_(new SwatchGrid(std::move(copy), this))
-    , contrasts_(new ContrastRow(this))
+ThemeSection::ThemeSection(CopyColor copy)
+    : heading_(new SectionHeading)
+    , preview_(new ThemePreview)
+    , grid_(new SwatchGrid(std::move(copy)))
+    , contrasts_(new ContrastRow)
 {
-    auto* column = columnIn(this, themeSpacing);
-    column->setContentsMargins(platform::Metrics::margin, platform::Metrics::margin,
-        platform::Metrics::margin, platform::Metrics::margin);
-    for (auto* part : std::initializer_list<QWidget*> { heading_, preview_, grid_, contrasts_ })
-        column->addWidget(part);
+    setLayout(platform::padded(
+        platform::vstack(themeSpacing, { heading_, preview_, grid_, contrasts_ }, {}), margin,
+        margin));
 }
 
 void ThemeSection::show(const ThemeState& state, const std::optional<platform::Spring>& spring)
@@ -85,47 +69,38 @@ void ThemeSection::show(const ThemeState& state, const std::optional<platform::S
     contrasts_->show(state.contrasts);
 }
 
-SwatchWorkspace::SwatchWorkspace(CopyColor copy, QWidget* parent)
-    : ScrollArea(new QWidget, parent)
+template <typename Section>
+SwatchWorkspace<Section>::SwatchWorkspace(CopyColor copy)
+    : ScrollArea(platform::hosted(platform::vstack(0, {})))
     , copy_(std::move(copy))
 {
     // The column ends where its sections end.
-    columnIn(widget(), 0)->setAlignment(Qt::AlignTop);
+    widget()->layout()->setAlignment(Qt::AlignTop);
 }
 
-template <typename Section, typename State>
-void SwatchWorkspace::showSections(std::vector<Section*>& sections,
-    const std::vector<State>& states, const std::optional<platform::Spring>& spring)
+template <typename Section>
+void SwatchWorkspace<Section>::show(const std::vector<typename Section::State>& states,
+    const std::optional<platform::Spring>& spring)
 {
-    using platform::Metrics::margin;
     auto* column = widget()->layout();
-    while (sections.size() < states.size()) {
-        if (!sections.empty())
+    while (sections_.size() < states.size()) {
+        if (!sections_.empty())
             column->addWidget(new platform::Separator(margin, margin));
-        sections.push_back(new Section(copy_));
-        column->addWidget(sections.back());
+        sections_.push_back(new Section(copy_));
+        column->addWidget(sections_.back());
     }
     for (std::size_t i = 0; i < states.size(); ++i)
-        sections[i]->show(states[i], spring);
+        sections_[i]->show(states[i], spring);
 }
 
-void SwatchWorkspace::keyPressEvent(QKeyEvent* event)
+template <typename Section> void SwatchWorkspace<Section>::keyPressEvent(QKeyEvent* event)
 {
     if (!moveSwatchFocus(*widget(), event->key()))
         return ScrollArea::keyPressEvent(event);
     revealFocus();
 }
 
-void StudioWorkspace::show(
-    const std::vector<SectionState>& sections, const std::optional<platform::Spring>& spring)
-{
-    showSections(sections_, sections, spring);
-}
-
-void ThemeWorkspace::show(
-    const std::vector<ThemeState>& themes, const std::optional<platform::Spring>& spring)
-{
-    showSections(themes_, themes, spring);
-}
+template class SwatchWorkspace<PaletteSectionView>;
+template class SwatchWorkspace<ThemeSection>;
 
 } // namespace tintwell

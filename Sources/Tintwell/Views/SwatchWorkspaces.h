@@ -8,16 +8,14 @@
 #include "TintwellViewState.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tintwell {
 
 /// A section's title over its one-line description.
 class SectionHeading : public QWidget {
-    Q_OBJECT
 public:
-    explicit SectionHeading(QWidget* parent = nullptr);
+    SectionHeading();
 
     void show(const std::string& title, const std::string& subtitle);
 
@@ -28,9 +26,10 @@ private:
 
 /// A titled grid of swatches.
 class PaletteSectionView : public QWidget {
-    Q_OBJECT
 public:
-    explicit PaletteSectionView(CopyColor copy, QWidget* parent = nullptr);
+    using State = SectionState;
+
+    explicit PaletteSectionView(CopyColor copy);
     void show(const SectionState& state, const std::optional<platform::Spring>& spring);
 
 private:
@@ -40,9 +39,10 @@ private:
 
 /// One theme: heading, mock interface, role swatches, contrast labels.
 class ThemeSection : public QWidget {
-    Q_OBJECT
 public:
-    explicit ThemeSection(CopyColor copy, QWidget* parent = nullptr);
+    using State = ThemeState;
+
+    explicit ThemeSection(CopyColor copy);
     void show(const ThemeState& state, const std::optional<platform::Spring>& spring);
 
 private:
@@ -53,48 +53,25 @@ private:
 };
 
 /// Scrolls sections of swatches; the arrow keys go from swatch to swatch.
-class SwatchWorkspace : public platform::ScrollArea {
-    Q_OBJECT
-protected:
-    explicit SwatchWorkspace(CopyColor copy, QWidget* parent = nullptr);
+template <typename Section> class SwatchWorkspace : public platform::ScrollArea {
+public:
+    explicit SwatchWorkspace(CopyColor copy);
 
     /// Makes the sections that are missing, with lines between them, and shows each its state.
-    template <typename Section, typename State>
-    void showSections(std::vector<Section*>& sections, const std::vector<State>& states,
+    void show(const std::vector<typename Section::State>& states,
         const std::optional<platform::Spring>& spring);
+
+protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     CopyColor copy_;
+    std::vector<Section*> sections_;
 };
 
 /// Every section of the current palette.
-class StudioWorkspace : public SwatchWorkspace {
-    Q_OBJECT
-public:
-    explicit StudioWorkspace(CopyColor copy)
-        : SwatchWorkspace(std::move(copy))
-    {
-    }
-    void show(
-        const std::vector<SectionState>& sections, const std::optional<platform::Spring>& spring);
-
-private:
-    std::vector<PaletteSectionView*> sections_;
-};
-
+using StudioWorkspace = SwatchWorkspace<PaletteSectionView>;
 /// The light theme over the dark one.
-class ThemeWorkspace : public SwatchWorkspace {
-    Q_OBJECT
-public:
-    explicit ThemeWorkspace(CopyColor copy)
-        : SwatchWorkspace(std::move(copy))
-    {
-    }
-    void show(const std::vector<ThemeState>& themes, const std::optional<platform::Spring>& spring);
-
-private:
-    std::vector<ThemeSection*> themes_;
-};
+using ThemeWorkspace = SwatchWorkspace<ThemeSection>;
 
 } // namespace tintwell

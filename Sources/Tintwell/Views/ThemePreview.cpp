@@ -6,7 +6,6 @@
 #include "Shapes.h"
 #include "Symbols.h"
 #include "TextPainting.h"
-#include "Theme.h"
 #include "ThemeSource.h"
 
 #include <QFontMetricsF>
@@ -61,8 +60,7 @@ double contentHeight()
 
 } // namespace
 
-ThemePreview::ThemePreview(QWidget* parent)
-    : QWidget(parent)
+ThemePreview::ThemePreview()
 {
     platform::setAccessibleRole(*this, QAccessible::Graphic);
     setAccessibleName(QStringLiteral("Interface preview"));
@@ -117,8 +115,7 @@ void ThemePreview::paintEvent(QPaintEvent*)
         toQColor(shown_.actionText));
 }
 
-ContrastRow::ContrastRow(QWidget* parent)
-    : QWidget(parent)
+ContrastRow::ContrastRow()
 {
     platform::setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

@@ -9,9 +9,8 @@ namespace tintwell {
 
 /// A card that imitates an interface: title, subtitle, an active mark and an action pill.
 class ThemePreview : public QWidget {
-    Q_OBJECT
 public:
-    explicit ThemePreview(QWidget* parent = nullptr);
+    ThemePreview();
 
     void show(const PreviewState& state);
     [[nodiscard]] QSize sizeHint() const override;
@@ -25,9 +24,8 @@ private:
 
 /// One label for each contrast that a theme reports: a seal and the ratio.
 class ContrastRow : public QWidget {
-    Q_OBJECT
 public:
-    explicit ContrastRow(QWidget* parent = nullptr);
+    ContrastRow();
 
     void show(const std::vector<std::string>& contrasts);
     [[nodiscard]] QSize sizeHint() const override;

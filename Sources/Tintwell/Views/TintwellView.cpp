@@ -51,7 +51,6 @@ TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* p
     setFixedSize(panelSize);
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(QStringLiteral("Tintwell"));
-    workspacePicker_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     workspace_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setLayout(platform::vstack(0,
         { header_, new platform::Separator,

@@ -27,7 +27,6 @@ struct ViewActions {
 
 /// Everything that a panel or the preview window shows of one model. The model outlives it.
 class TintwellView : public QWidget {
-    Q_OBJECT
 public:
     TintwellView(TintwellModel& model, ViewActions actions, QWidget* parent = nullptr);
 

@@ -15,13 +15,12 @@ constexpr int footerSpacing = 10;
 
 } // namespace
 
-UtilityFooter::UtilityFooter(TintwellModel& model, std::function<void()> openColorPanel,
-    std::function<void()> quit, QWidget* parent)
-    : QWidget(parent)
-    , model_(model)
+UtilityFooter::UtilityFooter(
+    TintwellModel& model, std::function<void()> openColorPanel, std::function<void()> quit)
+    : model_(model)
     , openColorPanel_(std::move(openColorPanel))
     , quit_(std::move(quit))
-    , status_(new platform::StatusLine({ .size = 10 }, platform::ColorRole::secondary))
+    , status_(new platform::StatusLine({ .size = 10 }, &platform::Theme::secondary))
     , menu_(platform::menuButton(QStringLiteral("More")))
 {
     using platform::Metrics::margin;

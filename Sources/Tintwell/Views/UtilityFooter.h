@@ -15,11 +15,10 @@ namespace tintwell {
 
 /// The status line, "Save + Install" and the menu of everything else.
 class UtilityFooter : public QWidget, public platform::Tinted {
-    Q_OBJECT
 public:
     /// `openColorPanel` and `quit` are the rows of the menu.
-    UtilityFooter(TintwellModel& model, std::function<void()> openColorPanel,
-        std::function<void()> quit, QWidget* parent = nullptr);
+    UtilityFooter(
+        TintwellModel& model, std::function<void()> openColorPanel, std::function<void()> quit);
 
     void show(const std::string& status);
     void setTint(const platform::Tint& tint) override { tint_ = tint; }

@@ -116,6 +116,14 @@ TEST_F(ButtonTest, FadesItsPlateInUnderThePointerAndIsDarkerAtOnceWhilePressed)
     }
 }
 
+TEST_F(ButtonTest, IconsHaveAFixedSize)
+{
+    for (const auto& [button, size] : { std::pair(borderedIcon(Symbol::copy, {}), QSize(34, 28)),
+             std::pair(destructiveIcon(Symbol::trash, {}), QSize(26, 24)),
+             std::pair(menuButton({}), QSize(26, 28)) })
+        EXPECT_EQ(add(button, {})->sizeHint(), size);
+}
+
 TEST_F(ButtonTest, IsPressedBySpaceAndReturnButNotWhileDisabled)
 {
     auto* button = add(prominentButton(QStringLiteral("Sample"), Symbol::eyedropper), { 20, 20 });

@@ -1,30 +1,11 @@
 #include "Symbols.h"
 
-#include "PathData.h"
-
 #include <gtest/gtest.h>
 #include <QImage>
 #include <QPainter>
 
 namespace platform {
 namespace {
-
-TEST(PathData, IsReadIntoAPath)
-{
-    struct Case {
-        const char* data;
-        QPointF end;
-        QRectF bounds;
-    };
-    for (const auto& [data, end, bounds] : { Case { "M1 2L3 4H7V9", { 7, 9 }, { 1, 2, 6, 7 } },
-             { " M0 0 2 0 2 3 L5 3 6 7 ", { 6, 7 }, { 0, 0, 6, 7 } },
-             { "M-1.5-2L.5-.25", { 0.5, -0.25 }, { -1.5, -2, 2, 1.75 } },
-             { "M1 1H5V5Z", { 1, 1 }, { 1, 1, 4, 4 } },
-             { "M0 0C0 4 8 4 8 0", { 8, 0 }, { 0, 0, 8, 3 } } }) {
-        EXPECT_EQ(pathOf(data).currentPosition(), end) << data;
-        EXPECT_EQ(pathOf(data).boundingRect(), bounds) << data;
-    }
-}
 
 TEST(Symbols, HaveInkAndGroundWhereTheyShould)
 {

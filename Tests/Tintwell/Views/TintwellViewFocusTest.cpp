@@ -55,9 +55,9 @@ TEST_F(TintwellViewFocusTest, ThePickerSwitchesAtOnceByMouseShortcutAndKeys)
         EXPECT_EQ(model_->selectedTab(), tab) << how;
         EXPECT_FALSE(stack->isMoving()) << how;
         EXPECT_EQ(part<platform::SegmentedPicker>()->current(), static_cast<int>(tab)) << how;
-        EXPECT_EQ(qobject_cast<StudioWorkspace*>(stack->currentPage()) != nullptr,
+        EXPECT_EQ(dynamic_cast<StudioWorkspace*>(stack->currentPage()) != nullptr,
             tab == WorkspaceTab::studio);
-        EXPECT_EQ(qobject_cast<SavedWorkspace*>(stack->currentPage()) != nullptr,
+        EXPECT_EQ(dynamic_cast<SavedWorkspace*>(stack->currentPage()) != nullptr,
             tab == WorkspaceTab::saved);
     };
     using enum WorkspaceTab;
