@@ -170,10 +170,12 @@ void PanelWindow::followFocus(const QWindow* focus)
     if (!isVisible() || isCompanion || QApplication::activePopupWidget() != nullptr
         || QApplication::activeModalWidget() != nullptr || staysOpen_())
         return;
+    const auto display = X11Display::current();
+    if (!display || !display->isButtonDown())
+        return dismiss();
     // It may be a press that drags something here.
     closingPress_ = ClosingPress { QCursor::pos(), std::chrono::steady_clock::now() };
     release_.start(releaseLook);
-    followButton();
 }
 
 void PanelWindow::followButton()
@@ -182,14 +184,14 @@ void PanelWindow::followButton()
     if (isVisible() && display && display->isButtonDown())
         return;
     release_.stop();
-    if (!isVisible() || isActiveWindow() || staysOpen_())
+    const auto press = std::exchange(closingPress_, std::nullopt);
+    if (!press || !isVisible() || isActiveWindow() || staysOpen_())
         return;
     // Dropped here: what is used has the focus.
     if (panelRect().contains(mapFromGlobal(QCursor::pos())))
         return activateWindow();
     dismiss();
-    if (closingPress_)
-        closingPress_->time = std::chrono::steady_clock::now();
+    closingPress_ = ClosingPress { press->pointer, std::chrono::steady_clock::now() };
 }
 
 void PanelWindow::showEvent(QShowEvent* /*event*/)
