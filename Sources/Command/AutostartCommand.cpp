@@ -30,7 +30,7 @@ std::string quoted(const std::string& path)
     for (const char sign : path) {
         if (sign == '"' || sign == '`' || sign == '$' || sign == '\\')
             // Once for the quotes, and again for the value of a line.
-            text += sign == '\\' ? "\\\\\\" : "\\\\";
+            text += sign == '\\' ? R"(\\\)" : R"(\\)";
         else if (sign == '%')
             text += '%';
         text += sign;

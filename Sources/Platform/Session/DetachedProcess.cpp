@@ -10,6 +10,7 @@ namespace platform {
 DetachedProcess::DetachedProcess(const std::string& program, std::vector<std::string> arguments)
 {
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments)
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);
@@ -27,7 +28,7 @@ DetachedProcess::DetachedProcess(const std::string& program, std::vector<std::st
     posix_spawn_file_actions_destroy(&files);
 }
 
-bool DetachedProcess::hasFailed()
+bool DetachedProcess::hasFailed() const
 {
     if (id_ == -1)
         return true;

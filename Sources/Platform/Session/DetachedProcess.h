@@ -16,7 +16,7 @@ public:
     DetachedProcess(const std::string& program, std::vector<std::string> arguments);
 
     /// True if it could not be started, or has ended with another exit code than 0.
-    [[nodiscard]] bool hasFailed();
+    [[nodiscard]] bool hasFailed() const;
 
 private:
     pid_t id_ = -1;
