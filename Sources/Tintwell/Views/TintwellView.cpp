@@ -11,7 +11,7 @@
 #include <QPainter>
 #include <QShortcut>
 
-#include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace tintwell {
@@ -159,11 +159,9 @@ SavedActions TintwellView::savedActions()
 {
     const auto toPalette = [this](void (TintwellModel::*act)(const SavedPalette&)) {
         return [this, act](const platform::Uuid& id) {
-            const auto& all = model_.savedPalettes();
-            const auto palette = std::find_if(
-                all.begin(), all.end(), [&](const SavedPalette& each) { return each.id == id; });
-            if (palette != all.end())
-                (model_.*act)(*palette);
+            for (const auto& palette : model_.savedPalettes())
+                if (palette.id == id)
+                    return std::invoke(act, model_, palette);
         };
     };
     return { toPalette(&TintwellModel::use), toPalette(&TintwellModel::install),
