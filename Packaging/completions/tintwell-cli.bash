@@ -27,7 +27,8 @@ _tintwell_cli()
                 save | list) words="text json" ;;
             esac ;;
         -c | --color) words="auto always never" ;;
-        -l | --library)
+        --colors) words="hex oklch" ;;
+        -l | --library | -o | --out)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
             return ;;
@@ -37,7 +38,7 @@ _tintwell_cli()
             case $command/$current in
                 /-*) words="--help --version --library --color" ;;
                 palette/-*) words="--help --version --format --color --jobs" ;;
-                export/-*) words="--help --version --format" ;;
+                export/-*) words="--help --version --format --colors --out --list" ;;
                 contrast/-*) words="--help --version --color" ;;
                 save/-*) words="--help --version --format --library" ;;
                 list/-* | use/-*) words="--help --version --format --color --library" ;;

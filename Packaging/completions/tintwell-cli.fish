@@ -33,6 +33,9 @@ end
 
 complete -c tintwell-cli -n '__tintwell_cli_in palette use' -s f -l format -x -a 'text json json-lines' -d 'Form of the output'
 complete -c tintwell-cli -n '__tintwell_cli_in export' -s f -l format -x -a 'json gpl css' -d 'Form of the output'
+complete -c tintwell-cli -n '__tintwell_cli_in export' -l colors -x -a 'hex oklch' -d 'Colors in style sheets'
+complete -c tintwell-cli -n '__tintwell_cli_in export' -s o -l out -r -F -d 'Write this file'
+complete -c tintwell-cli -n '__tintwell_cli_in export' -l list -d 'List the formats'
 complete -c tintwell-cli -n '__tintwell_cli_in save list' -s f -l format -x -a 'text json' -d 'Form of the output'
 complete -c tintwell-cli -n '__tintwell_cli_in palette contrast list use' -s c -l color -x -a 'auto always never' -d 'Colors on a terminal'
 complete -c tintwell-cli -n '__tintwell_cli_in palette' -s j -l jobs -x -d 'Threads for a stream'

@@ -1,15 +1,12 @@
 #include "ColorCommands.h"
 
-#include "CssExport.h"
-#include "GimpPalette.h"
 #include "JsonOutput.h"
-#include "MacColorIntegration.h"
 #include "NumberText.h"
+#include "PaletteExport.h"
 #include "PaletteGenerator.h"
 #include "PaletteLayout.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -34,31 +31,15 @@ struct Level {
     };
 // clang-format on
 
-/// False for sources, as a library edited by hand may hold, whose coordinates are no numbers.
-bool isDerivable(const RGBAColor& source)
-{
-    const OKLCH coordinates(source);
-    return std::isfinite(coordinates.lightness) && std::isfinite(coordinates.chroma)
-        && std::isfinite(coordinates.hue);
-}
-
-std::string componentText(double component)
-{
-    std::array<char, 32> digits {};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), component);
-    return { digits.data(), end.ptr };
-}
-
 } // namespace
 
 platform::Result<std::string> paletteText(
     const RGBAColor& source, PaletteFormat format, const Terminal& terminal)
 {
-    if (!isDerivable(source))
-        return platform::Error { "No palette follows from a source as far outside 0 to 1 as red "
-            + componentText(source.red) + ", green " + componentText(source.green) + ", blue "
-            + componentText(source.blue) };
-    const auto palette = PaletteGenerator().generate(source);
+    const auto derived = derivedPalette(source);
+    if (!derived)
+        return derived.error();
+    const auto& palette = derived.value();
     switch (format) {
     case PaletteFormat::layout:
         return paletteLayout(palette, terminal);
@@ -68,23 +49,6 @@ platform::Result<std::string> paletteText(
         break;
     }
     return jsonDocument(palette, JsonStyle::compact);
-}
-
-platform::Result<std::string> exportText(const RGBAColor& source, ExportFormat format)
-{
-    const auto palette = PaletteGenerator().generate(source);
-    switch (format) {
-    case ExportFormat::json:
-        return jsonDocument(palette.exportColors(), JsonStyle::pretty);
-    case ExportFormat::gimp: {
-        platform::ColorList list(palette.sourceName);
-        fillColorList(list, palette.exportColors());
-        return platform::gimpPaletteText(list);
-    }
-    case ExportFormat::css:
-        break;
-    }
-    return cssProperties(palette);
 }
 
 std::string nameText(const RGBAColor& color)

@@ -1,7 +1,6 @@
 // What the command line says about colours: their palettes, names and contrast.
 #pragma once
 
-#include "PaletteModels.h"
 #include "Report.h"
 #include "Terminal.h"
 
@@ -15,12 +14,6 @@ enum class PaletteFormat { layout, json, jsonLines };
 /// tells of a source so far off that its colours are no numbers.
 [[nodiscard]] platform::Result<std::string> paletteText(
     const RGBAColor& source, PaletteFormat format, const Terminal& terminal);
-
-enum class ExportFormat { json, gimp, css };
-
-/// The flat list of the palette's colours in a form that other programs read.
-[[nodiscard]] platform::Result<std::string> exportText(
-    const RGBAColor& source, ExportFormat format);
 
 /// The English name of a colour.
 [[nodiscard]] std::string nameText(const RGBAColor& color);

@@ -13,6 +13,8 @@
 #include <string_view>
 #include <utility>
 
+#include <unistd.h>
+
 namespace tintwell {
 
 namespace {
@@ -51,8 +53,9 @@ constexpr std::array commandTexts {
 )" },
     CommandText { Command::exportColors, "export", "Print the colors of COLOR for other programs",
         R"(Examples:
-  tintwell-cli export 6E56CF --format css > colors.css
-  tintwell-cli export 'oklch(54% 0.18 288)' -f gpl > violet.gpl
+  tintwell-cli export 6E56CF --format css --colors oklch > colors.css
+  tintwell-cli export 'oklch(54% 0.18 288)' --out violet.gpl
+  tintwell-cli export --list
 )" },
     CommandText { Command::name, "name", "Name COLOR in English", R"(Examples:
   tintwell-cli name '#6E56CF'
@@ -105,10 +108,15 @@ constexpr Words<PaletteFormat, 3> paletteFormats { {
     { "json", PaletteFormat::json },
     { "json-lines", PaletteFormat::jsonLines },
 } };
-constexpr Words<ExportFormat, 3> exportFormats { {
-    { "json", ExportFormat::json },
-    { "gpl", ExportFormat::gimp },
-    { "css", ExportFormat::css },
+constexpr auto exportWords = [] {
+    Words<ExportFormat, exportFormats.size()> words {};
+    for (std::size_t at = 0; at < words.size(); ++at)
+        words[at] = { exportFormats[at].word, exportFormats[at].format };
+    return words;
+}();
+constexpr Words<ColorNotation, 2> colorNotations { {
+    { "hex", ColorNotation::hex },
+    { "oklch", ColorNotation::oklch },
 } };
 constexpr Words<LibraryFormat, 2> libraryFormats { {
     { "text", LibraryFormat::layout },
@@ -121,9 +129,9 @@ constexpr Words<ColorChoice, 3> colorChoices { {
 } };
 
 /// An option that takes one of `words`; they and `value` outlive `command`.
-template <typename Value, std::size_t Count>
+template <typename Value, std::size_t Count, typename Target>
 CLI::Option* addChoice(CLI::App& command, const std::string& names, const char* help,
-    const Words<Value, Count>& words, Value& value)
+    const Words<Value, Count>& words, Target& value)
 {
     std::string all;
     for (const auto& [word, meaning] : words)
@@ -239,8 +247,8 @@ private:
             ->type_name("FILE");
     }
 
-    template <typename Value, std::size_t Count>
-    static void addFormat(CLI::App& command, const Words<Value, Count>& words, Value& format)
+    template <typename Value, std::size_t Count, typename Target>
+    static void addFormat(CLI::App& command, const Words<Value, Count>& words, Target& format)
     {
         addChoice(command, "-f,--format", "Form of the output", words, format)->type_name("FORMAT");
     }
@@ -265,8 +273,7 @@ private:
                 ->type_name("N");
             break;
         case Command::exportColors:
-            addColor(added, "COLOR", request_.color)->required();
-            addFormat(added, exportFormats, request_.exportFormat);
+            addExportOptions(added, request_.exported);
             break;
         case Command::name:
             addColor(added, "COLOR", request_.color)->required();
@@ -291,6 +298,17 @@ private:
         case Command::listColorLists:
             break;
         }
+    }
+
+    void addExportOptions(CLI::App& added, ExportOrder& order)
+    {
+        addColor(added, "COLOR", request_.color);
+        addFormat(added, exportWords, order.format);
+        addChoice(added, "--colors", "Colors in style sheets", colorNotations, order.notation)
+            ->type_name("FORM");
+        added.add_option("-o,--out", order.file, "Write this file; its ending tells the format")
+            ->type_name("FILE");
+        added.add_flag("--list", order.listsFormats, "List the formats");
     }
 
     void addLibraryOptions(Command command, CLI::App& added)
@@ -326,8 +344,8 @@ void unhyphenColors(std::vector<std::string>& arguments)
     for (auto& argument : arguments) {
         if (argument.starts_with('-') && !isValue && colorFromText(argument))
             argument.erase(0, argument.find_first_not_of('-'));
-        constexpr std::array takeOne { "-f", "--format", "-l", "--library", "-i", "--id", "-c",
-            "--color", "-j", "--jobs" };
+        constexpr std::array takeOne { "-f", "--format", "--colors", "-o", "--out", "-l",
+            "--library", "-i", "--id", "-c", "--color", "-j", "--jobs" };
         isValue = std::find(takeOne.begin(), takeOne.end(), argument) != takeOne.end();
     }
 }
@@ -367,6 +385,9 @@ std::string misuseOf(const Request& request)
             + " is a folder";
     if (request.id && request.id->size() < shortestIdPrefix)
         return "an id needs at least its first four characters";
+    if (request.command == Command::exportColors && !request.exported.listsFormats)
+        return request.color ? misuseOf(request.exported, ::isatty(STDOUT_FILENO) != 0)
+                             : "COLOR is required (see tintwell-cli --help)";
     if (request.command == Command::install && request.color.has_value() == request.id.has_value())
         return "install takes either a COLOR or --id ID";
     return "";

@@ -137,9 +137,10 @@ Report performCommand(const Request& request, const Terminal& terminal)
     case Command::palette:
         return performPalette(request, terminal);
     case Command::exportColors:
-        return withColor(request.color, [&](const RGBAColor& color) {
-            return Report::of(exportText(color, request.exportFormat));
-        });
+        if (request.exported.listsFormats)
+            return Report::printed(exportFormatsLayout());
+        return withColor(request.color,
+            [&](const RGBAColor& color) { return exportPalette(color, request.exported); });
     case Command::name:
         return withColor(
             request.color, [](const RGBAColor& color) { return Report::printed(nameText(color)); });

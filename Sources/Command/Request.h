@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ColorCommands.h"
+#include "ExportCommand.h"
 #include "LibraryCommands.h"
 
 #include <filesystem>
@@ -38,7 +39,7 @@ struct Request {
     /// The library file; nothing is the user's own.
     std::optional<std::filesystem::path> library {};
     PaletteFormat paletteFormat = PaletteFormat::layout;
-    ExportFormat exportFormat = ExportFormat::json;
+    ExportOrder exported {};
     LibraryFormat libraryFormat = LibraryFormat::layout;
     ColorChoice colorChoice = ColorChoice::automatic;
     /// Threads for a stream; 0 stands for all that the machine has.

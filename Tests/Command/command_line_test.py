@@ -95,7 +95,25 @@ class Colors(Case):
         gimp = self.done("export", "6E56CF", "--format", "gpl")
         self.assertRegex(gimp, r"\AGIMP Palette\n")
         self.assertEqual(len(re.findall(r"^ *\d", gimp, re.MULTILINE)), len(colors))
-        self.assertIn("  --tintwell-tone-500: #7B65DF;\n", self.done("export", "6E56CF", "--format", "css"))
+
+    def test_export_to_a_file(self):
+        formats = [line.split()[:2] for line in self.done("export", "--list").splitlines()]
+        self.assertEqual(formats[0], ["json", ".json"])
+        for word, ending in formats:
+            name = "My theme" + ending
+            self.assertEqual(self.done("export", "6E56CF", "--out", name), f"Exported {name}\n")
+            process = self.start("export", "6E56CF", "-f", word)
+            self.assertEqual(pathlib.Path(self.home, name).read_bytes(), process.communicate(timeout=60)[0], word)
+        kept = pathlib.Path(self.home, "kept.css")
+        kept.write_text("old", encoding="ascii")
+        for size in range(0, 2000, 500):
+            def limit(size=size):
+                resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+            code, output, error = self.call("export", "6E56CF", "-o", "kept.css", preexec_fn=limit)
+            self.assertEqual((code, output, kept.read_text(encoding="ascii")), (1, "", "old"))
+            self.assertRegex(error, r"\Atintwell-cli: Export failed: [^\n]+\n\Z")
+        self.assertEqual(len(os.listdir(self.home)), len(formats) + 1)
+        self.fails(1, "Export failed: a.css could not be written: its folder is missing", "export", "red", "-o", "no/a.css")
 
 
 class Usage(Case):
@@ -150,7 +168,8 @@ class Usage(Case):
 
     def test_misuse_is_one_line_and_does_nothing(self):
         for words in (("paint",), ("palette", "--wide"), ("name",), ("palette", "-6E56C"), ("palette", "--jobs", "0"), ("list", "--library", "."), ("list", "--library", "new/"),
-                      ("export", "6E56CF", "--format", "xml"),
+                      ("export", "6E56CF", "--format", "xml"), ("export",), ("export", "red", "-o", "a.txt"), ("export", "red", "-o", "a/"),
+                      ("export", "red", "--colors", "hex"),
                       ("install",), ("install", "6E56CF", "--id", "A"), ("name", "6E56CF", "--library", "x"),
                       ("list", "--library", ""), ("name", "6E56CF", "\x1b[2J"), (b"\xff",)):
             code, output, error = self.call(*words)

@@ -394,12 +394,17 @@ std::string oklchText(const RGBAColor& color)
     return text;
 }
 
-std::string customProperty(std::string_view id, const RGBAColor& color)
+std::string customPropertyName(std::string_view id)
 {
     std::string text = "--tintwell-";
     for (const char character : id)
         text += isLetter(character) || isDigit(character) ? lowered(character) : '-';
-    return text + ": " + color.hexWithAlpha() + ";";
+    return text;
+}
+
+std::string customProperty(std::string_view id, const RGBAColor& color)
+{
+    return customPropertyName(id) + ": " + color.hexWithAlpha() + ";";
 }
 
 } // namespace tintwell

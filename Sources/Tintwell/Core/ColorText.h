@@ -32,7 +32,10 @@ inline constexpr auto colorForms = "RRGGBB, #RGB, rgb(), hsl(), oklch() or a CSS
 /// "oklch(54.17% 0.179 288.03)".
 [[nodiscard]] std::string oklchText(const RGBAColor& color);
 
-/// "--tintwell-tone-500: #7B65DF;" for an id such as "tone.500".
+/// "--tintwell-tone-500" for an id such as "tone.500".
+[[nodiscard]] std::string customPropertyName(std::string_view id);
+
+/// "--tintwell-tone-500: #7B65DF;".
 [[nodiscard]] std::string customProperty(std::string_view id, const RGBAColor& color);
 
 } // namespace tintwell

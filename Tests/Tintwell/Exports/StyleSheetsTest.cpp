@@ -1,4 +1,4 @@
-#include "CssExport.h"
+#include "StyleSheets.h"
 
 #include "PaletteGenerator.h"
 
@@ -13,7 +13,8 @@ namespace {
 
 std::string cssOf(std::string_view hex)
 {
-    return cssProperties(PaletteGenerator().generate(RGBAColor::fromHex(hex).value()));
+    return cssText(
+        PaletteGenerator().generate(RGBAColor::fromHex(hex).value()), ColorNotation::hex);
 }
 
 /// What stands between the braces of the first rule whose head ends in `selector`.
@@ -23,7 +24,7 @@ std::string bodyOf(const std::string& css, const std::string& selector)
     return start == std::string::npos ? "" : css.substr(start, css.find('}', start) - start);
 }
 
-TEST(CssExport, EveryDeclarationIsValid)
+TEST(StyleSheets, EveryDeclarationIsValid)
 {
     const std::regex declaration(" +(--tintwell(-[a-z0-9]+)+: #([0-9A-F]{6}|[0-9A-F]{8})"
                                  "|color-scheme: (light|dark));");
@@ -38,7 +39,7 @@ TEST(CssExport, EveryDeclarationIsValid)
     }
 }
 
-TEST(CssExport, ThemesFollowThePreferenceAndTheAttribute)
+TEST(StyleSheets, ThemesFollowThePreferenceAndTheAttribute)
 {
     const auto css = cssOf("6E56CF");
     EXPECT_NE(bodyOf(css, ":root").find("  --tintwell-tone-500: #7B65DF;\n"), std::string::npos);
@@ -53,7 +54,7 @@ TEST(CssExport, ThemesFollowThePreferenceAndTheAttribute)
     EXPECT_LT(css.find("@media (prefers-color-scheme: dark) {\n  :root:not("), css.size());
 }
 
-TEST(CssExport, OnlyTheSourceCarriesItsAlpha)
+TEST(StyleSheets, OnlyTheSourceCarriesItsAlpha)
 {
     const auto css = cssOf("6E56CF80");
     EXPECT_NE(css.find("--tintwell-source: #6E56CF80;"), std::string::npos);

@@ -1,7 +1,7 @@
-// A palette as custom properties of a style sheet.
+// A palette as the source of style sheets.
 #pragma once
 
-#include "PaletteModels.h"
+#include "PaletteExport.h"
 
 #include <string>
 
@@ -12,6 +12,6 @@ namespace tintwell {
 /// An id such as "tone.500" becomes `--tintwell-tone-500`. Theme roles lose their prefix and follow
 /// the reader's preference or a `data-theme` attribute: `--tintwell-background` is light by
 /// default.
-[[nodiscard]] std::string cssProperties(const GeneratedPalette& palette);
+[[nodiscard]] std::string cssText(const GeneratedPalette& palette, ColorNotation notation);
 
 } // namespace tintwell

@@ -1,0 +1,74 @@
+// Exports, read back by the tools that they are for, against what the palette itself says.
+import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
+import test from "node:test";
+import * as csstree from "css-tree";
+import * as lightningcss from "lightningcss";
+
+const sources = ["6E56CF", "6E56CF80", "FFFFFF", "0A0A0D", "FFD400"];
+const run = (...words) => execFileSync(process.env.TINTWELL_CLI, words, { maxBuffer: 1e8 });
+const exported = (source, ...words) => run("export", source, "--format", ...words);
+
+/** Hex texts by id: "source", "tone.500", "light.primary". */
+function truth(source) {
+    const palette = JSON.parse(run("palette", source, "--format", "json"));
+    const byte = (part) => Math.round(part * 255).toString(16).padStart(2, "0");
+    const hex = ({ red, green, blue, alpha }) =>
+        "#" + [red, green, blue, ...(alpha < 1 ? [alpha] : [])].map(byte).join("").toUpperCase();
+    const ids = { source: hex(palette.source) };
+    const take = (prefix, colors) => colors.forEach(({ id, color }) => (ids[prefix + id] = hex(color)));
+    for (const section of [...palette.harmonySections, palette.monochromatic, palette.tonal]) take("", section.colors);
+    take("light.", palette.lightTheme.colors);
+    take("dark.", palette.darkTheme.colors);
+    assert.equal(Object.keys(ids).length, 52);
+    return ids;
+}
+
+/** Values by "rule property" of a style sheet that a strict parser accepts. */
+function declarations(css) {
+    const found = {};
+    const stop = (error) => { throw error; };
+    const tree = csstree.parse(css, { onParseError: stop, parseCustomProperty: true });
+    csstree.walk(tree, function (node) {
+        if (node.type !== "Declaration") return;
+        const media = this.atrule?.prelude ? csstree.generate(this.atrule.prelude) + " " : "";
+        const rule = this.rule ? csstree.generate(this.rule.prelude) : `@${this.atrule.name}`;
+        found[`${media}${rule} ${node.property}`] = csstree.generate(node.value).trim();
+    });
+    return found;
+}
+
+/** The opaque colour that a browser makes of `value`, as "#RRGGBB". */
+function inHex(value) {
+    const code = Buffer.from(`a{color:${value}}`);
+    const made = lightningcss.transform({ filename: "a.css", code, minify: true, targets: { chrome: 80 << 16 } });
+    return csstree.generate(csstree.parse(made.code.toString())).match(/color:([^};]+)/)[1];
+}
+
+const places = (id) => {
+    const name = (text) => `--tintwell-${text.replace(/[^a-z0-9]/g, "-")}`;
+    const [theme, role] = id.split(".");
+    if (theme === "light") return [`:root,[data-theme="light"] ${name(role)}`];
+    if (theme === "dark")
+        return [`[data-theme="dark"] ${name(role)}`,
+            `(prefers-color-scheme:dark) :root:not([data-theme="light"]) ${name(role)}`];
+    return [`:root ${name(id)}`];
+};
+
+for (const source of sources)
+    test(`css of ${source}`, () => {
+        const css = exported(source, "css");
+        lightningcss.transform({ filename: "a.css", code: css, errorRecovery: false });
+        const found = declarations(css.toString());
+        const polar = declarations(exported(source, "css", "--colors", "oklch").toString());
+        let count = 0;
+        for (const [id, hex] of Object.entries(truth(source)))
+            for (const place of places(id)) {
+                assert.equal(found[place], hex, place);
+                assert.equal(inHex(polar[place]), inHex(hex), polar[place]);
+                ++count;
+            }
+        const schemes = Object.entries(found).filter(([place]) => place.endsWith(" color-scheme"));
+        assert.deepEqual(schemes.map(([, scheme]) => scheme), ["light", "dark", "dark"]);
+        assert.equal(Object.keys(found).length, count + schemes.length);
+    });
