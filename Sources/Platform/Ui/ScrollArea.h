@@ -20,6 +20,10 @@ public:
     /// Scrolls as far as the control with the keyboard focus, if it is inside, comes into sight.
     void revealFocus();
 
+    /// As wide as the content and no height of its own: it takes what is left. The toolkit's answer
+    /// would load the font that nothing here is set in.
+    [[nodiscard]] QSize sizeHint() const override { return { widget()->sizeHint().width(), 0 }; }
+
 protected:
     void wheelEvent(QWheelEvent* event) override { glide_.turn(*event); }
     void keyPressEvent(QKeyEvent* event) override;
