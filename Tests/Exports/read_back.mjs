@@ -4,6 +4,7 @@ import { execFileSync } from "node:child_process";
 import test from "node:test";
 import * as csstree from "css-tree";
 import * as lightningcss from "lightningcss";
+import { compile } from "tailwindcss";
 
 const sources = ["6E56CF", "6E56CF80", "FFFFFF", "0A0A0D", "FFD400"];
 const run = (...words) => execFileSync(process.env.TINTWELL_CLI, words, { maxBuffer: 1e8 });
@@ -45,8 +46,8 @@ function inHex(value) {
     return csstree.generate(csstree.parse(made.code.toString())).match(/color:([^};]+)/)[1];
 }
 
+const name = (text) => `--tintwell-${text.replace(/[^a-z0-9]/g, "-")}`;
 const places = (id) => {
-    const name = (text) => `--tintwell-${text.replace(/[^a-z0-9]/g, "-")}`;
     const [theme, role] = id.split(".");
     if (theme === "light") return [`:root,[data-theme="light"] ${name(role)}`];
     if (theme === "dark")
@@ -71,4 +72,23 @@ for (const source of sources)
         const schemes = Object.entries(found).filter(([place]) => place.endsWith(" color-scheme"));
         assert.deepEqual(schemes.map(([, scheme]) => scheme), ["light", "dark", "dark"]);
         assert.equal(Object.keys(found).length, count + schemes.length);
+    });
+
+for (const source of sources)
+    test(`tailwind of ${source}`, async () => {
+        const colors = truth(source);
+        const classes = Object.keys(colors).filter((id) => id.startsWith("tone.")).map((id) => `bg-brand-${id.slice(5)}`);
+        const roles = Object.keys(colors).filter((id) => id.startsWith("light.")).map((id) => id.slice(6));
+        const theme = exported(source, "tailwind").toString();
+        const { build } = await compile(`${theme}@tailwind utilities;`);
+        const found = declarations(build([...classes, ...roles.map((role) => `text-${role}`)]));
+        for (const id of classes) {
+            assert.equal(found[`.${id} background-color`], `var(--color-${id.slice(3)})`);
+            assert.equal(found[`:root,:host --color-${id.slice(3)}`], colors[`tone.${id.slice(9)}`]);
+        }
+        for (const role of roles) {
+            assert.equal(found[`.text-${role} color`], `var(${name(role)})`);
+            for (const id of [`light.${role}`, `dark.${role}`])
+                for (const place of places(id)) assert.equal(found[place], colors[id], place);
+        }
     });

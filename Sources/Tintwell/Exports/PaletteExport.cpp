@@ -77,9 +77,11 @@ platform::Result<std::string> exported(
     case ExportFormat::gpl:
         return gimpText(palette);
     case ExportFormat::css:
+        return cssText(palette, notation);
+    case ExportFormat::tailwind:
         break;
     }
-    return cssText(palette, notation);
+    return tailwindText(palette, notation);
 }
 
 } // namespace tintwell

@@ -12,7 +12,7 @@
 
 namespace tintwell {
 
-enum class ExportFormat { json, gpl, css };
+enum class ExportFormat { json, gpl, css, tailwind };
 
 /// How a style sheet writes its colours.
 enum class ColorNotation { hex, oklch };
@@ -35,6 +35,7 @@ inline constexpr std::array exportFormats {
     ExportFormatTraits { ExportFormat::json,      "json",     ".json",         "List of colors",              true,  false },
     ExportFormatTraits { ExportFormat::gpl,       "gpl",      ".gpl",          "Palette of drawing programs", true,  false },
     ExportFormatTraits { ExportFormat::css,       "css",      ".css",          "CSS custom properties",       true,  true  },
+    ExportFormatTraits { ExportFormat::tailwind,  "tailwind", ".tailwind.css", "Tailwind CSS 4 theme",        true,  true  },
 };
 // clang-format on
 

@@ -81,4 +81,19 @@ std::string cssText(const GeneratedPalette& palette, ColorNotation notation)
         + sheet.themes(palette);
 }
 
+std::string tailwindText(const GeneratedPalette& palette, ColorNotation notation)
+{
+    const Sheet sheet(notation);
+    std::string tones;
+    for (const auto& tone : palette.tonal.colors)
+        tones += "  --color-brand-" + tone.id.substr(tone.id.find('.') + 1) + ": "
+            + sheet.value(tone.color) + ";\n";
+    // Inline, so that an element with a theme of its own gets that theme's colours.
+    std::string roles;
+    for (const auto& role : palette.lightTheme.colors)
+        roles += "  --color-" + role.id + ": var(" + customPropertyName(role.id) + ");\n";
+    return heading(palette) + Sheet::rule("@theme", tones) + "\n"
+        + Sheet::rule("@theme inline", roles) + "\n" + sheet.themes(palette);
+}
+
 } // namespace tintwell

@@ -14,4 +14,8 @@ namespace tintwell {
 /// default.
 [[nodiscard]] std::string cssText(const GeneratedPalette& palette, ColorNotation notation);
 
+/// A theme for version 4 of Tailwind CSS, to be imported after it: the tones are the colours
+/// "brand-50" to "brand-950", the roles colours of their own names, which change with the theme.
+[[nodiscard]] std::string tailwindText(const GeneratedPalette& palette, ColorNotation notation);
+
 } // namespace tintwell
