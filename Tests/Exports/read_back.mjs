@@ -4,6 +4,7 @@ import { execFileSync } from "node:child_process";
 import test from "node:test";
 import * as csstree from "css-tree";
 import * as lightningcss from "lightningcss";
+import * as sass from "sass";
 import { compile } from "tailwindcss";
 
 const sources = ["6E56CF", "6E56CF80", "FFFFFF", "0A0A0D", "FFD400"];
@@ -90,5 +91,17 @@ for (const source of sources)
             assert.equal(found[`.text-${role} color`], `var(${name(role)})`);
             for (const id of [`light.${role}`, `dark.${role}`])
                 for (const place of places(id)) assert.equal(found[place], colors[id], place);
+        }
+    });
+
+for (const source of sources)
+    test(`scss of ${source}`, () => {
+        const each = '@use "sass:color"; @each $id, $color in $tintwell { .#{$id} { color: color.to-space($color, rgb); } }';
+        for (const notation of ["hex", "oklch"]) {
+            const map = exported(source, "scss", "--colors", notation).toString();
+            const found = declarations(sass.compileString(map + each).css);
+            const colors = Object.entries(truth(source));
+            assert.equal(Object.keys(found).length, colors.length);
+            for (const [id, hex] of colors) assert.equal(inHex(found[`.${id.replace(".", "-")} color`]), inHex(hex), id);
         }
     });

@@ -79,9 +79,11 @@ platform::Result<std::string> exported(
     case ExportFormat::css:
         return cssText(palette, notation);
     case ExportFormat::tailwind:
+        return tailwindText(palette, notation);
+    case ExportFormat::scss:
         break;
     }
-    return tailwindText(palette, notation);
+    return scssText(palette, notation);
 }
 
 } // namespace tintwell

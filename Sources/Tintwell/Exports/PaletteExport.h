@@ -12,7 +12,7 @@
 
 namespace tintwell {
 
-enum class ExportFormat { json, gpl, css, tailwind };
+enum class ExportFormat { json, gpl, css, tailwind, scss };
 
 /// How a style sheet writes its colours.
 enum class ColorNotation { hex, oklch };
@@ -36,6 +36,7 @@ inline constexpr std::array exportFormats {
     ExportFormatTraits { ExportFormat::gpl,       "gpl",      ".gpl",          "Palette of drawing programs", true,  false },
     ExportFormatTraits { ExportFormat::css,       "css",      ".css",          "CSS custom properties",       true,  true  },
     ExportFormatTraits { ExportFormat::tailwind,  "tailwind", ".tailwind.css", "Tailwind CSS 4 theme",        true,  true  },
+    ExportFormatTraits { ExportFormat::scss,      "scss",     ".scss",         "Sass map",                    true,  true  },
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 
 #include "ColorText.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -94,6 +95,18 @@ std::string tailwindText(const GeneratedPalette& palette, ColorNotation notation
         roles += "  --color-" + role.id + ": var(" + customPropertyName(role.id) + ");\n";
     return heading(palette) + Sheet::rule("@theme", tones) + "\n"
         + Sheet::rule("@theme inline", roles) + "\n" + sheet.themes(palette);
+}
+
+std::string scssText(const GeneratedPalette& palette, ColorNotation notation)
+{
+    const Sheet sheet(notation);
+    std::string text = heading(palette) + "$tintwell: (\n";
+    for (const auto& color : palette.allColors()) {
+        auto key = color.id;
+        std::replace(key.begin(), key.end(), '.', '-');
+        text += "  \"" + key + "\": " + sheet.value(color.color) + ",\n";
+    }
+    return text + ");\n";
 }
 
 } // namespace tintwell

@@ -18,4 +18,7 @@ namespace tintwell {
 /// "brand-50" to "brand-950", the roles colours of their own names, which change with the theme.
 [[nodiscard]] std::string tailwindText(const GeneratedPalette& palette, ColorNotation notation);
 
+/// All colours as the Sass map `$tintwell`, by their ids: "tone-500", "light-primary".
+[[nodiscard]] std::string scssText(const GeneratedPalette& palette, ColorNotation notation);
+
 } // namespace tintwell
