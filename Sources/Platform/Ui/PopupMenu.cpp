@@ -25,6 +25,7 @@ namespace {
 constexpr int dividerHeight = 11;
 constexpr int dividerLine = 5;
 constexpr int dividerInset = 9;
+constexpr int headingHeight = 24;
 constexpr double outlineWidth = 0.75;
 constexpr int leastWidth = 196;
 
@@ -38,6 +39,7 @@ constexpr Drop near { 2, 3, 0.08 };
 constexpr Drop far { 12, 14, 0.17 };
 
 constexpr TextStyle rowStyle { .size = 13 };
+constexpr TextStyle headingStyle { .size = 11, .weight = QFont::DemiBold };
 
 } // namespace
 
@@ -117,22 +119,24 @@ private:
 PopupMenu* PopupMenu::open(
     Button& button, std::vector<MenuItem> items, const Tint& tint, bool byKeyboard)
 {
-    auto* menu = new PopupMenu(button, std::move(items), tint);
-    menu->show();
-    menu->raise();
-    menu->setFocus(Qt::PopupFocusReason);
-    menu->opacity_.moveTo(1, Metrics::menuFade);
-    QAccessibleEvent started(menu, QAccessible::PopupMenuStart);
-    QAccessible::updateAccessibility(&started);
-    if (byKeyboard)
-        menu->selectNext(1);
+    return openAt(
+        button, button.rect(), button.accessibleName(), std::move(items), tint, byKeyboard);
+}
+
+PopupMenu* PopupMenu::openAt(QWidget& owner, const QRect& area, const QString& name,
+    std::vector<MenuItem> items, const Tint& tint, bool byKeyboard)
+{
+    auto* menu = new PopupMenu(owner, area, name, std::move(items), tint);
+    menu->appear(byKeyboard);
     return menu;
 }
 
-PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& tint)
-    : QWidget(button.window())
-    , button_(&button)
-    , focusBefore_(button.window()->focusWidget())
+PopupMenu::PopupMenu(QWidget& owner, const QRect& area, const QString& name,
+    std::vector<MenuItem> items, const Tint& tint)
+    : QWidget(owner.window())
+    , owner_(&owner)
+    , area_(area)
+    , focusBefore_(owner.window()->focusWidget())
     , items_(std::move(items))
     , tint_(tint)
     , near_(Metrics::menuRadius, near.sigma)
@@ -141,21 +145,36 @@ PopupMenu::PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& ti
     , opacity_([this] { update(); })
 {
     setAccessibleRole(*this, QAccessible::PopupMenu);
-    setAccessibleName(button.accessibleName());
+    setAccessibleName(name);
     setFocusPolicy(Qt::StrongFocus);
-    for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
-        const auto isDivider = items_[static_cast<std::size_t>(i)].text.isEmpty();
-        rows_.push_back(isDivider ? nullptr : new Row(*this, i));
-    }
-    button.setMenuOpen(true);
-    button.window()->installEventFilter(this);
+    for (int i = 0; i < static_cast<int>(items_.size()); ++i)
+        rows_.push_back(items_[static_cast<std::size_t>(i)].action ? new Row(*this, i) : nullptr);
+    setOpen(true);
+    window()->installEventFilter(this);
     place();
 }
 
 PopupMenu::~PopupMenu()
 {
-    if (button_)
-        button_->setMenuOpen(false);
+    setOpen(false);
+}
+
+void PopupMenu::appear(bool byKeyboard)
+{
+    show();
+    raise();
+    setFocus(Qt::PopupFocusReason);
+    opacity_.moveTo(1, Metrics::menuFade);
+    QAccessibleEvent started(this, QAccessible::PopupMenuStart);
+    QAccessible::updateAccessibility(&started);
+    if (byKeyboard)
+        selectNext(1);
+}
+
+void PopupMenu::setOpen(bool open)
+{
+    if (auto* button = qobject_cast<Button*>(owner_.data()))
+        button->setMenuOpen(open);
 }
 
 void PopupMenu::setTint(const Tint& tint)
@@ -171,8 +190,7 @@ void PopupMenu::dismiss()
     QAccessibleEvent ended(this, QAccessible::PopupMenuEnd);
     QAccessible::updateAccessibility(&ended);
     hide();
-    if (button_)
-        button_->setMenuOpen(false);
+    setOpen(false);
     if (focusBefore_)
         focusBefore_->setFocus(Qt::PopupFocusReason);
     deleteLater();
@@ -212,15 +230,16 @@ void PopupMenu::paintEvent(QPaintEvent* /*event*/)
     paintPlate(painter, outside, Metrics::menuRadius + outlineWidth, Qt::transparent,
         theme.menuOutline, outlineWidth);
     auto top = plate_.top() + Metrics::menuPadding;
-    for (const auto* row : rows_) {
-        if (row == nullptr) {
-            const auto inset = Metrics::menuPadding + dividerInset;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const auto inset = Metrics::menuPadding + dividerInset;
+        const QRectF line(plate_.left() + inset, top, plate_.width() - 2 * inset, heightOf(i));
+        if (items_[i].text.isEmpty())
             fillSharp(painter,
-                QRectF(plate_.left() + inset, top + dividerLine, plate_.width() - 2 * inset,
-                    Metrics::separatorThickness),
+                QRectF(line.left(), top + dividerLine, line.width(), Metrics::separatorThickness),
                 theme.separator);
-        }
-        top += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
+        else if (rows_[i] == nullptr)
+            paintLine(painter, line, items_[i].text, headingStyle, theme.secondary);
+        top += heightOf(i);
     }
 }
 
@@ -268,31 +287,42 @@ void PopupMenu::place()
     setGeometry(window()->rect());
     auto width = leastWidth;
     auto height = 2 * Metrics::menuPadding;
-    for (const auto* row : rows_) {
-        height += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
-        if (row != nullptr)
-            width = std::max(width, row->neededWidth() + 2 * Metrics::menuPadding);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        height += heightOf(i);
+        if (rows_[i] != nullptr)
+            width = std::max(width, rows_[i]->neededWidth() + 2 * Metrics::menuPadding);
     }
-    const QRect button(button_->mapTo(window(), QPoint()), button_->size());
-    const auto below = button.bottom() + 1 + Metrics::menuGap;
-    const auto above = button.top() - Metrics::menuGap - height;
+    const QRect area(owner_ ? owner_->mapTo(window(), area_.topLeft()) : QPoint(), area_.size());
+    const auto gap = area.isEmpty() ? 0 : Metrics::menuGap;
+    const auto below = area.bottom() + 1 + gap;
+    const auto above = area.top() - gap - height;
     const auto fitsBelow = below + height <= this->height();
-    const auto left
-        = layoutDirection() == Qt::LeftToRight ? button.right() + 1 - width : button.left();
-    plate_ = QRect(std::clamp(left, 0, std::max(0, this->width() - width)),
+    const bool endsWithIt = qobject_cast<Button*>(owner_.data()) != nullptr;
+    const auto left = endsWithIt == (layoutDirection() == Qt::LeftToRight)
+        ? area.right() + 1 - width
+        : area.left();
+    plate_ = QRect(std::clamp(left, Metrics::menuGap,
+                       std::max(Metrics::menuGap, this->width() - width - Metrics::menuGap)),
         fitsBelow ? below : std::max(0, above), width, height);
     layOutRows();
     update();
 }
 
+int PopupMenu::heightOf(std::size_t index) const
+{
+    if (rows_[index] != nullptr)
+        return Metrics::menuRowHeight;
+    return items_[index].text.isEmpty() ? dividerHeight : headingHeight;
+}
+
 void PopupMenu::layOutRows()
 {
     auto top = plate_.top() + Metrics::menuPadding;
-    for (auto* row : rows_) {
-        if (row != nullptr)
-            row->setGeometry(plate_.left() + Metrics::menuPadding, top,
-                plate_.width() - 2 * Metrics::menuPadding, Metrics::menuRowHeight);
-        top += row == nullptr ? dividerHeight : Metrics::menuRowHeight;
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        if (rows_[i] != nullptr)
+            rows_[i]->setGeometry(plate_.left() + Metrics::menuPadding, top,
+                plate_.width() - 2 * Metrics::menuPadding, heightOf(i));
+        top += heightOf(i);
     }
 }
 
@@ -334,8 +364,7 @@ void PopupMenu::choose(int index)
         return;
     const auto action = items_[static_cast<std::size_t>(index)].action;
     dismiss();
-    if (action)
-        action();
+    action();
 }
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// The menu that a button opens.
+// The menu of a button, or of a place in a window.
 #pragma once
 
 #include "Motion.h"
@@ -17,7 +17,7 @@ namespace platform {
 
 class Button;
 
-/// A row of a menu; one without a text is a divider.
+/// A row of a menu; one without a text is a divider, one without an action a heading.
 struct MenuItem {
     QString text;
     std::optional<Symbol> symbol;
@@ -25,16 +25,21 @@ struct MenuItem {
 };
 
 /// A menu inside its window, so that it looks the same with and without a compositor and the window
-/// keeps the focus of the desktop. It opens 6 points from its button, where there is room, with the
-/// trailing edges in line. Arrow keys, Home, End, Return, Space and Escape work; a click outside,
+/// keeps the focus of the desktop. It opens 6 points from what it belongs to, where there is room.
+/// Arrow keys, Home, End, Return, Space and Escape work; a click outside,
 /// Tab, or another window closes it. It deletes itself when it is closed; the focus returns to
 /// where it was.
 class PopupMenu : public QWidget, public Tinted {
     Q_OBJECT
 public:
-    /// Shows the menu of `button`; `byKeyboard` selects the first row at once.
+    /// Shows the menu of `button`, their trailing edges in line; `byKeyboard` selects the first row
+    /// at once.
     static PopupMenu* open(
         Button& button, std::vector<MenuItem> items, const Tint& tint, bool byKeyboard = false);
+    /// Shows the menu `name` of an area of `owner`, their leading edges in line; an empty area is
+    /// the place of the pointer.
+    static PopupMenu* openAt(QWidget& owner, const QRect& area, const QString& name,
+        std::vector<MenuItem> items, const Tint& tint, bool byKeyboard = false);
     ~PopupMenu() override;
 
     void setTint(const Tint& tint) override;
@@ -56,8 +61,12 @@ protected:
 
 private:
     class Row;
-    PopupMenu(Button& button, std::vector<MenuItem> items, const Tint& tint);
+    PopupMenu(QWidget& owner, const QRect& area, const QString& name, std::vector<MenuItem> items,
+        const Tint& tint);
+    void appear(bool byKeyboard);
+    void setOpen(bool open);
     void place();
+    [[nodiscard]] int heightOf(std::size_t index) const;
     void layOutRows();
     /// The pointer is on a row, or on none. One that only rests where a row has appeared selects
     /// nothing.
@@ -66,7 +75,8 @@ private:
     void selectNext(int step);
     void choose(int index);
 
-    QPointer<Button> button_;
+    QPointer<QWidget> owner_;
+    QRect area_;
     QPointer<QWidget> focusBefore_;
     std::vector<MenuItem> items_;
     std::vector<Row*> rows_;

@@ -71,8 +71,19 @@ void TintwellModel::apply(const RGBAColor& color)
 void TintwellModel::copy(const NamedColor& color)
 {
     ColorPasteboard::write(color, services_.pasteboard);
+    tellCopied(color, color.color.hex());
+}
+
+void TintwellModel::copy(const NamedColor& color, const std::string& text)
+{
+    services_.pasteboard.write({ toPlatformColor(color.color), text });
+    tellCopied(color, text);
+}
+
+void TintwellModel::tellCopied(const NamedColor& color, const std::string& text)
+{
     store(lastCopiedID_, color.id);
-    setStatus(withHex("Copied " + color.name, color.color));
+    setStatus("Copied " + color.name + " · " + text);
     services_.scheduler.after(
         copyMarkDuration, [this, alive = std::weak_ptr(alive_), id = color.id] {
             if (!alive.expired() && lastCopiedID_ == id)
@@ -82,7 +93,12 @@ void TintwellModel::copy(const NamedColor& color)
 
 void TintwellModel::copySource()
 {
-    copy({ "source", generated_.sourceName, generated_.source, std::nullopt });
+    copy(source());
+}
+
+NamedColor TintwellModel::source() const
+{
+    return { "source", generated_.sourceName, generated_.source, std::nullopt };
 }
 
 void TintwellModel::paste()

@@ -56,7 +56,11 @@ public:
 
     void apply(const RGBAColor& color);
     void copy(const NamedColor& color);
+    /// The colour in the words of `text` instead of its hex text.
+    void copy(const NamedColor& color, const std::string& text);
     void copySource();
+    /// As what the source is copied.
+    [[nodiscard]] NamedColor source() const;
     /// Makes the colour on the pasteboard the source.
     void paste();
     /// Makes a colour that was dragged here the source.
@@ -86,6 +90,7 @@ private:
     std::optional<std::vector<RemovedPalette>> remove(
         const platform::Uuid& id, const std::string& name);
     void take(const RGBAColor& color, const std::string& verb);
+    void tellCopied(const NamedColor& color, const std::string& text);
     template <typename T, typename Value> void store(T& property, Value&& value);
     platform::Result<void> changeLibrary(PalettePersistence::Change change);
 

@@ -1,5 +1,6 @@
 #include "TintwellViewState.h"
 
+#include "ColorText.h"
 #include "OKLCH.h"
 
 #include <algorithm>
@@ -118,6 +119,12 @@ HeaderState headerState(const TintwellModel& model)
     state.canSample = !model.isSampling();
     state.copyTooltip = "Copy " + state.hex;
     return state;
+}
+
+std::vector<std::string> copyTexts(const RGBAColor& color, std::string_view id)
+{
+    return { color.hexWithAlpha(), rgbText(color), hslText(color), oklchText(color),
+        customProperty(id, color) };
 }
 
 std::vector<SectionState> studioState(const TintwellModel& model)

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tintwell {
@@ -41,6 +42,10 @@ struct HeaderState {
 };
 
 [[nodiscard]] HeaderState headerState(const TintwellModel& model);
+
+/// The texts that a colour can be copied as: hex, the functions of CSS, and the custom property of
+/// `id`.
+[[nodiscard]] std::vector<std::string> copyTexts(const RGBAColor& color, std::string_view id);
 
 /// One swatch tile. `namedColor` is what a click copies; its id is the cell's identity.
 struct CellState {

@@ -48,7 +48,7 @@ const platform::TextStyle hexStyle {
 
 CaptureHeader::CaptureHeader(TintwellModel& model)
     : model_(model)
-    , swatch_(swatch(model.generated().source, model.generated().sourceName).makeNSView().release())
+    , swatch_(record(model.generated().source, model.generated().sourceName).makeNSView().release())
     , mark_(new CopiedMark(markBox, this))
     , ring_(new platform::FocusRing(*swatch_, swatchRadius))
     , name_(new platform::FadingName(nameStyle))
@@ -63,11 +63,12 @@ CaptureHeader::CaptureHeader(TintwellModel& model)
     setLayout(platform::padded(
         platform::hstack(headerSpacing, { swatch_, platform::flexible(makeColumn()) }),
         platform::Metrics::margin, platform::Metrics::margin));
+    sample_->setToolTip(QStringLiteral("Sample a color from the screen — Ctrl+Shift+C"));
     connect(sample_, &platform::Button::clicked, this, [this] { model_.beginSampling(); });
     connect(copy_, &platform::Button::clicked, this, [this] { model_.copySource(); });
 }
 
-NativeColorSwatch CaptureHeader::swatch(const RGBAColor& color, const std::string& name) const
+NativeColorSwatch CaptureHeader::record(const RGBAColor& color, const std::string& name) const
 {
     return { color, name, swatchRadius, [this] { model_.copySource(); } };
 }
@@ -88,7 +89,7 @@ void CaptureHeader::show(const HeaderState& state, const std::optional<platform:
         return;
     const auto name = QString::fromStdString(state.name);
     const auto tooltip = QString::fromStdString(state.copyTooltip);
-    motion_.show(swatch(state.source, state.name), spring);
+    motion_.show(record(state.source, state.name), spring);
     name_->fadeTo(name, spring);
     hex_->rollTo(QString::fromStdString(state.hex), spring);
     mark_->show(state.isCopied, toQColor(state.mark));

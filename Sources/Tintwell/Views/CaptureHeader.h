@@ -26,6 +26,7 @@ public:
     explicit CaptureHeader(TintwellModel& model);
 
     void show(const HeaderState& state, const std::optional<platform::Spring>& spring);
+    [[nodiscard]] QWidget* swatch() const { return swatch_; }
     void setTint(const platform::Tint& tint) override { ring_->setColor(tint.focusRing); }
 
 protected:
@@ -36,7 +37,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    [[nodiscard]] NativeColorSwatch swatch(const RGBAColor& color, const std::string& name) const;
+    [[nodiscard]] NativeColorSwatch record(const RGBAColor& color, const std::string& name) const;
     QLayout* makeColumn();
     void setCanSample(bool canSample);
     void placeMark();

@@ -1,16 +1,19 @@
 #include "TintwellView.h"
 
 #include "Metrics.h"
+#include "PopupMenu.h"
 #include "QtColor.h"
 #include "Separator.h"
 #include "Stack.h"
 #include "ThemeSource.h"
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShortcut>
 
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -73,10 +76,16 @@ void TintwellView::addShortcuts()
 {
     const auto add = [this](const QKeySequence& keys, std::function<void()> action) {
         auto* shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, this, std::move(action));
     };
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { model_.beginSampling(); });
+    add(QKeySequence::Copy, [this] { copyFocused(); });
     add(QKeySequence::Paste, [this] { model_.paste(); });
+    add(Qt::CTRL | Qt::Key_S, [this] { model_.saveAndInstallCurrent(); });
+    add(Qt::CTRL | Qt::Key_Q, actions_.quit);
+    // The toolkit itself knows the Menu key only.
+    add(Qt::SHIFT | Qt::Key_F10, [this] { openMenuOfFocus(); });
     add(Qt::CTRL | Qt::Key_Z, [this] { model_.undo(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, [this] { model_.redo(); });
     for (std::size_t i = 0; i < allWorkspaceTabs.size(); ++i)
@@ -155,17 +164,76 @@ QWidget* TintwellView::workspace(WorkspaceTab tab)
     return nullptr;
 }
 
+const SavedPalette* TintwellView::savedPalette(const platform::Uuid& id) const
+{
+    const auto& all = model_.savedPalettes();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&id](const auto& palette) { return palette.id == id; });
+    return found != all.end() ? &*found : nullptr;
+}
+
 SavedActions TintwellView::savedActions()
 {
     const auto toPalette = [this](void (TintwellModel::*act)(const SavedPalette&)) {
         return [this, act](const platform::Uuid& id) {
-            for (const auto& palette : model_.savedPalettes())
-                if (palette.id == id)
-                    return std::invoke(act, model_, palette);
+            if (const auto* palette = savedPalette(id))
+                std::invoke(act, model_, *palette);
         };
     };
     return { toPalette(&TintwellModel::use), toPalette(&TintwellModel::install),
         toPalette(&TintwellModel::deletePalette) };
+}
+
+/// What the part of the panel that `part` lies in stands for.
+std::optional<TintwellView::CopyOffer> TintwellView::offerOf(const QWidget* part) const
+{
+    for (; part != nullptr && part != this; part = part->parentWidget()) {
+        if (part == header_)
+            return CopyOffer { model_.source(), "source" };
+        if (const auto* cell = qobject_cast<const SwatchCell*>(part))
+            return CopyOffer { cell->shown().namedColor, cell->shown().namedColor.id };
+        if (const auto* row = qobject_cast<const SavedPaletteRow*>(part))
+            if (const auto* palette = savedPalette(row->shown().id))
+                return CopyOffer { { "saved", palette->name, palette->source, {} }, "source" };
+    }
+    return std::nullopt;
+}
+
+void TintwellView::copyFocused()
+{
+    const auto* focused = window()->focusWidget();
+    const auto* cell = focused ? qobject_cast<SwatchCell*>(focused->parentWidget()) : nullptr;
+    model_.copy(cell != nullptr ? cell->shown().namedColor : model_.source());
+}
+
+void TintwellView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuOfFocus();
+    else if (const auto offer = offerOf(childAt(event->pos())))
+        openCopyMenu(*offer, *this, { event->pos(), QSize() }, /*byKeyboard=*/false);
+}
+
+void TintwellView::openMenuOfFocus()
+{
+    auto* owner = window()->focusWidget();
+    auto offer = offerOf(owner);
+    if (!offer) {
+        owner = header_->swatch();
+        offer = offerOf(owner);
+    }
+    openCopyMenu(*offer, *owner, owner->rect(), /*byKeyboard=*/true);
+}
+
+void TintwellView::openCopyMenu(
+    const CopyOffer& offer, QWidget& owner, const QRect& area, bool byKeyboard)
+{
+    const auto name = QStringLiteral("Copy as");
+    std::vector<platform::MenuItem> items { { name, {}, {} } };
+    for (const auto& text : copyTexts(offer.color.color, offer.property))
+        items.push_back({ QString::fromStdString(text), platform::Symbol::copy,
+            [this, color = offer.color, text] { model_.copy(color, text); } });
+    platform::PopupMenu::openAt(owner, area, name, std::move(items), tint_, byKeyboard);
 }
 
 /// The workspace scrolls wherever the focus is.

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace tintwell {
 
@@ -38,10 +39,25 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void addShortcuts();
     [[nodiscard]] SavedActions savedActions();
+    /// The palette of a row; none when it has just gone.
+    [[nodiscard]] const SavedPalette* savedPalette(const platform::Uuid& id) const;
+
+    /// What the context menu of a part copies.
+    struct CopyOffer {
+        NamedColor color;
+        std::string property;
+    };
+    [[nodiscard]] std::optional<CopyOffer> offerOf(const QWidget* part) const;
+    /// Copies the focused tile, else the source.
+    void copyFocused();
+    /// Opens the menu of the focused part, else of the source.
+    void openMenuOfFocus();
+    void openCopyMenu(const CopyOffer& offer, QWidget& owner, const QRect& area, bool byKeyboard);
     void show(const std::optional<platform::Spring>& spring);
     void showTint(const std::optional<platform::Spring>& spring);
     void showWorkspace(const std::optional<platform::Spring>& spring);

@@ -26,6 +26,8 @@ UtilityFooter::UtilityFooter(
     using platform::Metrics::margin;
     auto* save
         = platform::prominentButton(QStringLiteral("Save + Install"), platform::Symbol::tray);
+    save->setToolTip(QStringLiteral("Save and install this palette — Ctrl+S"));
+    menu_->setToolTip(QStringLiteral("More — Ctrl+Q quits"));
     connect(save, &platform::Button::clicked, this, [this] { model_.saveAndInstallCurrent(); });
     connect(menu_, &platform::Button::clicked, this, &UtilityFooter::openMenu);
     // A long status is cut; it never widens the panel.

@@ -96,6 +96,62 @@ TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
     EXPECT_EQ(part<platform::PopupMenu>(), nullptr);
 }
 
+TEST_F(TintwellViewTest, KeysCopyWhatHasTheFocusSaveAndQuit)
+{
+    constexpr auto ctrl = Qt::ControlModifier;
+    QTest::keyClick(view_.get(), Qt::Key_C, ctrl);
+    EXPECT_EQ(model_->status(), "Copied Violet · #6E56CF");
+    tile("complementary.1")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, ctrl);
+    EXPECT_EQ(model_->status(), "Copied Complement · #767300");
+    QTest::keyClick(view_.get(), Qt::Key_S, ctrl);
+    EXPECT_EQ(model_->savedPalettes().size(), 1U);
+    EXPECT_EQ(quits_, 0);
+    QTest::keyClick(view_.get(), Qt::Key_Q, ctrl);
+    EXPECT_EQ(quits_, 1);
+}
+
+TEST_F(TintwellViewTest, EveryColorIsCopiedInTheWordsOfTheMenu)
+{
+    struct Case {
+        WorkspaceTab tab;
+        std::function<QWidget*()> part;
+        int row; ///< Below the heading.
+        const char* status; ///< The text that is copied stands behind the dot.
+    };
+    using enum WorkspaceTab;
+    const std::vector<Case> cases {
+        { studio, [&] { return tile("complementary.1"); }, 0, "Copied Complement · #767300" },
+        { studio, [&] { return tile("tone.950"); }, 4,
+            "Copied 950 · --tintwell-tone-950: #0C0228;" },
+        { themes, [&] { return sourceSwatch(); }, 1, "Copied Violet · rgb(110 86 207)" },
+        { saved, [&] { return button("Use"); }, 2, "Copied Red · hsl(358.1 75.1% 59%)" },
+        { saved, [&] { return part<SavedPaletteRow>(); }, 4,
+            "Copied Red · --tintwell-source: #E5484D;" },
+        { studio, [&] { return button("More"); }, 3, "Copied Violet · oklch(54.17% 0.179 288.03)" },
+    };
+    openOn({ palette(1, "Red") });
+    for (const auto& [tab, part, row, status] : cases) {
+        choose(tab);
+        part()->setFocus();
+        const bool byKeyboard = part()->hasFocus();
+        const auto at = part()->rect().center();
+        QContextMenuEvent asked(byKeyboard ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse,
+            at, part()->mapToGlobal(at));
+        QApplication::sendEvent(part(), &asked);
+        auto* menu = window_->findChild<platform::PopupMenu*>();
+        ASSERT_NE(menu, nullptr) << status;
+        EXPECT_EQ(menu->selected(), byKeyboard ? 1 : -1) << status;
+        QTest::mouseClick(menu->findChildren<QAbstractButton*>().at(row), Qt::LeftButton);
+        settle();
+        EXPECT_EQ(model_->status(), status);
+        const auto text = std::string(status).substr(model_->status().find("· ") + 3);
+        EXPECT_EQ(desktop_->pasteboard.contents.back().text, text);
+    }
+    QTest::keyClick(view_.get(), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_NE(window_->findChild<platform::PopupMenu*>(), nullptr);
+}
+
 TEST_F(TintwellViewTest, SamplingTakesTheButtonAndTheShortcutUntilItEnds)
 {
     const auto pressShortcut = [&] {
