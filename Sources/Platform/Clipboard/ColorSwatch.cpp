@@ -46,6 +46,8 @@ public:
     {
         if (kind == QAccessible::Value)
             return hex();
+        if (kind == QAccessible::Description)
+            return view().readDescription();
         return QAccessibleWidget::text(kind == QAccessible::Help ? QAccessible::Description : kind);
     }
 
@@ -108,8 +110,17 @@ ColorSwatch::ColorSwatch(
 
 void ColorSwatch::setColor(const QColor& color)
 {
+    if (color == color_)
+        return;
     color_ = color;
+    readMark_.tell(*this, QAccessible::DescriptionChanged);
     update();
+}
+
+QString ColorSwatch::readDescription()
+{
+    readMark_.setRead();
+    return description();
 }
 
 void ColorSwatch::setPaintedColor(const QColor& color)

@@ -1,6 +1,8 @@
 // The swatch that gives its colour away: by click, by key, and by drag.
 #pragma once
 
+#include "Accessibility.h"
+
 #include <QColor>
 #include <QPointF>
 #include <QWidget>
@@ -35,7 +37,13 @@ public:
     /// Does what a click does.
     void press();
 
+    /// The description for a reader, which is then told when the colour changes.
+    [[nodiscard]] QString readDescription();
+
 protected:
+    /// Worked out whenever it is asked for.
+    [[nodiscard]] virtual QString description() const { return accessibleDescription(); }
+
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -50,6 +58,7 @@ private:
     QColor color_;
     std::optional<QColor> paintedColor_;
     double cornerRadius_;
+    ReadMark readMark_;
     std::function<void()> onClick_;
     /// Where the current press began, in the view's coordinates; nothing when none is tracked.
     std::optional<QPointF> mouseDownLocation_;

@@ -1,8 +1,11 @@
 #include "Accessibility.h"
 
 #include "Button.h"
+#include "Label.h"
 
 #include <QAccessibleWidget>
+
+#include <utility>
 
 namespace platform {
 
@@ -57,6 +60,34 @@ public:
     }
 };
 
+/// A widget in a role of its own. One that hands the focus on neither has nor takes it.
+class WidgetInRole : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        if (widget()->focusProxy() != nullptr)
+            state.focusable = state.focused = false;
+        return state;
+    }
+};
+
+class LabelInRole : public QAccessibleWidget {
+public:
+    LabelInRole(Label& label, QAccessible::Role role)
+        : QAccessibleWidget(&label, role)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text which) const override
+    {
+        return which == QAccessible::Name ? static_cast<Label*>(widget())->readText()
+                                          : QAccessibleWidget::text(which);
+    }
+};
+
 class AdjustableWidget : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     AdjustableWidget(QWidget& widget, Adjustable& adjustable)
@@ -103,7 +134,9 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
             return new HiddenFromReaders(widget);
         if (auto* button = qobject_cast<QAbstractButton*>(object))
             return new ButtonInRole(*button, role);
-        return new QAccessibleWidget(widget, role);
+        if (auto* label = qobject_cast<Label*>(object))
+            return new LabelInRole(*label, role);
+        return new WidgetInRole(widget, role);
     }
     if (auto* adjustable = dynamic_cast<Adjustable*>(widget))
         return new AdjustableWidget(*widget, *adjustable);
@@ -112,6 +145,22 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 }
 
 } // namespace
+
+void ReadMark::tell(QWidget& widget, QAccessible::Event change)
+{
+    if (!std::exchange(isRead_, false))
+        return;
+    QAccessibleEvent event(&widget, change);
+    QAccessible::updateAccessibility(&event);
+}
+
+void setAccessibleTexts(QWidget& widget, const QString& name, const QString& description)
+{
+    if (widget.accessibleName() != name)
+        widget.setAccessibleName(name);
+    if (widget.accessibleDescription() != description)
+        widget.setAccessibleDescription(description);
+}
 
 void installAccessibility()
 {

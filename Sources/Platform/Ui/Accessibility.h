@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 
+class QString;
 class QWidget;
 
 namespace platform {
@@ -15,6 +16,21 @@ public:
     [[nodiscard]] virtual double adjustedValue() const = 0;
     virtual void adjustTo(double value) = 0;
 };
+
+/// Whether a reader knows a text that is worked out when it asks. What none has read cannot be out
+/// of date, so nobody is told that it changed: readers drop what comes in a flood.
+class ReadMark {
+public:
+    void setRead() { isRead_ = true; }
+    /// Tells readers of a change, `NameChanged` or `DescriptionChanged`, if they know the old text.
+    void tell(QWidget& widget, QAccessible::Event change);
+
+private:
+    bool isRead_ = false;
+};
+
+/// Sets those texts that differ; the toolkit would announce each as a change.
+void setAccessibleTexts(QWidget& widget, const QString& name, const QString& description);
 
 /// Makes the kit's widgets known to readers; the first call counts. Adjustable widgets call it
 /// when they are made.

@@ -1,6 +1,5 @@
 #include "Label.h"
 
-#include "Accessibility.h"
 #include "TextPainting.h"
 
 #include <QFontMetricsF>
@@ -32,10 +31,16 @@ void Label::setText(const QString& text)
         return;
     text_ = text;
     textWidth_ = QFontMetricsF(font_).horizontalAdvance(text_);
-    setAccessibleName(text_);
+    readMark_.tell(*this, QAccessible::NameChanged);
     wrap();
     updateGeometry();
     update();
+}
+
+const QString& Label::readText()
+{
+    readMark_.setRead();
+    return text_;
 }
 
 void Label::setAlignment(Qt::Alignment horizontal)

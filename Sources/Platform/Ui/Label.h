@@ -1,6 +1,7 @@
 // Text: one line with a fixed height, or a few wrapped ones.
 #pragma once
 
+#include "Accessibility.h"
 #include "Fonts.h"
 #include "ThemeSource.h"
 
@@ -19,6 +20,8 @@ public:
 
     [[nodiscard]] const QString& text() const { return text_; }
     void setText(const QString& text);
+    /// The text for a reader, which is then told when it changes.
+    [[nodiscard]] const QString& readText();
     void setAlignment(Qt::Alignment horizontal);
     /// Wraps at this width instead of cutting; the label is then as high as its lines.
     void setWrapWidth(int points);
@@ -48,6 +51,7 @@ private:
     QColor Theme::*color_;
     Qt::Alignment alignment_ = Qt::AlignLeading;
     QString text_;
+    ReadMark readMark_;
     double textWidth_ = 0;
     int wrapWidth_ = 0;
     QStringList lines_;

@@ -1,6 +1,7 @@
 #include "CaptureHeader.h"
 
 #include "BrandMark.h"
+#include "Accessibility.h"
 #include "ColorMimeData.h"
 #include "MacColorIntegration.h"
 #include "Metrics.h"
@@ -96,7 +97,7 @@ void CaptureHeader::show(const HeaderState& state, const std::optional<platform:
     sample_->setTitle(QString::fromStdString(state.sampleTitle));
     setCanSample(state.canSample);
     copy_->setToolTip(tooltip);
-    copy_->setAccessibleName(tooltip);
+    platform::setAccessibleTexts(*copy_, tooltip, {});
     shown_ = state;
     placeMark();
 }

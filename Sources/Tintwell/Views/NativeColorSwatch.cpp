@@ -1,6 +1,7 @@
 #include "NativeColorSwatch.h"
 
 #include "QtColor.h"
+#include "ToolkitColor.h"
 
 namespace tintwell {
 
@@ -24,8 +25,16 @@ void DraggableColorView::setLabel(const std::string& label)
     label_ = label;
     const auto text = QString::fromStdString(label);
     setToolTip(text + QString::fromUtf8(tooltipSuffix));
-    setAccessibleName(text);
-    setAccessibleDescription(QString::fromUtf8(help));
+    platform::setAccessibleTexts(*this, text, QString::fromUtf8(help));
+}
+
+/// Many names stand in more than one place, and readers say no other text of a button.
+QString DraggableColorView::description() const
+{
+    auto text = platform::hexText(color());
+    if (!place_.isEmpty())
+        text += QStringLiteral(", ") + place_;
+    return text + QStringLiteral(". ") + accessibleDescription();
 }
 
 bool DraggableColorView::accessibilityPerformPress()

@@ -20,11 +20,18 @@ public:
     [[nodiscard]] const std::string& label() const { return label_; }
     void setLabel(const std::string& label);
 
+    /// Where the colour stands, such as its section: readers say it after the hex text.
+    void setPlace(const QString& place) { place_ = place; }
+
     /// Does what a click does; always handled.
     bool accessibilityPerformPress();
 
+protected:
+    [[nodiscard]] QString description() const override;
+
 private:
     std::string label_;
+    QString place_;
 };
 
 /// What one hosted swatch shows, from which its view is made and brought up to date.

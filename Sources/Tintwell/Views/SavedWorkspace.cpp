@@ -1,5 +1,6 @@
 #include "SavedWorkspace.h"
 
+#include "Accessibility.h"
 #include "Fonts.h"
 #include "Metrics.h"
 #include "QtColor.h"
@@ -122,6 +123,7 @@ SavedPaletteRow::SavedPaletteRow(const SavedActions& actions, QWidget* parent)
     , strip_(new ColorStrip(this))
     , separator_(new platform::Separator(margin, 0, this))
 {
+    platform::setAccessibleRole(*this, QAccessible::ListItem);
     for (auto* button : { use_, install_, delete_ }) {
         button->setParent(this);
         button->resize(button->sizeHint());
@@ -147,7 +149,8 @@ void SavedPaletteRow::show(const SavedRowState& state)
     strip_->show(state.strip);
     // Rows look alike to who cannot see them: say which palette a button is for.
     for (auto* button : { use_, install_, delete_ })
-        button->setAccessibleDescription(name);
+        platform::setAccessibleTexts(*button, button->accessibleName(), name);
+    platform::setAccessibleTexts(*this, name, {});
     shown_ = state;
 }
 

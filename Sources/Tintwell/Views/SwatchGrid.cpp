@@ -1,10 +1,7 @@
 #include "SwatchGrid.h"
 
+#include "Accessibility.h"
 #include "QtColor.h"
-#include "TextPainting.h"
-#include "ThemeSource.h"
-
-#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -46,13 +43,15 @@ SwatchCell::SwatchCell(const CellState& state, CopyColor copy, QWidget* parent)
     , shown_(state)
     , copy_(std::move(copy))
     , tile_(swatch().makeNSView().release())
+    , name_(new platform::Label(styleOf(state.compact).name, &platform::Theme::text, {}, this))
+    , hex_(new platform::Label(hexStyle, &platform::Theme::tertiary, {}, this))
     , mark_(new CopiedMark(markSize, this))
     , ring_(new platform::FocusRing(*tile_, styleOf(state.compact).cornerRadius))
     , motion_(*tile_)
 {
     tile_->setParent(this);
     mark_->raise();
-    mark_->show(state.isCopied, toQColor(state.mark));
+    showTexts();
 }
 
 NativeColorSwatch SwatchCell::swatch() const
@@ -74,38 +73,32 @@ void SwatchCell::show(const CellState& state, const std::optional<platform::Spri
         return;
     shown_ = state;
     motion_.show(swatch(), spring);
-    mark_->show(state.isCopied, toQColor(state.mark));
-    update();
+    showTexts();
 }
 
-void SwatchCell::layOut()
+void SwatchCell::showTexts()
 {
-    const QRect tile(0, 0, width(), styleOf(shown_.compact).tileHeight);
-    tile_->setGeometry(tile);
-    mark_->setGeometry(tile);
+    name_->setText(QString::fromStdString(shown_.namedColor.name));
+    hex_->setText(QString::fromStdString(shown_.hex));
+    mark_->show(shown_.isCopied, toQColor(shown_.mark));
 }
 
 void SwatchCell::resizeEvent(QResizeEvent*)
 {
-    layOut();
-}
-
-void SwatchCell::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
     const auto& style = styleOf(shown_.compact);
-    const auto& theme = platform::currentTheme();
-    double y = style.tileHeight + cellSpacing;
-    platform::paintLine(painter, QRectF(0, y, width(), style.name.lineHeight),
-        QString::fromStdString(shown_.namedColor.name), style.name, theme.text);
-    y += style.name.lineHeight + cellSpacing;
-    platform::paintLine(painter, QRectF(0, y, width(), platform::lineHeightOf(hexStyle)),
-        QString::fromStdString(shown_.hex), hexStyle, theme.tertiary);
+    const QRect tile(0, 0, width(), style.tileHeight);
+    tile_->setGeometry(tile);
+    mark_->setGeometry(tile);
+    const int nameTop = style.tileHeight + cellSpacing;
+    name_->setGeometry(0, nameTop, width(), style.name.lineHeight);
+    hex_->setGeometry(0, nameTop + style.name.lineHeight + cellSpacing, width(),
+        platform::lineHeightOf(hexStyle));
 }
 
 SwatchGrid::SwatchGrid(CopyColor copy)
     : copy_(std::move(copy))
 {
+    platform::setAccessibleRole(*this, QAccessible::Grouping);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -127,6 +120,10 @@ void SwatchGrid::show(const SectionState& state, const std::optional<platform::S
         cells_.push_back(*kept);
         *kept = nullptr;
     }
+    const auto title = QString::fromStdString(state.title);
+    platform::setAccessibleTexts(*this, title, {});
+    for (auto* cell : cells_)
+        cell->tile()->setPlace(title);
     // A cell may be on the stack of the click that made it go.
     for (auto* gone : old)
         if (gone)

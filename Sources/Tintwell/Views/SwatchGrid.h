@@ -4,6 +4,7 @@
 #include "Animation.h"
 #include "CopiedMark.h"
 #include "FocusRing.h"
+#include "Label.h"
 #include "NativeColorSwatch.h"
 #include "SwatchMotion.h"
 #include "Tint.h"
@@ -35,16 +36,17 @@ public:
     [[nodiscard]] static int heightOf(bool compact);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] NativeColorSwatch swatch() const;
-    void layOut();
+    void showTexts();
 
     CellState shown_;
     CopyColor copy_;
     DraggableColorView* tile_;
+    platform::Label* name_;
+    platform::Label* hex_;
     CopiedMark* mark_;
     platform::FocusRing* ring_;
     SwatchMotion motion_;

@@ -1,5 +1,6 @@
 #include "SwatchWorkspaces.h"
 
+#include "Accessibility.h"
 #include "Metrics.h"
 #include "Separator.h"
 #include "Stack.h"
@@ -26,6 +27,7 @@ SectionHeading::SectionHeading()
     : title_(new platform::Label(titleStyle))
     , subtitle_(new platform::Label(subtitleStyle, &platform::Theme::secondary))
 {
+    platform::setAccessibleRole(*title_, QAccessible::Heading);
     setLayout(platform::vstack(headingSpacing, { title_, subtitle_ }, {}));
 }
 

@@ -108,7 +108,8 @@ class Panel(unittest.TestCase):
                 if showing(node) and self.state(node, pyatspi.STATE_FOCUSABLE):
                     self.assertTrue(node.name, f"a {node.getRoleName()} without a name in {tab}")
         swatch = self.button("Complement")
-        self.assertEqual((swatch.queryText().getText(0, -1), swatch.description), ("#767300", HELP))
+        self.assertEqual((swatch.queryText().getText(0, -1), swatch.description),
+                         ("#767300", f"#767300, Complementary. {HELP}"))
 
     def test_3_save_use_install_delete(self):
         self.choose("Saved")

@@ -183,10 +183,12 @@ TEST_F(Swatch, IsAButtonToAssistiveTechnology)
     EXPECT_EQ(button->role(), QAccessible::Button);
     EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Violet"));
     EXPECT_EQ(button->text(QAccessible::Value), QStringLiteral("#FF8040"));
-    for (const auto kind : { QAccessible::Description, QAccessible::Help })
-        EXPECT_EQ(button->text(kind),
-            QStringLiteral("Click to copy this color, or drag it into a compatible color "
-                           "control."));
+    const auto help = QStringLiteral(
+        "Click to copy this color, or drag it into a compatible color control.");
+    EXPECT_EQ(button->text(QAccessible::Help), help);
+    EXPECT_EQ(button->text(QAccessible::Description), QStringLiteral("#FF8040. ") + help);
+    view_->setPlace(QStringLiteral("Tones"));
+    EXPECT_EQ(button->text(QAccessible::Description), QStringLiteral("#FF8040, Tones. ") + help);
     ASSERT_NE(button->textInterface(), nullptr);
     EXPECT_EQ(button->textInterface()->text(1, 3), QStringLiteral("FF"));
     auto* const actions = button->actionInterface();
