@@ -67,46 +67,20 @@ std::string unreadableSuffix(Timestamp now)
 
 } // namespace
 
-struct PalettePersistence::Memory {
-    std::function<Timestamp()> now;
-    /// The state of the file that this store last read or wrote; nothing when that was no library.
-    std::optional<FileStamp> stamp;
-};
-
-struct PalettePersistence::Edit::State {
-    State(path file, std::shared_ptr<Memory> storeMemory, FileLock held)
-        : url(std::move(file))
-        , memory(std::move(storeMemory))
-        , lock(std::move(held))
-    {
-    }
-
-    path url;
-    std::shared_ptr<Memory> memory;
+/// What is in the file while its lock is held.
+struct PalettePersistence::Edit {
     FileLock lock;
-    std::optional<Library> changedElsewhere;
+    /// Nothing when nobody else wrote it since, when there is no file any more (what the store
+    /// knows is then all there is), or when it cannot be read.
+    std::optional<Library> changedElsewhere {};
+    /// It has to be moved aside before anything is written in its place.
     bool isUnreadable = false;
-
-    void lookAtFile()
-    {
-        const auto current = platform::stampOf(url);
-        if (!current || current == memory->stamp)
-            return;
-        FileStamp stamp;
-        auto library = readLibrary(url, stamp);
-        std::error_code ignored;
-        if (library)
-            changedElsewhere = std::move(library).value();
-        else
-            isUnreadable = std::filesystem::is_regular_file(url, ignored);
-    }
 };
 
 PalettePersistence::PalettePersistence(path url, std::function<Timestamp()> now)
     : file_(std::move(url))
-    , memory_(std::make_shared<Memory>())
+    , now_(std::move(now))
 {
-    memory_->now = now ? std::move(now) : platform::currentTime;
 }
 
 path PalettePersistence::defaultURL(const platform::Directories& directories)
@@ -118,49 +92,56 @@ path PalettePersistence::defaultURL(const platform::Directories& directories)
 
 Result<Library> PalettePersistence::load()
 {
-    memory_->stamp.reset();
+    stamp_.reset();
     std::error_code ignored;
     if (std::filesystem::status(file_, ignored).type() == std::filesystem::file_type::not_found)
         return Library {};
     FileStamp stamp;
     auto library = readLibrary(file_, stamp);
     if (library)
-        memory_->stamp = stamp;
+        stamp_ = stamp;
     return library;
 }
 
 std::optional<Library> PalettePersistence::takeUpChange()
 {
     const auto current = platform::stampOf(file_);
-    if (!current || current == memory_->stamp)
+    if (!current || current == stamp_)
         return std::nullopt;
     FileStamp stamp;
     auto library = readLibrary(file_, stamp);
     if (!library)
         return std::nullopt;
-    memory_->stamp = stamp;
+    stamp_ = stamp;
     return std::move(library).value();
 }
 
-Result<void> PalettePersistence::save(const Library& palettes)
-{
-    auto edit = beginEdit();
-    if (!edit)
-        return edit.error();
-    edit.value().state_->changedElsewhere.reset();
-    return edit.value().save(palettes);
-}
-
-Result<PalettePersistence::Edit> PalettePersistence::beginEdit(std::chrono::milliseconds patience)
+Result<PalettePersistence::Edit> PalettePersistence::beginEdit(
+    std::chrono::milliseconds patience) const
 {
     if (auto created = platform::createFolders(file_.parent_path()); !created)
         return created.error();
     auto lock = FileLock::acquire(platform::followSymlinks(file_), patience);
     if (!lock)
         return lock.error();
-    auto state = std::make_unique<Edit::State>(file_, memory_, std::move(lock).value());
-    state->lookAtFile();
-    return Edit(std::move(state));
+    Edit edit { std::move(lock).value() };
+    const auto current = platform::stampOf(file_);
+    if (!current || current == stamp_)
+        return edit;
+    FileStamp stamp;
+    auto library = readLibrary(file_, stamp);
+    std::error_code ignored;
+    if (library)
+        edit.changedElsewhere = std::move(library).value();
+    else
+        edit.isUnreadable = std::filesystem::is_regular_file(file_, ignored);
+    return edit;
+}
+
+Result<void> PalettePersistence::save(const Library& palettes)
+{
+    const auto edit = beginEdit(usualPatience);
+    return edit ? write(palettes, edit.value()) : edit.error();
 }
 
 Result<void> PalettePersistence::apply(const Change& change, Library& palettes)
@@ -168,14 +149,14 @@ Result<void> PalettePersistence::apply(const Change& change, Library& palettes)
     auto edit = beginEdit(change.patience);
     if (!edit)
         return edit.error();
-    if (auto& others = edit.value().state_->changedElsewhere) {
+    if (auto& others = edit.value().changedElsewhere) {
         change.willChange();
         palettes = std::move(*others);
     }
     change.willChange();
     if (auto made = change.make(palettes); !made)
         return made;
-    auto saved = edit.value().save(palettes);
+    auto saved = write(palettes, edit.value());
     if (!saved) {
         change.willChange();
         change.takeBack(palettes);
@@ -183,43 +164,25 @@ Result<void> PalettePersistence::apply(const Change& change, Library& palettes)
     return saved;
 }
 
-PalettePersistence::Edit::Edit(std::unique_ptr<State> state)
-    : state_(std::move(state))
+Result<void> PalettePersistence::write(const Library& palettes, const Edit& edit)
 {
-}
-
-PalettePersistence::Edit::Edit(Edit&&) noexcept = default;
-PalettePersistence::Edit& PalettePersistence::Edit::operator=(Edit&&) noexcept = default;
-PalettePersistence::Edit::~Edit() = default;
-
-const std::optional<Library>& PalettePersistence::Edit::changedElsewhere() const
-{
-    return state_->changedElsewhere;
-}
-
-Result<void> PalettePersistence::Edit::save(const Library& palettes)
-{
-    const auto json = encodeLibrary(state_->url, palettes, platform::stampOf(state_->url));
+    const auto json = encodeLibrary(file_, palettes, platform::stampOf(file_));
     if (!json)
         return json.error();
     path aside;
-    if (state_->isUnreadable) {
-        auto moved = platform::moveAside(state_->url, unreadableSuffix(state_->memory->now()));
+    if (edit.isUnreadable) {
+        auto moved = platform::moveAside(file_, unreadableSuffix(now_()));
         if (!moved)
             return moved.error();
         aside = std::move(moved).value();
     }
     FileStamp stamp;
-    auto written = platform::writeFileAtomically(state_->url, json.value(), &stamp);
-    if (!written) {
-        std::error_code ignored;
-        if (!aside.empty())
-            std::filesystem::rename(aside, platform::followSymlinks(state_->url), ignored);
-        return written;
-    }
-    state_->memory->stamp = stamp;
-    state_->changedElsewhere.reset();
-    state_->isUnreadable = false;
+    auto written = platform::writeFileAtomically(file_, json.value(), &stamp);
+    std::error_code ignored;
+    if (written)
+        stamp_ = stamp;
+    else if (!aside.empty())
+        std::filesystem::rename(aside, platform::followSymlinks(file_), ignored);
     return written;
 }
 

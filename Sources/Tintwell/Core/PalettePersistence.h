@@ -1,6 +1,7 @@
 // The saved-palette store: the user's library in one JSON file, replaced whole and never lost.
 #pragma once
 
+#include "AtomicFile.h"
 #include "Directories.h"
 #include "PaletteModels.h"
 #include "Result.h"
@@ -8,7 +9,6 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -21,9 +21,9 @@ class PalettePersistence {
 public:
     static constexpr std::chrono::seconds usualPatience { 10 };
 
-    /// `now` dates a file that has to be moved aside; without one it is the system's clock.
-    explicit PalettePersistence(
-        std::filesystem::path url, std::function<platform::Timestamp()> now = {});
+    /// `now` dates a file that has to be moved aside.
+    explicit PalettePersistence(std::filesystem::path url,
+        std::function<platform::Timestamp()> now = platform::currentTime);
 
     [[nodiscard]] const std::filesystem::path& url() const { return file_; }
 
@@ -46,35 +46,6 @@ public:
     /// an error the old file is as it was and no temporary file is left.
     [[nodiscard]] platform::Result<void> save(const std::vector<SavedPalette>& palettes);
 
-    /// One change of the library under the file's lock, which is held until this goes.
-    class Edit {
-    public:
-        Edit(Edit&&) noexcept;
-        Edit& operator=(Edit&&) noexcept;
-        ~Edit();
-
-        /// The list in the file when somebody else wrote it since this store last read or wrote it;
-        /// nothing when the store is up to date, when there is no file any more (what the store
-        /// knows is then all there is), or when the file cannot be read (`save` will then move it
-        /// aside).
-        [[nodiscard]] const std::optional<std::vector<SavedPalette>>& changedElsewhere() const;
-
-        /// As `PalettePersistence::save`, under the lock that is already held.
-        [[nodiscard]] platform::Result<void> save(const std::vector<SavedPalette>& palettes);
-
-    private:
-        friend class PalettePersistence;
-        struct State;
-        explicit Edit(std::unique_ptr<State> state);
-        std::unique_ptr<State> state_;
-    };
-
-    /// Waits for the lock and opens an edit; keep it only for as long as the change takes. Fails
-    /// when the folder or the lock file cannot be made, or when somebody holds the lock for longer
-    /// than `patience`.
-    [[nodiscard]] platform::Result<Edit> beginEdit(
-        std::chrono::milliseconds patience = usualPatience);
-
     /// One change of a list of palettes.
     struct Change {
         /// May refuse, and then leaves the list as it is.
@@ -92,9 +63,15 @@ public:
         const Change& change, std::vector<SavedPalette>& palettes);
 
 private:
-    struct Memory;
+    struct Edit;
+    [[nodiscard]] platform::Result<Edit> beginEdit(std::chrono::milliseconds patience) const;
+    [[nodiscard]] platform::Result<void> write(
+        const std::vector<SavedPalette>& palettes, const Edit& edit);
+
     std::filesystem::path file_;
-    std::shared_ptr<Memory> memory_;
+    std::function<platform::Timestamp()> now_;
+    /// The state of the file that this store last read or wrote; nothing when that was no library.
+    std::optional<platform::FileStamp> stamp_;
 };
 
 } // namespace tintwell

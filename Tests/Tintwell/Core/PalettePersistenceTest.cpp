@@ -77,13 +77,19 @@ Library loaded(const fs::path& file)
 /// What every writer of a shared library does: its one change, applied to what is in the file.
 bool insertPalette(PalettePersistence& store, Library& library, SavedPalette palette)
 {
-    auto edit = store.beginEdit();
-    if (!edit)
-        return false;
-    if (const auto& changed = edit.value().changedElsewhere())
-        library = *changed;
-    library.insert(library.begin(), std::move(palette));
-    return edit.value().save(library).hasValue();
+    const auto insert = [&](Library& palettes) {
+        palettes.insert(palettes.begin(), std::move(palette));
+        return platform::Result<void>();
+    };
+    return store.apply({ .make = insert }, library).hasValue();
+}
+
+/// What a change of `known` would begin with; it is refused.
+Library seenBy(PalettePersistence& store, Library known)
+{
+    const auto refuse = [](Library&) -> platform::Result<void> { return platform::Error {}; };
+    EXPECT_FALSE(store.apply({ .make = refuse }, known));
+    return known;
 }
 
 /// Starts a process that runs `body` and ends with 0 if it returns true.
@@ -206,14 +212,14 @@ TEST(PalettePersistence, TellsWhatOthersWroteOnlyOnce)
     ASSERT_TRUE(insertPalette(second, secondList, named("b")));
     ASSERT_TRUE(insertPalette(first, firstList, named("c")));
     EXPECT_EQ(namesIn(loaded(file)), (Names { "c", "b", "a" }));
-    EXPECT_EQ(first.beginEdit().value().changedElsewhere(), std::nullopt);
-    EXPECT_EQ(second.beginEdit().value().changedElsewhere(), firstList);
+    EXPECT_EQ(seenBy(first, {}), Library {});
+    EXPECT_EQ(seenBy(second, {}), firstList);
     // Looking alone does not count as having read it.
-    EXPECT_EQ(second.beginEdit().value().changedElsewhere(), firstList);
+    EXPECT_EQ(seenBy(second, {}), firstList);
 
     // What the store knows is all there is once the file is gone.
     fs::remove(file);
-    EXPECT_EQ(first.beginEdit().value().changedElsewhere(), std::nullopt);
+    EXPECT_EQ(seenBy(second, secondList), secondList);
 }
 
 TEST(PalettePersistence, KeepsALinkToALibraryElsewhere)
