@@ -46,9 +46,8 @@ Stage::Stage(const std::string& source, const std::vector<SavedPalette>& library
               [this] { return std::exchange(time_, time_ + 62h + 17min); },
               platform::Uuid::random }))
 {
-    const auto dates = std::make_shared<platform::DateText>("en_US", "UTC");
-    view_ = std::make_unique<TintwellView>(*model_,
-        ViewActions { [] {}, [] {}, [dates](platform::Timestamp time) { return (*dates)(time); } });
+    view_ = std::make_unique<TintwellView>(
+        *model_, ViewActions { [] {}, [] {}, platform::DateText("en_US", "UTC") });
     view_->QWidget::show();
     view_->activateWindow();
     settle();

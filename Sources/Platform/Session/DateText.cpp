@@ -40,42 +40,27 @@ std::string icuLocale(std::string_view name)
     return plain == "C" || plain == "POSIX" || !isLocaleName(plain) ? "en_US" : std::string(plain);
 }
 
-std::u16string toUtf16(const std::string& ascii)
-{
-    return { ascii.begin(), ascii.end() };
-}
-
 } // namespace
 
 struct DateText::Format {
-    UDateFormat* handle = nullptr;
+    std::string locale;
+    std::u16string timeZone;
+    icu::LocalUDateFormatPointer handle {};
 
-    Format(const std::string& locale, const std::string& timeZone)
+    void open()
     {
-        const auto zone = toUtf16(timeZone);
         auto status = U_ZERO_ERROR;
-        handle = udat_open(UDAT_SHORT, UDAT_MEDIUM, icuLocale(locale).c_str(),
-            zone.empty() ? nullptr : zone.c_str(), static_cast<int32_t>(zone.size()), nullptr, 0,
-            &status);
+        handle.adoptInstead(udat_open(UDAT_SHORT, UDAT_MEDIUM, locale.c_str(),
+            timeZone.empty() ? nullptr : timeZone.c_str(), static_cast<int32_t>(timeZone.size()),
+            nullptr, 0, &status));
     }
-    ~Format()
-    {
-        if (handle)
-            udat_close(handle);
-    }
-    Format(const Format&) = delete;
-    Format& operator=(const Format&) = delete;
 };
 
-DateText::DateText(std::string locale, std::string timeZone)
-    : locale_(std::move(locale))
-    , timeZone_(std::move(timeZone))
+DateText::DateText(const std::string& locale, const std::string& timeZone)
+    : format_(std::make_shared<Format>(
+        Format { icuLocale(locale), std::u16string(timeZone.begin(), timeZone.end()) }))
 {
 }
-
-DateText::~DateText() = default;
-DateText::DateText(DateText&&) noexcept = default;
-DateText& DateText::operator=(DateText&&) noexcept = default;
 
 std::string DateText::userLocale()
 {
@@ -89,14 +74,15 @@ std::string DateText::userLocale()
 
 std::string DateText::operator()(Timestamp time) const
 {
-    if (!format_)
-        format_ = std::make_unique<Format>(locale_, timeZone_);
+    auto& handle = format_->handle;
+    if (handle.isNull())
+        format_->open();
     std::array<UChar, 128> text {};
     auto status = U_ZERO_ERROR;
     const auto milliseconds = static_cast<UDate>(time.time_since_epoch().count());
-    const auto length = format_->handle ? udat_format(format_->handle, milliseconds, text.data(),
+    const auto length = handle.isValid() ? udat_format(handle.getAlias(), milliseconds, text.data(),
                             static_cast<int32_t>(text.size()), nullptr, &status)
-                                        : 0;
+                                         : 0;
     std::array<char, 3 * text.size() + 1> utf8 {};
     int32_t bytes = 0;
     if (length > 0 && U_SUCCESS(status))

@@ -8,16 +8,13 @@
 
 namespace platform {
 
-/// Formats moments in one locale and time zone. Keep one: its first text opens the locale's data,
-/// which costs several hundred times what a text costs, and some megabytes.
+/// Formats moments in one locale and time zone. Keep one, or copies of one: its first text opens
+/// the locale's data, which costs several hundred times what a text costs, and some megabytes.
 class DateText {
 public:
     /// `locale` as in the environment ("de_DE.UTF-8"), English when it names none; an empty
     /// `timeZone` is the user's own.
-    explicit DateText(std::string locale, std::string timeZone = {});
-    ~DateText();
-    DateText(DateText&&) noexcept;
-    DateText& operator=(DateText&&) noexcept;
+    explicit DateText(const std::string& locale, const std::string& timeZone = {});
 
     /// The locale that the user set for dates: $LC_ALL, $LC_TIME or $LANG.
     [[nodiscard]] static std::string userLocale();
@@ -28,9 +25,7 @@ public:
 
 private:
     struct Format;
-    std::string locale_;
-    std::string timeZone_;
-    mutable std::unique_ptr<Format> format_;
+    std::shared_ptr<Format> format_;
 };
 
 } // namespace platform

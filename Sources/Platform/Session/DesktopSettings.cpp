@@ -19,17 +19,9 @@ const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
 const auto globalsGroup = QStringLiteral("org.kde.kdeglobals.KDE");
 
-std::optional<QVariant> setting(
-    const SettingGroups& groups, const QString& group, const QString& key)
-{
-    const auto value = groups.value(group).value(key);
-    return value.isValid() ? std::optional(value) : std::nullopt;
-}
-
 std::optional<Appearance> appearanceIn(const SettingGroups& groups)
 {
-    const auto scheme = setting(groups, appearanceGroup, QStringLiteral("color-scheme"));
-    switch (scheme.value_or(0).toUInt()) {
+    switch (groups[appearanceGroup][QStringLiteral("color-scheme")].toUInt()) {
     case 1:
         return Appearance::dark;
     case 2:
@@ -41,19 +33,15 @@ std::optional<Appearance> appearanceIn(const SettingGroups& groups)
 
 std::optional<bool> reducedMotionIn(const SettingGroups& groups)
 {
-    const auto reduced = setting(groups, appearanceGroup, QStringLiteral("reduced-motion"));
-    if (reduced && reduced->toUInt() == 1)
+    if (groups[appearanceGroup][QStringLiteral("reduced-motion")].toUInt() == 1)
         return true;
-    if (const auto enabled = setting(groups, interfaceGroup, QStringLiteral("enable-animations")))
-        return !enabled->toBool();
-    if (const auto factor
-        = setting(groups, globalsGroup, QStringLiteral("AnimationDurationFactor"))) {
-        auto isNumber = false;
-        const auto value = factor->toDouble(&isNumber);
-        if (isNumber)
-            return value <= 0;
-    }
-    return std::nullopt;
+    const auto enabled = groups[interfaceGroup][QStringLiteral("enable-animations")];
+    if (enabled.isValid())
+        return !enabled.toBool();
+    auto isNumber = false;
+    const auto factor
+        = groups[globalsGroup][QStringLiteral("AnimationDurationFactor")].toDouble(&isNumber);
+    return isNumber ? std::optional(factor <= 0) : std::nullopt;
 }
 
 } // namespace

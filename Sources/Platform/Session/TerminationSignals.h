@@ -1,8 +1,13 @@
 // SIGTERM, SIGINT and SIGHUP as an orderly end.
 #pragma once
 
+#include "FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
 #include <functional>
-#include <memory>
 
 namespace platform {
 
@@ -16,8 +21,11 @@ public:
     TerminationSignals& operator=(const TerminationSignals&) = delete;
 
 private:
-    class Watch;
-    std::unique_ptr<Watch> watch_;
+    static constexpr std::array signals { SIGTERM, SIGINT, SIGHUP };
+
+    FileDescriptor wakeUp_;
+    QSocketNotifier notifier_;
+    std::array<struct sigaction, signals.size()> before_ {};
 };
 
 } // namespace platform

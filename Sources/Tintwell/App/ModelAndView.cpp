@@ -23,9 +23,7 @@ ModelAndView makeModelAndView(DesktopServices& services)
     content.view = new TintwellView(*content.model,
         { .openColorPanel = [&services] { services.colorPanel().orderFront(); },
             .quit = [] { QApplication::quit(); },
-            .dateText
-            = [dates = std::make_shared<platform::DateText>(platform::DateText::userLocale())](
-                  platform::Timestamp time) { return (*dates)(time); } });
+            .dateText = platform::DateText(platform::DateText::userLocale()) });
     return content;
 }
 
