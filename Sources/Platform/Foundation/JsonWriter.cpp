@@ -1,6 +1,6 @@
 #include "JsonWriter.h"
 
-#include "Text.h"
+#include <simdjson.h>
 
 #include <array>
 #include <charconv>
@@ -31,20 +31,15 @@ constexpr std::array<char, 256> escapes = [] {
 
 void JsonWriter::member(std::string_view plainName)
 {
-    separate();
+    element();
     out_ += '"';
     out_ += plainName;
     out_ += style_ == JsonStyle::pretty ? "\": " : "\":";
 }
 
-void JsonWriter::element()
-{
-    separate();
-}
-
 bool JsonWriter::string(std::string_view text)
 {
-    if (findInvalidUtf8(text))
+    if (!simdjson::validate_utf8(text))
         return place_.fail("is not UTF-8 text");
     constexpr std::string_view hexDigits = "0123456789abcdef";
     out_ += '"';
@@ -96,7 +91,7 @@ void JsonWriter::end(char bracket)
     empty_ = false;
 }
 
-void JsonWriter::separate()
+void JsonWriter::element()
 {
     if (!empty_)
         out_ += ',';

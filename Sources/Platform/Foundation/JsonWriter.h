@@ -46,7 +46,6 @@ public:
 private:
     void begin(char bracket);
     void end(char bracket);
-    void separate();
     void startLine();
 
     std::string& out_;

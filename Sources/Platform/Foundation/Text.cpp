@@ -4,29 +4,9 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdint>
-#include <cstring>
 #include <system_error>
 
 namespace platform {
-
-namespace {
-
-/// How many bytes from `offset` on are ASCII; whole words at a time, so it may stop up to seven
-/// bytes early.
-std::size_t skipAsciiWords(std::string_view text, std::size_t offset)
-{
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    for (; offset + sizeof(std::uint64_t) <= text.size(); offset += sizeof(std::uint64_t)) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, text.data() + offset, sizeof(word));
-        if ((word & highBits) != 0)
-            break;
-    }
-    return offset;
-}
-
-} // namespace
 
 Character takeCharacter(std::string_view& text)
 {
@@ -41,18 +21,9 @@ Character takeCharacter(std::string_view& text)
 
 std::optional<std::size_t> findInvalidUtf8(std::string_view text)
 {
-    std::size_t offset = skipAsciiWords(text, 0);
-    while (offset < text.size()) {
-        if (static_cast<unsigned char>(text[offset]) < 0x80) {
-            ++offset;
-            continue;
-        }
-        auto rest = text.substr(offset);
-        const auto character = takeCharacter(rest);
-        if (character.codePoint < 0)
-            return offset;
-        offset = skipAsciiWords(text, offset + character.bytes.size());
-    }
+    for (auto rest = text; !rest.empty();)
+        if (takeCharacter(rest).codePoint < 0)
+            return text.size() - rest.size() - 1;
     return std::nullopt;
 }
 
