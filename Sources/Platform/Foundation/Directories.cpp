@@ -1,7 +1,6 @@
 #include "Directories.h"
 
 #include <cstdlib>
-#include <vector>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -22,24 +21,9 @@ std::optional<path> absoluteVariable(const Environment& environment, const char*
 
 std::optional<path> homeInUserDatabase()
 {
-    constexpr std::size_t roomForOneEntry = 16384;
-    std::vector<char> buffer(roomForOneEntry);
-    passwd entry {};
-    passwd* found = nullptr;
-    if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
-        return std::nullopt;
-    const path home(entry.pw_dir);
+    const passwd* const entry = ::getpwuid(::getuid());
+    const path home(entry != nullptr ? entry->pw_dir : "");
     return home.is_absolute() ? std::optional(home) : std::nullopt;
-}
-
-std::optional<path> inFolder(const std::optional<path>& folder, const char* relative)
-{
-    return folder ? std::optional(*folder / relative) : std::nullopt;
-}
-
-std::optional<path> either(std::optional<path> first, std::optional<path> second)
-{
-    return first ? std::move(first) : std::move(second);
 }
 
 } // namespace
@@ -57,12 +41,14 @@ Directories Directories::fromEnvironment(const Environment& environment)
     auto home = absoluteVariable(environment, "HOME");
     if (!home)
         home = homeInUserDatabase();
+    const auto base = [&](const char* variable, const char* inHome) {
+        const auto set = absoluteVariable(environment, variable);
+        return set || !home ? set : *home / inHome;
+    };
     return {
         .home = home.value_or("/"),
-        .dataHome
-        = either(absoluteVariable(environment, "XDG_DATA_HOME"), inFolder(home, ".local/share")),
-        .configHome
-        = either(absoluteVariable(environment, "XDG_CONFIG_HOME"), inFolder(home, ".config")),
+        .dataHome = base("XDG_DATA_HOME", ".local/share"),
+        .configHome = base("XDG_CONFIG_HOME", ".config"),
         .runtimeDir = absoluteVariable(environment, "XDG_RUNTIME_DIR"),
     };
 }

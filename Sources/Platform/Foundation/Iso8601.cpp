@@ -1,7 +1,9 @@
 #include "Iso8601.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdio>
 
 namespace platform {
 
@@ -57,12 +59,6 @@ bool hasSeparators(std::string_view text)
         && text[16] == ':';
 }
 
-void writeDigits(char* end, unsigned number, int count)
-{
-    for (; count > 0; --count, number /= 10)
-        *--end = static_cast<char>('0' + number % 10);
-}
-
 } // namespace
 
 Timestamp currentTime()
@@ -76,14 +72,12 @@ std::string formatIso8601(Timestamp time)
     const auto day = std::chrono::floor<std::chrono::days>(whole);
     const std::chrono::year_month_day date { day };
     const std::chrono::hh_mm_ss clock { whole - day };
-    std::string text = "0000-00-00T00:00:00Z";
-    writeDigits(&text[4], static_cast<unsigned>(static_cast<int>(date.year())), 4);
-    writeDigits(&text[7], static_cast<unsigned>(date.month()), 2);
-    writeDigits(&text[10], static_cast<unsigned>(date.day()), 2);
-    writeDigits(&text[13], static_cast<unsigned>(clock.hours().count()), 2);
-    writeDigits(&text[16], static_cast<unsigned>(clock.minutes().count()), 2);
-    writeDigits(&text[19], static_cast<unsigned>(clock.seconds().count()), 2);
-    return text;
+    std::array<char, 80> text {};
+    const int length = std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02ld:%02ld:%02ldZ",
+        static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+        static_cast<unsigned>(date.day()), clock.hours().count(), clock.minutes().count(),
+        clock.seconds().count());
+    return { text.data(), static_cast<std::size_t>(length) };
 }
 
 std::optional<Timestamp> parseIso8601(std::string_view text)
