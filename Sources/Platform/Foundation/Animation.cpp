@@ -6,24 +6,20 @@ namespace platform {
 
 namespace {
 
-std::optional<Spring>& current()
-{
-    static std::optional<Spring> spring;
-    return spring;
-}
+std::optional<Spring> current;
 
 } // namespace
 
 void withAnimation(const Spring& spring, const std::function<void()>& body)
 {
-    const auto outer = std::exchange(current(), spring);
+    const auto outer = std::exchange(current, spring);
     body();
-    current() = outer;
+    current = outer;
 }
 
 std::optional<Spring> currentAnimation()
 {
-    return current();
+    return current;
 }
 
 } // namespace platform

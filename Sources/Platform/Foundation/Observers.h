@@ -8,18 +8,8 @@
 
 namespace platform {
 
-/// Ends its observation when it is destroyed; outliving the observed object is fine.
-class [[nodiscard]] Subscription {
-public:
-    Subscription() = default;
-    explicit Subscription(std::shared_ptr<void> token)
-        : token_(std::move(token))
-    {
-    }
-
-private:
-    std::shared_ptr<void> token_;
-};
+/// Ends its observation when the last copy goes; outliving the observed object is fine.
+using Subscription = std::shared_ptr<void>;
 
 /// A list of callbacks without payload, called in the order in which they were added.
 ///
@@ -27,15 +17,14 @@ private:
 /// ended is not called any more, one that was added is called from the next announcement on.
 class Observers {
 public:
-    Subscription observe(std::function<void()> observer)
+    [[nodiscard]] Subscription observe(std::function<void()> observer)
     {
         const auto key = list_->nextKey++;
         list_->entries.emplace(key, std::make_shared<std::function<void()>>(std::move(observer)));
-        return Subscription(
-            std::shared_ptr<void>(nullptr, [weak = std::weak_ptr<List>(list_), key](void*) {
-                if (const auto list = weak.lock())
-                    list->entries.erase(key);
-            }));
+        return { nullptr, [weak = std::weak_ptr<List>(list_), key](void*) {
+                    if (const auto list = weak.lock())
+                        list->entries.erase(key);
+                } };
     }
 
     void announce() const
