@@ -22,16 +22,14 @@ namespace {
 constexpr std::chrono::seconds restartTime { 2 };
 constexpr std::chrono::seconds desktopStartTime { 15 };
 
-/// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland
-/// desktop its emulation knows the pointer over X11 windows only, so there the tray's own hint
-/// counts, if it gives one.
+/// The pointer is on the item that it clicks; only X11 tells where that is. On a Wayland desktop,
+/// whose X server knows the pointer over X11 windows only, the tray's own hint counts, if it gives
+/// one.
 std::optional<QPoint> clickPlace(QPoint hint)
 {
-    if (!X11Display::current())
-        return std::nullopt;
-    if (!isWaylandSession())
-        return QCursor::pos();
-    return hint.isNull() ? std::nullopt : std::optional(hint);
+    if (isWaylandSession())
+        return hint.isNull() ? std::nullopt : std::optional(hint);
+    return X11Display::current() ? std::optional(QCursor::pos()) : std::nullopt;
 }
 
 } // namespace

@@ -55,6 +55,17 @@ PanelWindow::PanelWindow(std::function<bool()> staysOpen)
 
 PanelWindow::~PanelWindow() = default;
 
+bool PanelWindow::isPossible()
+{
+    return X11Display::current() || PlasmaPlacement::isPossible();
+}
+
+QRect PanelWindow::availableGeometry(const QScreen& screen)
+{
+    return PlasmaPlacement::isPossible() ? PlasmaPlacement::availableGeometry(screen)
+                                         : screen.availableGeometry();
+}
+
 QWidget* PanelWindow::takeContent()
 {
     dismiss();
@@ -80,16 +91,22 @@ void PanelWindow::openBeside(const QRect& anchor)
     auto* screen = QGuiApplication::screenAt(anchor.center());
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
+    const bool isOnPlasma = PlasmaPlacement::isPossible();
     const auto display = X11Display::current();
-    setComposited(display && display->hasCompositor());
+    setComposited(isOnPlasma || (display && display->hasCompositor()));
     const QMargins line(frame_.line(), frame_.line(), frame_.line(), frame_.line());
     const auto size = viewport_.sizeHint().grownBy(line);
     placement_
-        = placePanel(anchor, size, frame_.gap(), screen->geometry(), screen->availableGeometry());
+        = placePanel(anchor, size, frame_.gap(), screen->geometry(), availableGeometry(*screen));
     room_ = frame_.shadowRoom(placement_.direction);
     setGeometry(placement_.frame.marginsAdded(room_));
     layOut();
-    opening_.run(frame_.isComposited() ? PanelFrame::openingSeconds : 0,
+    if (isOnPlasma) {
+        create();
+        onPlasma_.emplace(*windowHandle(), pos(), panelRect());
+    }
+    // Plasma moves what opens and closes itself.
+    opening_.run(frame_.isComposited() && !isOnPlasma ? PanelFrame::openingSeconds : 0,
         [this](double share) { showOpening(easedOut(share)); });
     // Nothing is marked before the keyboard is used.
     setFocus();

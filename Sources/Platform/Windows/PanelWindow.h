@@ -5,6 +5,7 @@
 #include "Motion.h"
 #include "PanelFrame.h"
 #include "PanelPlacement.h"
+#include "PlasmaPlacement.h"
 #include "Window.h"
 
 #include <QMargins>
@@ -20,10 +21,15 @@ namespace platform {
 
 class X11Display;
 
-/// A frameless window for X11, where a program places its windows itself. It closes when the user
-/// turns to something else: another program, or an ordinary window with content of its own.
+/// A frameless window for desktops where a program may place its windows itself. It closes when the
+/// user turns to something else: another program, or an ordinary window with content of its own.
 class PanelWindow : public Window {
 public:
+    /// True on X11 and on Plasma.
+    [[nodiscard]] static bool isPossible();
+    /// The part of the screen that no bar covers.
+    [[nodiscard]] static QRect availableGeometry(const QScreen& screen);
+
     /// `staysOpen` is true while the panel stays although another window has the focus, such as
     /// during a pick.
     explicit PanelWindow(std::function<bool()> staysOpen);
@@ -70,6 +76,7 @@ private:
     PanelFrame frame_ { /*composited=*/false };
     PanelPlacement placement_;
     QMargins room_;
+    std::optional<PlasmaPlacement> onPlasma_;
     Motion opening_;
     std::optional<ClosingPress> closingPress_;
     /// Looks for the end of a press that took the focus away.

@@ -20,7 +20,7 @@ QRect likelyItemPlace()
 {
     const auto* screen = QGuiApplication::primaryScreen();
     const auto whole = screen->geometry();
-    const auto free = screen->availableGeometry();
+    const auto free = platform::PanelWindow::availableGeometry(*screen);
     const bool barIsBelow = whole.bottom() - free.bottom() > free.top() - whole.top();
     return { whole.right() - 1, barIsBelow ? whole.bottom() : whole.top(), 1, 1 };
 }
@@ -179,7 +179,7 @@ bool PanelPresenter::hasTray() const
 
 bool PanelPresenter::canDock() const
 {
-    return hasTray() && QGuiApplication::platformName() == QStringLiteral("xcb");
+    return hasTray() && platform::PanelWindow::isPossible();
 }
 
 } // namespace tintwell
