@@ -4,7 +4,10 @@ import { execFileSync } from "node:child_process";
 import test from "node:test";
 import * as csstree from "css-tree";
 import * as lightningcss from "lightningcss";
+import { build as terrazzo, defineConfig, parse as parseTokens } from "@terrazzo/parser";
+import terrazzoCss from "@terrazzo/plugin-css";
 import * as sass from "sass";
+import StyleDictionary from "style-dictionary";
 import { compile } from "tailwindcss";
 
 const sources = ["6E56CF", "6E56CF80", "FFFFFF", "0A0A0D", "FFD400"];
@@ -104,4 +107,59 @@ for (const source of sources)
             assert.equal(Object.keys(found).length, colors.length);
             for (const [id, hex] of colors) assert.equal(inHex(found[`.${id.replace(".", "-")} color`]), inHex(hex), id);
         }
+    });
+
+/** What Terrazzo and Style Dictionary make of the tokens of `source`, by the name of the file. */
+async function tokenFiles(source) {
+    const src = exported(source, "tokens").toString();
+    const files = {};
+    const config = defineConfig({ plugins: [terrazzoCss({ filename: "terrazzo.css" })] }, { cwd: new URL(import.meta.url) });
+    const { tokens, sources: parsed } = await parseTokens([{ src, filename: new URL("file:///a.tokens.json") }], { config });
+    for (const { filename, contents } of (await terrazzo(tokens, { sources: parsed, config })).outputFiles)
+        files[filename] = contents.toString();
+    const platform = (transformGroup, destination, format) => ({ transformGroup, files: [{ destination, format }] });
+    const dictionary = new StyleDictionary({
+        tokens: JSON.parse(src),
+        log: { warnings: "error", verbosity: "verbose" },
+        platforms: {
+            css: platform("css", "style-dictionary.css", "css/variables"),
+            android: platform("android", "colors.xml", "android/colors"),
+            swift: platform("ios-swift", "Colors.swift", "ios-swift/class.swift"),
+        },
+    });
+    for (const made of Object.values(await dictionary.formatAllPlatforms()).flat()) files[made.destination] = made.output;
+    return files;
+}
+const bytes = (hex) => hex.slice(1).match(/../g).map((pair) => parseInt(pair, 16));
+/** How each of those files writes a colour: where, and what. */
+const tokenForms = {
+    "terrazzo.css": (id, [r, g, b, a = 255], alias) => [id.replace(".", "-"), alias
+        ? `: var(--${alias.replace(".", "-")});`
+        : `: rgb(${[r, g, b].map((part) => `${+(Math.round((part / 255) * 1e4) / 100).toFixed(2)}%`).join(" ")}${
+            a < 255 ? ` / ${+(a / 255).toFixed(4)}` : ""});`],
+    "style-dictionary.css": (id, [r, g, b, a = 255]) => [id.replace(".", "-"), a < 255
+        ? `: rgba(${r}, ${g}, ${b}, ${+(a / 255).toFixed(3)});`
+        : `: #${Buffer.from([r, g, b]).toString("hex")};`],
+    "colors.xml": (id, [r, g, b, a = 255]) => [id.replace(/\W/g, "_"), `">#${Buffer.from([a, r, g, b]).toString("hex")}<`],
+    "Colors.swift": (id, [r, g, b, a = 255]) => [id.replace(/\W(.)/g, (_, next) => next.toUpperCase()),
+        ` = UIColor(red: ${(r / 255).toFixed(3)}, green: ${(g / 255).toFixed(3)}, blue: ${(b / 255).toFixed(3)}, alpha: ${
+            +(a / 255).toFixed(3)})`],
+};
+
+for (const source of sources)
+    test(`tokens of ${source}`, async () => {
+        const files = await tokenFiles(source);
+        const colors = truth(source);
+        let aliases = 0;
+        for (const [id, hex] of Object.entries(colors)) {
+            const twins = Object.keys(colors).filter((other) => /^(tone|source)/.test(other) && colors[other] === hex).sort();
+            const alias = /^(light|dark)/.test(id) ? twins.pop() : undefined;
+            aliases += alias ? 1 : 0;
+            for (const [file, form] of Object.entries(tokenForms)) {
+                const [name, value] = form(id, bytes(hex), alias);
+                const line = files[file].split("\n").find((each) => new RegExp(`[- "]${name}[ ":]`).test(each));
+                assert.ok(line?.includes(name + value), `${file}, ${id}: ${line} without ${value}`);
+            }
+        }
+        assert.ok(aliases > 0 || source !== "6E56CF", "its light primary is the source");
     });

@@ -1,5 +1,6 @@
 #include "PaletteExport.h"
 
+#include "DesignTokens.h"
 #include "GimpPalette.h"
 #include "MacColorIntegration.h"
 #include "PaletteGenerator.h"
@@ -81,9 +82,11 @@ platform::Result<std::string> exported(
     case ExportFormat::tailwind:
         return tailwindText(palette, notation);
     case ExportFormat::scss:
+        return scssText(palette, notation);
+    case ExportFormat::tokens:
         break;
     }
-    return scssText(palette, notation);
+    return designTokensText(palette);
 }
 
 } // namespace tintwell

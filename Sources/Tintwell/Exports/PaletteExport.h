@@ -12,7 +12,7 @@
 
 namespace tintwell {
 
-enum class ExportFormat { json, gpl, css, tailwind, scss };
+enum class ExportFormat { json, gpl, css, tailwind, scss, tokens };
 
 /// How a style sheet writes its colours.
 enum class ColorNotation { hex, oklch };
@@ -37,6 +37,7 @@ inline constexpr std::array exportFormats {
     ExportFormatTraits { ExportFormat::css,       "css",      ".css",          "CSS custom properties",       true,  true  },
     ExportFormatTraits { ExportFormat::tailwind,  "tailwind", ".tailwind.css", "Tailwind CSS 4 theme",        true,  true  },
     ExportFormatTraits { ExportFormat::scss,      "scss",     ".scss",         "Sass map",                    true,  true  },
+    ExportFormatTraits { ExportFormat::tokens,    "tokens",   ".tokens.json",  "Design tokens 2025.10",       true,  false },
 };
 // clang-format on
 
