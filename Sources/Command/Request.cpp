@@ -178,7 +178,8 @@ Report perform(Request request, const Terminal& terminal)
     if (auto problem = takeColorsFromInput(request))
         return std::move(*problem);
     auto report = performCommand(request, terminal);
-    if (terminal.depth == ColorDepth::indexed)
+    // What goes to other tools stays as it is.
+    if (terminal.depth == ColorDepth::indexed && request.command != Command::exportColors)
         report.output = withIndexedColors(report.output);
     return report;
 }

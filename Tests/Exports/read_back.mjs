@@ -2,6 +2,7 @@
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
 import test from "node:test";
+import swatches from "ase-utils";
 import * as csstree from "css-tree";
 import * as lightningcss from "lightningcss";
 import { build as terrazzo, defineConfig, parse as parseTokens } from "@terrazzo/parser";
@@ -162,4 +163,14 @@ for (const source of sources)
             }
         }
         assert.ok(aliases > 0 || source !== "6E56CF", "its light primary is the source");
+    });
+
+for (const source of sources)
+    test(`ase of ${source}`, () => {
+        const listed = JSON.parse(exported(source, "json")).map(({ name, color: { red, green, blue } }) =>
+            [name, [red, green, blue].map((part) => Math.round(part * 255))]);
+        const { version, groups, colors } = swatches.decode(exported(source, "ase"));
+        assert.deepEqual([version, groups, colors.map(({ model }) => model)], ["1.0", [], listed.map(() => "RGB")]);
+        assert.deepEqual(colors.map(({ name, color }) => [name, color.map((part) => part * 255)]).map(([name, parts]) =>
+            [name, parts.map((part) => +part.toFixed(4))]), listed);
     });

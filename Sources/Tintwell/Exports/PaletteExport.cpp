@@ -6,6 +6,7 @@
 #include "PaletteGenerator.h"
 #include "PaletteModelsJson.h"
 #include "StyleSheets.h"
+#include "SwatchExchange.h"
 
 #include <algorithm>
 #include <charconv>
@@ -84,9 +85,11 @@ platform::Result<std::string> exported(
     case ExportFormat::scss:
         return scssText(palette, notation);
     case ExportFormat::tokens:
+        return designTokensText(palette);
+    case ExportFormat::ase:
         break;
     }
-    return designTokensText(palette);
+    return swatchExchangeBytes(palette.exportColors());
 }
 
 } // namespace tintwell

@@ -12,7 +12,7 @@
 
 namespace tintwell {
 
-enum class ExportFormat { json, gpl, css, tailwind, scss, tokens };
+enum class ExportFormat { json, gpl, css, tailwind, scss, tokens, ase };
 
 /// How a style sheet writes its colours.
 enum class ColorNotation { hex, oklch };
@@ -38,6 +38,7 @@ inline constexpr std::array exportFormats {
     ExportFormatTraits { ExportFormat::tailwind,  "tailwind", ".tailwind.css", "Tailwind CSS 4 theme",        true,  true  },
     ExportFormatTraits { ExportFormat::scss,      "scss",     ".scss",         "Sass map",                    true,  true  },
     ExportFormatTraits { ExportFormat::tokens,    "tokens",   ".tokens.json",  "Design tokens 2025.10",       true,  false },
+    ExportFormatTraits { ExportFormat::ase,       "ase",      ".ase",          "Swatches of layout programs", false, false },
 };
 // clang-format on
 
