@@ -1,5 +1,7 @@
 #include "PortalColorSampler.h"
 
+#include "WindowsAside.h"
+
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -14,6 +16,7 @@
 #include <QVariantMap>
 
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace platform {
@@ -75,6 +78,7 @@ public:
         if (!std::exchange(handler_, nullptr))
             return;
         limit_.stop();
+        aside_.reset();
         if (!calling_)
             close();
     }
@@ -114,7 +118,10 @@ private:
             end(std::nullopt);
         } else {
             listen(reply.value().path());
-            if (!handler_)
+            // Not before it is sure that there is a pick.
+            if (handler_)
+                aside_.emplace();
+            else
                 close();
         }
     }
@@ -150,6 +157,7 @@ private:
     void end(const std::optional<Color>& color)
     {
         limit_.stop();
+        aside_.reset();
         deleteLater();
         if (const auto handler = std::exchange(handler_, nullptr))
             handler(color);
@@ -161,6 +169,7 @@ private:
     QDBusServiceWatcher gone_;
     QTimer limit_;
     QString handle_;
+    std::optional<WindowsAside> aside_;
     bool calling_ = true;
 };
 

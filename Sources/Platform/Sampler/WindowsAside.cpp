@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -28,8 +29,8 @@ bool makesRoom(const QWindow& window)
 
 } // namespace
 
-WindowsAside::WindowsAside(const X11Display& display)
-    : display_(display)
+WindowsAside::WindowsAside(std::optional<X11Display> display)
+    : display_(std::move(display))
     , focused_(QGuiApplication::focusWindow())
 {
     ++picksWithWindowsAside;
@@ -37,11 +38,13 @@ WindowsAside::WindowsAside(const X11Display& display)
     for (QWindow* window : windows) {
         if (!makesRoom(*window))
             continue;
-        const auto frame = display_.frameOf(static_cast<xcb_window_t>(window->winId()));
-        windows_.push_back({ window, frame });
-        area_ = area_.united(display_.geometryOf(frame));
+        windows_.push_back({ window, XCB_WINDOW_NONE });
+        if (!display_)
+            continue;
+        auto& frame = windows_.back().frame;
+        frame = display_->frameOf(static_cast<xcb_window_t>(window->winId()));
+        area_ = area_.united(display_->geometryOf(frame) & display_->rootGeometry());
     }
-    area_ = area_.intersected(display_.rootGeometry());
     for (const auto& each : windows_)
         if (each.window)
             each.window->setVisible(false);
@@ -62,14 +65,14 @@ bool WindowsAside::areGone()
 {
     if (!sinceUnmapped_.isValid()
         && std::any_of(windows_.begin(), windows_.end(),
-            [&](const Window& each) { return display_.isViewable(each.frame); }))
+            [&](const Window& each) { return display_->isViewable(each.frame); }))
         return sinceHidden_.elapsed() > longestToUnmapMilliseconds;
     if (!sinceUnmapped_.isValid())
         sinceUnmapped_.start();
     if (sinceUnmapped_.elapsed()
-        < (display_.hasCompositor() ? fadeMilliseconds : repaintMilliseconds))
+        < (display_->hasCompositor() ? fadeMilliseconds : repaintMilliseconds))
         return false;
-    const QImage now = display_.read(display_.root(), area_);
+    const QImage now = display_->read(display_->root(), area_);
     if (now.isNull() || now == last_ || sinceUnmapped_.elapsed() > longestToSettleMilliseconds)
         return true;
     last_ = now;

@@ -9,6 +9,7 @@
 #include <QRect>
 #include <QWindow>
 
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -17,7 +18,8 @@ namespace platform {
 /// had the focus has it again.
 class WindowsAside {
 public:
-    explicit WindowsAside(const X11Display& display);
+    /// Without a display nobody can tell when they are gone.
+    explicit WindowsAside(std::optional<X11Display> display = std::nullopt);
     ~WindowsAside();
     WindowsAside(const WindowsAside&) = delete;
     WindowsAside& operator=(const WindowsAside&) = delete;
@@ -25,7 +27,7 @@ public:
     /// Whether they are gone and what lay below them has been drawn again: their frames are
     /// unmapped, a compositor has had the time of a fade, and their place looks the same twice in a
     /// row. True in any case 2 s after a window manager was asked in vain and 0.7 s after the
-    /// unmapping.
+    /// unmapping. Needs a display.
     [[nodiscard]] bool areGone();
 
 private:
@@ -34,7 +36,7 @@ private:
         xcb_window_t frame;
     };
 
-    X11Display display_;
+    std::optional<X11Display> display_;
     std::vector<Window> windows_;
     QPointer<QWindow> focused_;
     QRect area_;

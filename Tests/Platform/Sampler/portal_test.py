@@ -89,6 +89,16 @@ class PortalTest(PickTest):
                 self.assert_still_usable()
                 self.end_portal(portal)
 
+    def test_windows_make_room_while_the_portal_picks(self):
+        driver = self.start_driver("--window", "600", "350", XDG_SESSION_TYPE="wayland")
+        portal = self.start_portal("done")
+        driver.say("pick")
+        self.assertEqual([driver.hear(), driver.hear()], ["hidden", "shown"])
+        self.assert_color(self.picked(), BLUE)
+        self.end_portal(portal)
+        driver.say("pick")
+        self.assertIsNone(self.picked(), "and stay where there is none")
+
     def test_no_portal(self):
         self.start_driver(XDG_SESSION_TYPE="wayland").say("pick")
         self.assertIsNone(self.picked())
