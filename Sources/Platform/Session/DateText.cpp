@@ -32,12 +32,26 @@ bool isLocaleName(std::string_view name)
     }
 }
 
+/// The modifiers of the environment that name a script, which ICU writes behind the language.
+constexpr std::array scripts {
+    std::pair { std::string_view("@cyrillic"), "_Cyrl" },
+    std::pair { std::string_view("@devanagari"), "_Deva" },
+    std::pair { std::string_view("@iqtelif"), "_Latn" },
+    std::pair { std::string_view("@latin"), "_Latn" },
+};
+
 /// ICU's name for a locale of the environment; the plain "C" and what names no locale write dates
 /// as English does.
 std::string icuLocale(std::string_view name)
 {
     const auto plain = name.substr(0, name.find_first_of(".@"));
-    return plain == "C" || plain == "POSIX" || !isLocaleName(plain) ? "en_US" : std::string(plain);
+    if (plain == "C" || plain == "POSIX" || !isLocaleName(plain))
+        return "en_US";
+    std::string locale(plain);
+    for (const auto& [modifier, script] : scripts)
+        if (name.ends_with(modifier))
+            locale.insert(std::min(locale.find('_'), locale.size()), script);
+    return locale;
 }
 
 } // namespace

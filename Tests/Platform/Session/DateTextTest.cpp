@@ -27,6 +27,7 @@ TEST(DateText, WritesTheAbbreviatedDateAndTheShortTimeOfTheLocale)
         { "en_GB.UTF-8", "UTC", "2026-11-22T16:18:00Z", "22 Nov 2026, 16:18" },
         { "de_DE.UTF-8", "UTC", "2026-11-22T16:18:00Z", "22.11.2026, 16:18" },
         { "de_DE@euro", "Europe/Berlin", "2026-07-01T23:30:00Z", "02.07.2026, 01:30" },
+        { "uz_UZ@cyrillic", "UTC", "2026-11-22T16:18:00Z", "22 ноя, 2026 16:18" },
         { "ja_JP.eucJP", "Asia/Tokyo", "2026-11-22T16:18:00Z", "2026/11/23 1:18" },
         { "C", "UTC", "2026-11-22T00:05:00Z",
             "Nov 22, 2026, 12:05\u202F"
