@@ -26,6 +26,7 @@ constexpr int textSpacing = 2;
 constexpr int rowSpacing = 11;
 constexpr int stripHeight = 16;
 constexpr double stripRadius = 6;
+constexpr double stripEdge = 0.75;
 
 const platform::TextStyle emptyTitleStyle { .size = 15, .weight = QFont::DemiBold };
 const platform::TextStyle hintStyle { .size = 11, .lineHeight = 15 };
@@ -51,8 +52,11 @@ public:
         auto* hint = new platform::Label(hintStyle, &platform::Theme::secondary,
             QStringLiteral(
                 "Save + Install keeps the current system here and adds it to macOS Colors."));
-        hint->setWrapWidth(hintWidth);
-        hint->setAlignment(Qt::AlignHCenter);
+        // In boxes of one width, which lie on whole points, both are centred to a pixel.
+        for (auto* label : { title, hint }) {
+            label->setWrapWidth(hintWidth);
+            label->setAlignment(Qt::AlignHCenter);
+        }
         auto* column = platform::vstack(emptySpacing,
             { platform::spacer(), platform::spacer(emptySymbol + emptySpacing), title, hint,
                 platform::spacer() },
@@ -107,6 +111,11 @@ protected:
             painter.fillPath(shape, toQColor(color));
             left = right;
         }
+        if (colors_.empty())
+            return;
+        painter.setClipping(false);
+        platform::paintPlate(painter, whole, stripRadius, Qt::transparent,
+            platform::currentTheme().separator, stripEdge);
     }
 
 private:
