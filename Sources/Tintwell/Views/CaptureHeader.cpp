@@ -99,6 +99,8 @@ void CaptureHeader::show(const HeaderState& state, const std::optional<platform:
     copy_->setToolTip(tooltip);
     platform::setAccessibleTexts(*copy_, tooltip, {});
     shown_ = state;
+    // Now, so that no frame shows a new title in the old width.
+    layout()->activate();
     placeMark();
 }
 

@@ -169,6 +169,8 @@ TEST_F(TintwellViewTest, SamplingTakesTheButtonAndTheShortcutUntilItEnds)
         QTest::mouseClick(sampling, Qt::LeftButton);
         EXPECT_EQ(desktop_->sampler->picks.size(), 1U);
         desktop_->sampler->answer(picked ? RGBAColor::fromHex("#F2C14E") : std::nullopt);
+        view_->showNow();
+        EXPECT_EQ(sampling->width(), sampling->sizeHint().width()) << "in the first frame";
         settle();
         EXPECT_EQ(sampling, button("Sample"));
         EXPECT_TRUE(sampling->isEnabled());
