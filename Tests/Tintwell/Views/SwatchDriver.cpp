@@ -1,7 +1,8 @@
 // A window with one swatch, for tests that press, drag and read it from outside.
 //
 // Prints "at X Y W H", the swatch on the screen in device pixels, once it is shown; then "clicked",
-// "dragging" and "dropped" as they happen. A click also copies the colour.
+// "dragging" and "dropped" as they happen, and "forbidden" when the pointer says so. A click also
+// copies the colour.
 
 #include "ColorDrag.h"
 #include "MacColorIntegration.h"
@@ -66,6 +67,9 @@ private:
 
     void watchDrag()
     {
+        const auto* cursor = QGuiApplication::overrideCursor();
+        if (cursor != nullptr && cursor->shape() == Qt::ForbiddenCursor)
+            say("forbidden");
         const bool runs = platform::isColorDragRunning();
         if (runs == ran_)
             return;

@@ -142,6 +142,7 @@ class Drop(Swatch):
         self.assertEqual(rgba, [255, 128, 64, 128])
         self.swatch.wait("dropped")
         self.assertEqual(self.swatch.count("clicked"), 0)
+        self.assertEqual(self.swatch.count("forbidden"), 0, "the hand stays closed")
         # The swatch is ready for the next press.
         self.press()
         pointer("mouseup", 1)
