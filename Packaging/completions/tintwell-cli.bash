@@ -23,7 +23,7 @@ _tintwell_cli()
         -f | --format)
             case $command in
                 palette | use) words="text json json-lines" ;;
-                export) words="json gpl css tailwind scss tokens ase" ;;
+                export) words="json gpl css tailwind scss tokens ase svg png" ;;
                 save | list) words="text json" ;;
             esac ;;
         -c | --color) words="auto always never" ;;

@@ -32,7 +32,7 @@ for line in 'palette:Show the color system of a color' 'export:Print the colors 
 end
 
 complete -c tintwell-cli -n '__tintwell_cli_in palette use' -s f -l format -x -a 'text json json-lines' -d 'Form of the output'
-complete -c tintwell-cli -n '__tintwell_cli_in export' -s f -l format -x -a 'json gpl css tailwind scss tokens ase' -d 'Form of the output'
+complete -c tintwell-cli -n '__tintwell_cli_in export' -s f -l format -x -a 'json gpl css tailwind scss tokens ase svg png' -d 'Form of the output'
 complete -c tintwell-cli -n '__tintwell_cli_in export' -l colors -x -a 'hex oklch' -d 'Colors in style sheets'
 complete -c tintwell-cli -n '__tintwell_cli_in export' -s o -l out -r -F -d 'Write this file'
 complete -c tintwell-cli -n '__tintwell_cli_in export' -l list -d 'List the formats'

@@ -7,6 +7,7 @@ import * as csstree from "css-tree";
 import * as lightningcss from "lightningcss";
 import { build as terrazzo, defineConfig, parse as parseTokens } from "@terrazzo/parser";
 import terrazzoCss from "@terrazzo/plugin-css";
+import { PNG } from "pngjs";
 import * as sass from "sass";
 import StyleDictionary from "style-dictionary";
 import { compile } from "tailwindcss";
@@ -173,4 +174,22 @@ for (const source of sources)
         assert.deepEqual([version, groups, colors.map(({ model }) => model)], ["1.0", [], listed.map(() => "RGB")]);
         assert.deepEqual(colors.map(({ name, color }) => [name, color.map((part) => part * 255)]).map(([name, parts]) =>
             [name, parts.map((part) => +part.toFixed(4))]), listed);
+    });
+
+for (const source of sources)
+    test(`svg and png of ${source}`, () => {
+        const svg = exported(source, "svg");
+        const text = svg.toString();
+        const pictures = [exported(source, "png"), execFileSync("rsvg-convert", ["-z", "2"], { input: svg })].map((png) =>
+            PNG.sync.read(png));
+        const boxes = [...text.matchAll(/<rect x="(.+?)" y="(.+?)" width=".+?" height="(.+?)".+? fill="(#\w{6})"( fill-opacity)?/g)];
+        for (const [, x, y, height, hex, isClear] of boxes)
+            for (const { data, width } of isClear ? [] : pictures) {
+                const at = 4 * (Math.round(2 * y + +height) * width + Math.round(2 * x) + 8);
+                assert.equal(data.subarray(at, at + 3).toString("hex").toUpperCase(), hex.slice(1), `${x} ${y}`);
+            }
+        const colors = Object.values(truth(source));
+        const shown = [...text.matchAll(/>(#\w+)</g)].map(([, hex]) => hex);
+        assert.deepEqual(shown.sort(), colors.sort());
+        assert.deepEqual(boxes.length, colors.length + 2 * 2, "a card and a button a theme");
     });

@@ -7,6 +7,7 @@
 #include "PaletteModelsJson.h"
 #include "StyleSheets.h"
 #include "SwatchExchange.h"
+#include "SwatchSheet.h"
 
 #include <algorithm>
 #include <charconv>
@@ -87,9 +88,13 @@ platform::Result<std::string> exported(
     case ExportFormat::tokens:
         return designTokensText(palette);
     case ExportFormat::ase:
+        return swatchExchangeBytes(palette.exportColors());
+    case ExportFormat::svg:
+        return svgText(swatchSheet(palette));
+    case ExportFormat::png:
         break;
     }
-    return swatchExchangeBytes(palette.exportColors());
+    return pngBytes(swatchSheet(palette));
 }
 
 } // namespace tintwell

@@ -12,7 +12,7 @@
 
 namespace tintwell {
 
-enum class ExportFormat { json, gpl, css, tailwind, scss, tokens, ase };
+enum class ExportFormat { json, gpl, css, tailwind, scss, tokens, ase, svg, png };
 
 /// How a style sheet writes its colours.
 enum class ColorNotation { hex, oklch };
@@ -39,6 +39,8 @@ inline constexpr std::array exportFormats {
     ExportFormatTraits { ExportFormat::scss,      "scss",     ".scss",         "Sass map",                    true,  true  },
     ExportFormatTraits { ExportFormat::tokens,    "tokens",   ".tokens.json",  "Design tokens 2025.10",       true,  false },
     ExportFormatTraits { ExportFormat::ase,       "ase",      ".ase",          "Swatches of layout programs", false, false },
+    ExportFormatTraits { ExportFormat::svg,       "svg",      ".svg",          "Swatch sheet to scale",       true,  false },
+    ExportFormatTraits { ExportFormat::png,       "png",      ".png",          "Swatch sheet as a picture",   false, false },
 };
 // clang-format on
 
