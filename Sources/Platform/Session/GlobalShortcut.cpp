@@ -116,10 +116,18 @@ GlobalShortcut::GlobalShortcut(const Content& content, Events events)
     });
 }
 
+QVariant GlobalShortcut::actions() const
+{
+    return QVariant::fromValue(
+        QList<Shortcut> { { id_, { { QStringLiteral("description"), description_ } } } });
+}
+
 void GlobalShortcut::openSession()
 {
+    // Plasma 5.27 takes actions here alone; others pass over what is not asked for.
     new Request(*this, makeCall("CreateSession"),
-        { { QStringLiteral("session_handle_token"), program_ } },
+        { { QStringLiteral("session_handle_token"), program_ },
+            { QStringLiteral("shortcuts"), actions() } },
         [this](bool succeeded, const QVariantMap& results) {
             session_ = results.value(QStringLiteral("session_handle")).toString();
             if (!succeeded || session_.isEmpty())
@@ -130,7 +138,8 @@ void GlobalShortcut::openSession()
         });
 }
 
-/// Some desktops open their settings whenever an action is bound, known or not.
+/// Some desktops open their settings whenever an action is bound, known or not; Plasma 5.27 does so
+/// at every start.
 void GlobalShortcut::lookForAction()
 {
     auto call = makeCall("ListShortcuts");
@@ -145,11 +154,8 @@ void GlobalShortcut::lookForAction()
 
 void GlobalShortcut::bindAction()
 {
-    const QList<Shortcut> shortcuts { { id_,
-        { { QStringLiteral("description"), description_ } } } };
     auto call = makeCall("BindShortcuts");
-    call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts)
-         << QString();
+    call << QVariant::fromValue(QDBusObjectPath(session_)) << actions() << QString();
     new Request(*this, call, {}, [this](bool succeeded, const QVariantMap& /*results*/) {
         if (!succeeded)
             events_.declined();

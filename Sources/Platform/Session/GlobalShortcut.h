@@ -3,7 +3,7 @@
 
 #include <QObject>
 #include <QString>
-#include <QVariantMap>
+#include <QVariant>
 
 #include <functional>
 #include <string>
@@ -40,6 +40,8 @@ private Q_SLOTS:
 private:
     class Request;
 
+    /// The one action, as the portal's list.
+    [[nodiscard]] QVariant actions() const;
     void openSession();
     void lookForAction();
     void bindAction();

@@ -93,6 +93,7 @@ class Request(dbus.service.Object):
         pass
 class Portal(dbus.service.Object):
     known = []
+    session = None
     def answer(self, sender, options, results):
         path = f"{PATH}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
         request = Request(bus, path)
@@ -106,15 +107,16 @@ class Portal(dbus.service.Object):
         return dbus.UInt32(1)
     @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
     def CreateSession(self, options, sender):
+        # The second time, as Plasma 5.27 does it.
+        self.known = options["shortcuts"] if self.session else []
         self.session = f"{PATH}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
         return self.answer(sender, options, {"session_handle": self.session})
     @dbus.service.method(SHORTCUTS, in_signature="oa{sv}", out_signature="o", sender_keyword="sender")
     def ListShortcuts(self, session, options, sender):
-        print("list", flush=True)
+        print("list", *(str(name) for name, _ in self.known), flush=True)
         return self.answer(sender, options, {"shortcuts": dbus.Array(self.known, signature="(sa{sv})")})
     @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
     def BindShortcuts(self, session, shortcuts, parent, options, sender):
-        self.known = shortcuts
         print("bind", *((str(name), str(more["description"])) for name, more in shortcuts), flush=True)
         return self.answer(sender, options, {"shortcuts": shortcuts})
     @dbus.service.signal(SHORTCUTS, signature="osta{sv}")

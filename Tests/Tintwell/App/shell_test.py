@@ -404,11 +404,12 @@ class NotifierTest(TrayTest):
         self.expect_end(process)
         self.expect(lambda: not notifier_items(), "the item goes")
         self.start_with_item()
-        self.assertEqual(said(), "list\n")
+        self.assertEqual(said(), "list pick\n")
         portal.stdin.write("\n")
-        # What is known is not bound again: a desktop may open its settings then.
         self.expect_loupe()
         key("Escape")
+        portal.terminate()
+        self.assertEqual(portal.stdout.read(), "", "what is known is not bound: a desktop may open its settings then")
 
     def expect_pick_beside_another(self):
         other = self.start_pick()
