@@ -52,8 +52,8 @@ StatusIcon::Bar StatusIcon::barOfColor(const QColor& color)
 
 StatusIcon::Bar StatusIcon::likelyBar()
 {
-    // These have a dark bar in either appearance.
-    if (desktopIs("GNOME") || desktopIs("Unity"))
+    static constexpr std::array alwaysDark { "GNOME", "Unity", "sway" };
+    if (std::any_of(alwaysDark.begin(), alwaysDark.end(), desktopIs))
         return Bar::dark;
     return ThemeSource::instance().appearance() == Appearance::dark ? Bar::dark : Bar::light;
 }

@@ -8,6 +8,7 @@
 #include "X11TrayItem.h"
 
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMenu>
 
 #include <chrono>
@@ -143,9 +144,12 @@ void StatusItem::activate(QPoint hint) const
         click ? std::optional(ScreenRect { click->x(), click->y(), 1, 1 }) : std::nullopt);
 }
 
-/// For trays that leave the menu to the item.
+/// For trays that leave the menu to the item. On Wayland a menu needs a window of ours below it: it
+/// would come as a window itself, on sway over the whole screen.
 void StatusItem::popUpMenu(QPoint hint)
 {
+    if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
+        return activate(hint);
     menu_ = std::make_unique<QMenu>();
     for (const auto& entry : content_.menu) {
         auto* action = menu_->addAction(QString::fromStdString(entry.title), entry.action);
