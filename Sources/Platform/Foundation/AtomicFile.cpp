@@ -81,8 +81,11 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile()
     {
-        if (file_.isOpen() && !inPlace_)
-            ::unlink(path_.c_str());
+        if (!file_.isOpen() || inPlace_)
+            return;
+        // Closed first: a network home would keep an open file under another name.
+        file_ = FileDescriptor();
+        ::unlink(path_.c_str());
     }
 
     [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
@@ -95,7 +98,9 @@ public:
             return false;
         if (own.st_uid != old.st_uid || own.st_gid != old.st_gid)
             (void)(::fchown(file_.number(), old.st_uid, old.st_gid) == 0);
-        return ::fchmod(file_.number(), old.st_mode & permissionBits) == 0;
+        // Some file systems have one mode for all files and refuse even to set that.
+        return ((own.st_mode ^ old.st_mode) & permissionBits) == 0
+            || ::fchmod(file_.number(), old.st_mode & permissionBits) == 0;
     }
 
     bool write(std::string_view bytes)
@@ -159,16 +164,6 @@ void removeAbandonedTemporaries(const path& target)
             ::unlink(entry->path().c_str());
 }
 
-/// Makes a rename outlast a power cut. The new content is in place already, so there is nothing
-/// to undo and nothing to report where a file system cannot do this.
-void syncFolder(const path& folder)
-{
-    const FileDescriptor file(
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (file.isOpen())
-        retryInterrupted([&] { return ::fsync(file.number()); });
-}
-
 /// Opens a regular file for reading; anything else at the path is an error.
 Result<FileDescriptor> openRegularFile(const path& file, struct stat& status)
 {
@@ -197,6 +192,14 @@ int renameWithoutReplacing(const path& from, const path& to)
 }
 
 } // namespace
+
+void syncFolder(const path& folder)
+{
+    const FileDescriptor file(
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (file.isOpen())
+        retryInterrupted([&] { return ::fsync(file.number()); });
+}
 
 std::optional<FileStamp> stampOf(const path& file)
 {
@@ -283,8 +286,12 @@ Result<path> moveAside(const path& file, std::string_view suffix)
             aside += std::to_string(number);
         }
         const int failure = renameWithoutReplacing(target, aside);
-        if (failure == 0)
+        if (failure == 0) {
+            // Before anything takes the old place: the two could reach the disk the other way
+            // round.
+            syncFolder(aside.parent_path());
             return aside;
+        }
         if (failure != EEXIST)
             return fileError(file, "moved aside", failure);
     }
@@ -292,12 +299,19 @@ Result<path> moveAside(const path& file, std::string_view suffix)
 
 Result<void> createFolders(const path& folder)
 {
-    std::error_code error;
-    if (!folder.empty())
-        std::filesystem::create_directories(folder, error);
-    if (error)
-        return Error { "The folder " + folder.string()
-            + " could not be made: " + reasonText(error.value()) };
+    path made;
+    for (const auto& part : folder) {
+        made /= part;
+        std::error_code ignored;
+        if (std::filesystem::is_directory(made, ignored))
+            continue;
+        const int failure = ::mkdir(made.c_str(), permissionBits) == 0 ? 0 : errno;
+        // Another program may have been faster.
+        if (failure != 0 && !std::filesystem::is_directory(made, ignored))
+            return Error { "The folder " + folder.string()
+                + " could not be made: " + reasonText(failure == EEXIST ? ENOTDIR : failure) };
+        syncFolder(made.parent_path());
+    }
     return {};
 }
 

@@ -48,7 +48,11 @@ struct FileStamp {
 [[nodiscard]] Result<std::filesystem::path> moveAside(
     const std::filesystem::path& file, std::string_view suffix);
 
-/// Creates `folder` with its missing parents; an existing folder is fine.
+/// Makes what was made, renamed or removed in `folder` outlast a power cut. It is done already, so
+/// there is nothing to undo and nothing to report where a file system cannot do this.
+void syncFolder(const std::filesystem::path& folder);
+
+/// Creates `folder` with its missing parents, to outlast a power cut; an existing folder is fine.
 [[nodiscard]] Result<void> createFolders(const std::filesystem::path& folder);
 
 } // namespace platform

@@ -39,7 +39,7 @@ int lockUntil(steady_clock::time_point deadline, int file)
     for (milliseconds nap { 1 };; nap = std::min(nap * 2, longestNap)) {
         if (retryInterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0)
             return 0;
-        if (errno == EOPNOTSUPP || errno == ENOSYS)
+        if (errno == EOPNOTSUPP || errno == ENOSYS || errno == ENOLCK)
             return 0;
         if (errno != EWOULDBLOCK || steady_clock::now() >= deadline)
             return errno;

@@ -50,6 +50,7 @@ std::string reasonText(int errorNumber)
         Reason { ENOTDIR, "a part of its path is not a folder" },
         Reason { EPERM, "it is not permitted" },
         Reason { EROFS, "the disk is read-only" },
+        Reason { ESTALE, "the network disk no longer knows it" },
     };
     for (const auto& reason : reasons)
         if (reason.number == errorNumber)

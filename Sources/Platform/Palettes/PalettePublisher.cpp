@@ -110,6 +110,7 @@ Result<void> makeFolder(const path& folder)
     if (::mkdir(folder.c_str(), S_IRWXU | S_IRWXG | S_IRWXO) != 0 && errno != EEXIST)
         return Error { "the folder " + folder.filename().string()
             + " could not be made: " + reasonText(errno) };
+    syncFolder(folder.parent_path());
     return {};
 }
 

@@ -1,21 +1,13 @@
 #include "PalettePersistence.h"
 
-#include "AtomicFile.h"
-#include "ChildProcess.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <csignal>
 #include <functional>
-#include <random>
 #include <set>
-#include <thread>
 
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -236,43 +228,6 @@ TEST(PalettePersistence, KeepsALinkToALibraryElsewhere)
     EXPECT_EQ(contentOf(folder / "synced/palettes.json.unreadable-20261122T100000Z"), "broken");
 }
 
-TEST(PalettePersistence, IsWholeWhenASavingProcessIsKilled)
-{
-    const TemporaryFolder folder;
-    const auto file = folder / "saved-palettes.json";
-    ASSERT_TRUE(storeAt(file).save(libraryNamed("0", 40)));
-    std::mt19937 random(3);
-    // Follows the time that a save takes here now, so that every other process gets one done.
-    double longest = 2000;
-    int number = 0;
-    int saved = 0;
-    int interrupted = 0;
-    // Many are killed after a whole save, and many while the new file stands beside the old one.
-    for (int round = 0; round < 300 || saved <= 10 || interrupted <= 10; ++round) {
-        const pid_t child = startChild([&] {
-            auto store = storeAt(file);
-            for (int next = number + 1;; ++next)
-                if (!store.save(libraryNamed(std::to_string(next), 40)))
-                    return false;
-        });
-        std::this_thread::sleep_for(std::chrono::microseconds { random() % std::lround(longest) });
-        ::kill(child, SIGKILL);
-        EXPECT_FALSE(endedWell(child));
-
-        const auto library = loaded(file);
-        ASSERT_EQ(library.size(), 40U);
-        const int current = std::stoi(library[0].name);
-        ASSERT_EQ(namesIn(library), Names(40, library[0].name));
-        ASSERT_GE(current, number);
-        saved += current > number ? 1 : 0;
-        longest = std::clamp(longest * (current > number ? 0.9 : 1.1), 100.0, 200'000.0);
-        interrupted += folder.names().size() > 2 ? 1 : 0;
-        number = current;
-    }
-    ASSERT_TRUE(storeAt(file).save({}));
-    EXPECT_EQ(folder.names(), onlyLibrary);
-}
-
 TEST(PalettePersistence, TwoProcessesLoseNothing)
 {
     const TemporaryFolder folder;
@@ -294,44 +249,6 @@ TEST(PalettePersistence, TwoProcessesLoseNothing)
     const auto names = namesIn(loaded(file));
     EXPECT_EQ(names.size(), 400U);
     EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 400U);
-}
-
-/// Whether a save of `newSize` palettes fails with this sentence.
-bool failsToSave(const fs::path& file, std::size_t newSize, const std::string& error)
-{
-    const auto saved = storeAt(file).save(libraryNamed("new", newSize));
-    return !saved && saved.error().description == error;
-}
-
-TEST(PalettePersistence, AFullDiskLeavesTheOldFile)
-{
-    for (const char* old : { "[]", "unreadable" }) {
-        const TemporaryFolder folder;
-        const auto file = folder / "saved-palettes.json";
-        writeContent(file, old);
-        EXPECT_TRUE(platform::holdsWithFullDisk(50'000, [&] {
-            return failsToSave(
-                file, 1000, "saved-palettes.json could not be written: it would be too large");
-        }));
-        EXPECT_EQ(contentOf(file), old);
-        EXPECT_EQ(folder.names(), onlyLibrary);
-    }
-}
-
-TEST(PalettePersistence, AReadOnlyFolderLeavesTheOldLibrary)
-{
-    const TemporaryFolder folder;
-    const auto file = folder / "saved-palettes.json";
-    ASSERT_TRUE(storeAt(file).save(libraryNamed("old", 1)));
-    fs::remove(folder / "saved-palettes.json.lock");
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
-    EXPECT_TRUE(platform::holdsForOrdinaryUser([&] {
-        return failsToSave(
-            file, 1, "saved-palettes.json.lock could not be made: permission is denied");
-    }));
-    EXPECT_EQ(namesIn(loaded(file)), Names { "old" });
-    EXPECT_EQ(folder.names(), Names { "saved-palettes.json" });
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
 }
 
 } // namespace
