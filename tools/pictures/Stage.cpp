@@ -19,7 +19,10 @@ using namespace std::chrono_literals;
 
 class NoPasteboard final : public platform::Pasteboard {
     void write(const platform::ColorContent&) override { }
-    [[nodiscard]] platform::PastedContent read() const override { return {}; }
+    [[nodiscard]] platform::Result<platform::PastedContent> read() const override
+    {
+        return platform::PastedContent {};
+    }
 };
 
 /// A pick that never ends.

@@ -1,9 +1,12 @@
 #include "ColorMimeData.h"
 
 #include "ToolkitColor.h"
+#include "X11Selection.h"
 
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QWidget>
 
 namespace platform {
 
@@ -23,10 +26,27 @@ std::unique_ptr<QMimeData> colorMimeData(const ColorContent& content, bool withC
 
 PastedContent pastedContent(const QMimeData& data)
 {
-    PastedContent content { std::nullopt, data.text().toStdString() };
+    PastedContent content { std::nullopt, data.text().left(longestColorText).toStdString() };
+    if (!data.hasColor())
+        return content;
     if (const auto color = qvariant_cast<QColor>(data.colorData()); color.isValid())
         content.color = fromQColor(color);
     return content;
+}
+
+bool canHoldColor(const QMimeData& data)
+{
+    return data.hasColor() || data.hasFormat(QStringLiteral("text/plain"));
+}
+
+Result<PastedContent> droppedContent(const QDropEvent& event, const QWidget& receiver)
+{
+    // Of this process's own drag the toolkit has the content.
+    if (event.source() == nullptr)
+        if (auto content = readX11Selection(
+                "XdndSelection", static_cast<std::uint32_t>(receiver.window()->winId())))
+            return std::move(*content);
+    return pastedContent(*event.mimeData());
 }
 
 } // namespace platform

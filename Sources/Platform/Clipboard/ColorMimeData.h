@@ -5,7 +5,9 @@
 
 #include <memory>
 
+class QDropEvent;
 class QMimeData;
+class QWidget;
 
 namespace platform {
 
@@ -19,5 +21,12 @@ namespace platform {
 
 /// What another program offers by copy or drag.
 [[nodiscard]] PastedContent pastedContent(const QMimeData& data);
+
+/// Whether what is offered can be a colour, as far as its kinds tell. Reads nothing of it.
+[[nodiscard]] bool canHoldColor(const QMimeData& data);
+
+/// What was dropped on `receiver`; an error when the program that it comes from does not answer.
+[[nodiscard]] Result<PastedContent> droppedContent(
+    const QDropEvent& event, const QWidget& receiver);
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "QtPasteboard.h"
 
 #include "ColorMimeData.h"
+#include "X11Selection.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,9 +14,13 @@ void QtPasteboard::write(const ColorContent& content)
     QGuiApplication::clipboard()->setMimeData(colorMimeData(content).release());
 }
 
-PastedContent QtPasteboard::read() const
+Result<PastedContent> QtPasteboard::read() const
 {
-    const auto* data = QGuiApplication::clipboard()->mimeData();
+    const auto* clipboard = QGuiApplication::clipboard();
+    if (!clipboard->ownsClipboard())
+        if (auto content = readX11Selection("CLIPBOARD"))
+            return std::move(*content);
+    const auto* data = clipboard->mimeData();
     return data != nullptr ? pastedContent(*data) : PastedContent {};
 }
 

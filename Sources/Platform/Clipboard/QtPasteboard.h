@@ -9,7 +9,7 @@ namespace platform {
 class QtPasteboard final : public Pasteboard {
 public:
     void write(const ColorContent& content) override;
-    [[nodiscard]] PastedContent read() const override;
+    [[nodiscard]] Result<PastedContent> read() const override;
 };
 
 } // namespace platform

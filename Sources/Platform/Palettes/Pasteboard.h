@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Color.h"
+#include "Result.h"
 
 #include <optional>
 #include <string>
@@ -30,7 +31,8 @@ public:
     /// Replaces whatever was there by `content` in both its forms.
     virtual void write(const ColorContent& content) = 0;
 
-    [[nodiscard]] virtual PastedContent read() const = 0;
+    /// An error when the program that has copied does not answer.
+    [[nodiscard]] virtual Result<PastedContent> read() const = 0;
 };
 
 } // namespace platform

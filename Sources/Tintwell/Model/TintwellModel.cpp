@@ -103,7 +103,10 @@ NamedColor TintwellModel::source() const
 
 void TintwellModel::paste()
 {
-    if (const auto color = fromPastedContent(services_.pasteboard.read()))
+    const auto content = services_.pasteboard.read();
+    if (!content)
+        setStatus("Nothing pasted: " + content.error().description);
+    else if (const auto color = fromPastedContent(content.value()))
         take(*color, "Pasted ");
     else
         setStatus("Nothing pasted: the clipboard holds no color such as #6E56CF");

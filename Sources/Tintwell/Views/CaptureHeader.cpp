@@ -1,7 +1,7 @@
 #include "CaptureHeader.h"
 
-#include "BrandMark.h"
 #include "Accessibility.h"
+#include "BrandMark.h"
 #include "ColorMimeData.h"
 #include "MacColorIntegration.h"
 #include "Metrics.h"
@@ -128,32 +128,38 @@ void CaptureHeader::placeMark()
 
 void CaptureHeader::dragEnterEvent(QDragEnterEvent* event)
 {
-    const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()));
     // The source's own swatch may be dragged about without an effect.
-    if (!color || color == model_.generated().source)
+    const bool isSource = event->source() != nullptr
+        && fromPastedContent(platform::pastedContent(*event->mimeData()))
+            == model_.generated().source;
+    if (isSource || !platform::canHoldColor(*event->mimeData()))
         return;
     event->acceptProposedAction();
-    lightUp(*color);
+    lightUp(true);
 }
 
 void CaptureHeader::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
-    lightUp(std::nullopt);
+    lightUp(false);
 }
 
-void CaptureHeader::lightUp(const std::optional<RGBAColor>& offered)
+void CaptureHeader::lightUp(bool isOffered)
 {
-    offered_ = offered;
+    isOffered_ = isOffered;
     update();
 }
 
 void CaptureHeader::dropEvent(QDropEvent* event)
 {
-    lightUp(std::nullopt);
-    if (const auto color = fromPastedContent(platform::pastedContent(*event->mimeData()))) {
-        model_.drop(*color);
-        event->acceptProposedAction();
-    }
+    lightUp(false);
+    const auto content = platform::droppedContent(*event, *this);
+    if (!content)
+        return model_.setStatus("Nothing dropped: " + content.error().description);
+    const auto color = fromPastedContent(content.value());
+    if (!color)
+        return model_.setStatus("Nothing dropped: it holds no color such as #6E56CF");
+    model_.drop(*color);
+    event->acceptProposedAction();
 }
 
 void CaptureHeader::resizeEvent(QResizeEvent*)
@@ -165,9 +171,9 @@ void CaptureHeader::resizeEvent(QResizeEvent*)
 void CaptureHeader::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    if (offered_) {
+    if (isOffered_) {
         painter.setRenderHint(QPainter::Antialiasing);
-        const auto light = toQColor(*offered_);
+        const auto light = ring_->color();
         painter.setPen(QPen(platform::faded(light, offerLineOpacity), offerLine));
         painter.setBrush(platform::faded(light, offerFillOpacity));
         painter.drawRoundedRect(

@@ -41,7 +41,7 @@ private:
     QLayout* makeColumn();
     void setCanSample(bool canSample);
     void placeMark();
-    void lightUp(const std::optional<RGBAColor>& offered);
+    void lightUp(bool isOffered);
 
     HeaderState shown_;
     bool focusReturns_ = false;
@@ -55,8 +55,8 @@ private:
     platform::Button* copy_;
     platform::Shadow shadow_;
     SwatchMotion motion_;
-    /// The colour of a drag that is over the header.
-    std::optional<RGBAColor> offered_;
+    /// Whether a drag that may bring a colour is over the header.
+    bool isOffered_ = false;
 };
 
 } // namespace tintwell

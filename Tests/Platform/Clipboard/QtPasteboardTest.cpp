@@ -30,16 +30,16 @@ TEST(QtPasteboard, ReadsWhatProgramsCopy)
     QtPasteboard pasteboard;
     auto* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
-    EXPECT_EQ(pasteboard.read().color, std::nullopt);
-    EXPECT_EQ(pasteboard.read().text, "");
+    EXPECT_EQ(pasteboard.read().value().color, std::nullopt);
+    EXPECT_EQ(pasteboard.read().value().text, "");
     clipboard->setText(QStringLiteral("#F2C14E"));
-    EXPECT_EQ(pasteboard.read().color, std::nullopt);
-    EXPECT_EQ(pasteboard.read().text, "#F2C14E");
+    EXPECT_EQ(pasteboard.read().value().color, std::nullopt);
+    EXPECT_EQ(pasteboard.read().value().text, "#F2C14E");
     const QColor color(0xFF, 0x33, 0x66, 0x99);
     pasteboard.write(contentOf(color));
-    ASSERT_TRUE(pasteboard.read().color.has_value());
-    EXPECT_EQ(toQColor(*pasteboard.read().color), color);
-    EXPECT_EQ(pasteboard.read().text, "#FF3366");
+    ASSERT_TRUE(pasteboard.read().value().color.has_value());
+    EXPECT_EQ(toQColor(*pasteboard.read().value().color), color);
+    EXPECT_EQ(pasteboard.read().value().text, "#FF3366");
 }
 
 } // namespace

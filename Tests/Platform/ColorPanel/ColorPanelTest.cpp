@@ -23,7 +23,7 @@ namespace {
 class RecordingPasteboard final : public Pasteboard {
 public:
     void write(const ColorContent& content) override { written.push_back(content); }
-    [[nodiscard]] PastedContent read() const override { return {}; }
+    [[nodiscard]] Result<PastedContent> read() const override { return PastedContent {}; }
 
     std::vector<ColorContent> written;
 };

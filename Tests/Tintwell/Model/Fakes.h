@@ -47,7 +47,7 @@ class FakePasteboard final : public platform::Pasteboard {
 public:
     void write(const platform::ColorContent& content) override { contents.push_back(content); }
 
-    [[nodiscard]] platform::PastedContent read() const override { return pasted; }
+    [[nodiscard]] platform::Result<platform::PastedContent> read() const override { return pasted; }
 
     std::vector<platform::ColorContent> contents;
     platform::PastedContent pasted;

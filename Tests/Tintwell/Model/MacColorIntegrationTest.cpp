@@ -195,7 +195,10 @@ TEST(ColorPasteboard, WritesTheColorAndItsHexText)
     struct Recorder final : platform::Pasteboard {
         std::vector<platform::ColorContent> contents;
         void write(const platform::ColorContent& content) override { contents.push_back(content); }
-        [[nodiscard]] platform::PastedContent read() const override { return {}; }
+        [[nodiscard]] platform::Result<platform::PastedContent> read() const override
+    {
+        return platform::PastedContent {};
+    }
     } pasteboard;
     ColorPasteboard::write({ "id", "name", { 1, 0.5, 0.25, 0.5 }, "detail" }, pasteboard);
     ASSERT_EQ(pasteboard.contents.size(), 1U);

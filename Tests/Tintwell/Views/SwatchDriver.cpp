@@ -2,7 +2,7 @@
 //
 // Prints "at X Y W H", the swatch on the screen in device pixels, once it is shown; then "clicked",
 // "dragging" and "dropped" as they happen, and "forbidden" when the pointer says so. A click also
-// copies the colour.
+// copies the colour. Ctrl+V says what there is to be pasted: "pasted", the text and a full stop.
 
 #include "ColorDrag.h"
 #include "MacColorIntegration.h"
@@ -10,6 +10,7 @@
 #include "QtPasteboard.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <QTimer>
 
 #include <iostream>
@@ -38,6 +39,8 @@ public:
         window_.setGeometry(60, 80, 220, 200);
         swatch_->installEventFilter(this);
         window_.show();
+        connect(new QShortcut(QKeySequence::Paste, &window_), &QShortcut::activated, this,
+            [this] { paste(); });
         // Only the state of a drag is watched, so that the drag itself runs as it always does.
         connect(&watch_, &QTimer::timeout, this, [this] { watchDrag(); });
         watch_.start(5);
@@ -49,6 +52,11 @@ protected:
         if (event->type() == QEvent::Paint)
             tellPlace();
         return false;
+    }
+    void paste() const
+    {
+        const auto content = pasteboard_.read();
+        say("pasted " + (content ? content.value().text + "." : content.error().description));
     }
 
 private:

@@ -193,22 +193,32 @@ TEST_F(TintwellViewTest, PastesByTheShortcutOnly)
 TEST_F(TintwellViewTest, TakesAColorThatIsDroppedOnTheHeader)
 {
     struct Case {
-        const char* text;
-        bool taken;
+        const char* kind;
+        const char* content;
+        bool isOffered; ///< As far as the kind tells.
+        const char* status;
     };
-    for (const auto& [text, taken] :
-        { Case { "no colour", false }, Case { "#6E56CF", false }, Case { "#F2C14E", true } }) {
+    auto* header = part<CaptureHeader>();
+    const auto edge = [&] { return header->grab().toImage().pixelColor(8, 80); };
+    const auto dark = edge();
+    for (const auto& [kind, content, isOffered, status] :
+        { Case { "image/png", "#F2C14E", false, "" },
+            Case { "text/plain", "no color", true,
+                "Nothing dropped: it holds no color such as #6E56CF" },
+            Case { "text/plain", "#F2C14E", true, "Dropped Pale Gold · #F2C14E" } }) {
         QMimeData data;
-        data.setText(QString::fromLatin1(text));
+        data.setData(QString::fromLatin1(kind), content);
         QDragEnterEvent enter({ 60, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();
-        QCoreApplication::sendEvent(part<CaptureHeader>(), &enter);
-        EXPECT_EQ(enter.isAccepted(), taken) << text;
-        if (!taken)
+        QCoreApplication::sendEvent(header, &enter);
+        EXPECT_EQ(enter.isAccepted(), isOffered) << content;
+        EXPECT_EQ(edge() != dark, isOffered) << "it lights up";
+        if (!isOffered)
             continue;
         QDropEvent drop({ 60, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(part<CaptureHeader>(), &drop);
-        EXPECT_EQ(model_->status(), "Dropped Pale Gold · #F2C14E");
+        QCoreApplication::sendEvent(header, &drop);
+        EXPECT_EQ(model_->status(), status);
+        EXPECT_EQ(edge(), dark);
     }
 }
 

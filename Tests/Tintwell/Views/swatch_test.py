@@ -1,6 +1,7 @@
 """A swatch on a real desktop: copied by a click, dragged into another toolkit's colour control."""
 
 import queue
+import signal
 import subprocess
 import sys
 import threading
@@ -119,6 +120,33 @@ class Click(Swatch):
         offered = clipboard("TARGETS").decode().split()
         self.assertIn("application/x-color", offered)
         self.assertIn("text/plain", offered)
+
+
+class Paste(Swatch):
+    def own_clipboard(self, text):
+        owner = subprocess.Popen(["xclip", "-quiet", "-selection", "clipboard"], stdin=subprocess.PIPE,
+                                 stderr=subprocess.DEVNULL)
+        self.addCleanup(owner.wait)
+        self.addCleanup(owner.kill)
+        owner.stdin.write(text)
+        owner.stdin.close()
+        while not clipboard("TARGETS"):
+            time.sleep(0.05)
+        return owner
+
+    def test_it_neither_waits_for_a_stopped_program_nor_reads_what_is_no_color(self):
+        owner = self.own_clipboard(b"#F2C14E")
+        for count, (stopped, said) in enumerate([(False, ["#F2C14E."]),
+                                                 (True, "the other program does not answer".split())], 1):
+            if stopped:
+                owner.send_signal(signal.SIGSTOP)
+            pointer("key", "ctrl+v")
+            self.assertEqual(self.swatch.wait("pasted", count)[1:], said)
+        owner.kill()
+        self.own_clipboard(b"#F2C14E " * 1_000_000)
+        pointer("key", "ctrl+v")
+        self.assertEqual(self.swatch.wait("pasted", 3)[1:], ["."])
+        self.assertEqual(len(clipboard("UTF8_STRING")), 8_000_000, "others can have it")
 
 
 class Drop(Swatch):
