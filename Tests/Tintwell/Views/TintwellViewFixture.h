@@ -155,14 +155,14 @@ protected:
         return nameOf(focus).toStdString();
     }
 
-    /// Which marks are there: ids of cells, or "source".
+    /// Which marks are in sight: ids of cells, or "source".
     [[nodiscard]] std::vector<std::string> marks() const
     {
         std::vector<std::string> ids;
         for (auto* mark : view_->findChildren<CopiedMark*>()) {
             EXPECT_EQ(mark->isCopied(), !mark->isHidden());
             const auto* cell = qobject_cast<SwatchCell*>(mark->parentWidget());
-            if (mark->isCopied())
+            if (mark->isVisible())
                 ids.push_back(cell ? cell->shown().namedColor.id : "source");
         }
         return ids;
