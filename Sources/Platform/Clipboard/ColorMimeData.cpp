@@ -42,10 +42,15 @@ bool canHoldColor(const QMimeData& data)
 Result<PastedContent> droppedContent(const QDropEvent& event, const QWidget& receiver)
 {
     // Of this process's own drag the toolkit has the content.
-    if (event.source() == nullptr)
-        if (auto content = readX11Selection(
-                "XdndSelection", static_cast<std::uint32_t>(receiver.window()->winId())))
+    if (event.source() == nullptr) {
+        auto content = readX11Selection(
+            "XdndSelection", static_cast<std::uint32_t>(receiver.window()->winId()));
+        // Some programs give what is dragged to nobody but the toolkit.
+        const bool isRefused
+            = !content || (*content && !content->value().color && content->value().text.empty());
+        if (!isRefused)
             return std::move(*content);
+    }
     return pastedContent(*event.mimeData());
 }
 

@@ -162,7 +162,9 @@ std::optional<Result<PastedContent>> readX11Selection(const char* selection, std
         return silent;
     PastedContent content { colorOf(*color), {} };
     for (const auto* target : textTargets) {
-        if (reader.hasEnded() || !content.text.empty())
+        if (reader.hasEnded())
+            return Error { "it is too long for a color" };
+        if (!content.text.empty())
             break;
         auto text = reader.read(target);
         if (!text)
