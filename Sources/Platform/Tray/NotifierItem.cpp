@@ -9,13 +9,9 @@ namespace platform {
 
 namespace {
 
-constexpr auto itemPath = "/StatusNotifierItem";
-constexpr auto menuPath = "/MenuBar";
-
-QString connectionName()
-{
-    return QStringLiteral("status-item");
-}
+constexpr QLatin1String itemPath("/StatusNotifierItem");
+constexpr QLatin1String menuPath("/MenuBar");
+constexpr QLatin1String connectionName("status-item");
 
 NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
 {
@@ -31,61 +27,29 @@ NotifierPixmap toNotifierPixmap(const QPixmap& pixmap)
 
 } // namespace
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierPixmap& pixmap)
-{
-    argument.beginStructure();
-    argument << pixmap.width << pixmap.height << pixmap.argb;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& pixmap)
-{
-    argument.beginStructure();
-    argument >> pixmap.width >> pixmap.height >> pixmap.argb;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip)
-{
-    argument.beginStructure();
-    argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.text;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& toolTip)
-{
-    argument.beginStructure();
-    argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.text;
-    argument.endStructure();
-    return argument;
-}
-
 NotifierItem::NotifierItem(const StatusItem::Content& content, QString iconName, Handlers handlers)
     : id_(QString::fromStdString(content.id))
     , title_(QString::fromStdString(content.title))
     , iconName_(std::move(iconName))
     , handlers_(std::move(handlers))
     , menu_(content.menu)
-    , bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName()))
+    , bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName))
 {
     qDBusRegisterMetaType<NotifierPixmap>();
     qDBusRegisterMetaType<QList<NotifierPixmap>>();
     qDBusRegisterMetaType<NotifierToolTip>();
-    bus_.registerObject(QString::fromLatin1(menuPath), &menu_, QDBusConnection::ExportAllContents);
-    bus_.registerObject(QString::fromLatin1(itemPath), this, QDBusConnection::ExportAllContents);
+    bus_.registerObject(menuPath, &menu_, QDBusConnection::ExportAllContents);
+    bus_.registerObject(itemPath, this, QDBusConnection::ExportAllContents);
 }
 
 NotifierItem::~NotifierItem()
 {
-    QDBusConnection::disconnectFromBus(connectionName());
+    QDBusConnection::disconnectFromBus(connectionName);
 }
 
 QDBusObjectPath NotifierItem::menu() const
 {
-    return QDBusObjectPath(QString::fromLatin1(menuPath));
+    return QDBusObjectPath(QString(menuPath));
 }
 
 void NotifierItem::setIcon(const QList<QPixmap>& sizes)

@@ -1,10 +1,10 @@
 // A tray item over the bus ("org.kde.StatusNotifierItem").
 #pragma once
 
+#include "BusStructure.h"
 #include "NotifierMenu.h"
 
 #include <QByteArray>
-#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QList>
@@ -22,6 +22,11 @@ struct NotifierPixmap {
     int width = 0;
     int height = 0;
     QByteArray argb;
+
+    static auto members()
+    {
+        return std::tuple(&NotifierPixmap::width, &NotifierPixmap::height, &NotifierPixmap::argb);
+    }
 };
 
 /// (sa(iiay)ss)
@@ -30,12 +35,13 @@ struct NotifierToolTip {
     QList<NotifierPixmap> icon;
     QString title;
     QString text;
-};
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierPixmap& pixmap);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& pixmap);
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& toolTip);
+    static auto members()
+    {
+        return std::tuple(&NotifierToolTip::iconName, &NotifierToolTip::icon,
+            &NotifierToolTip::title, &NotifierToolTip::text);
+    }
+};
 
 /// The item on the session bus for as long as the object lives. Qt has such an item too, but it
 /// chooses between the kinds of tray once a process; this one comes and goes with the tray.

@@ -5,54 +5,6 @@
 
 namespace platform {
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuLayout& layout)
-{
-    argument.beginStructure();
-    argument << layout.id << layout.properties << layout.children;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuLayout& layout)
-{
-    argument.beginStructure();
-    argument >> layout.id >> layout.properties >> layout.children;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuProperties& properties)
-{
-    argument.beginStructure();
-    argument << properties.id << properties.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuProperties& properties)
-{
-    argument.beginStructure();
-    argument >> properties.id >> properties.properties;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuEvent& event)
-{
-    argument.beginStructure();
-    argument << event.id << event.name << event.data << event.timestamp;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuEvent& event)
-{
-    argument.beginStructure();
-    argument >> event.id >> event.name >> event.data >> event.timestamp;
-    argument.endStructure();
-    return argument;
-}
-
 NotifierMenu::NotifierMenu(std::vector<StatusItem::MenuEntry> entries)
     : entries_(std::move(entries))
 {

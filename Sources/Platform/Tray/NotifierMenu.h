@@ -1,9 +1,9 @@
 // The tray menu as the desktop's tray reads it over the bus ("com.canonical.dbusmenu").
 #pragma once
 
+#include "BusStructure.h"
 #include "StatusItem.h"
 
-#include <QDBusArgument>
 #include <QDBusVariant>
 #include <QList>
 #include <QObject>
@@ -17,12 +17,23 @@ struct NotifierMenuLayout {
     int id = 0;
     QVariantMap properties;
     QList<QDBusVariant> children;
+
+    static auto members()
+    {
+        return std::tuple(&NotifierMenuLayout::id, &NotifierMenuLayout::properties,
+            &NotifierMenuLayout::children);
+    }
 };
 
 /// An entry's properties alone: (ia{sv}).
 struct NotifierMenuProperties {
     int id = 0;
     QVariantMap properties;
+
+    static auto members()
+    {
+        return std::tuple(&NotifierMenuProperties::id, &NotifierMenuProperties::properties);
+    }
 };
 
 /// What happened to an entry: (isvu).
@@ -31,14 +42,13 @@ struct NotifierMenuEvent {
     QString name;
     QDBusVariant data;
     uint timestamp = 0;
-};
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuLayout& layout);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuLayout& layout);
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuProperties& properties);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuProperties& properties);
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuEvent& event);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuEvent& event);
+    static auto members()
+    {
+        return std::tuple(&NotifierMenuEvent::id, &NotifierMenuEvent::name,
+            &NotifierMenuEvent::data, &NotifierMenuEvent::timestamp);
+    }
+};
 
 /// A flat menu whose entries stay the same. Entry numbers start at 1; 0 is the menu itself.
 class NotifierMenu : public QObject {

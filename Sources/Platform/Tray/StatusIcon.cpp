@@ -24,11 +24,6 @@ bool desktopIs(const char* wanted)
     });
 }
 
-bool isDark(const QColor& color)
-{
-    return qGray(color.rgb()) < 128;
-}
-
 } // namespace
 
 StatusIcon::StatusIcon(StatusIconPainter paint)
@@ -47,7 +42,7 @@ QList<QPixmap> StatusIcon::pixmaps(Bar bar) const
 
 StatusIcon::Bar StatusIcon::barOfColor(const QColor& color)
 {
-    return isDark(color) ? Bar::dark : Bar::light;
+    return qGray(color.rgb()) < 128 ? Bar::dark : Bar::light;
 }
 
 StatusIcon::Bar StatusIcon::likelyBar()

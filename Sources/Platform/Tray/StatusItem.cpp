@@ -59,12 +59,10 @@ StatusItem::StatusItem(
 
 StatusItem::~StatusItem() = default;
 
-std::optional<ScreenRect> StatusItem::place() const
+std::optional<QRect> StatusItem::place() const
 {
     const auto rect = inX11Tray_ ? inX11Tray_->place() : QRect();
-    if (rect.isEmpty())
-        return std::nullopt;
-    return ScreenRect { rect.x(), rect.y(), rect.width(), rect.height() };
+    return rect.isEmpty() ? std::nullopt : std::optional(rect);
 }
 
 void StatusItem::followTray()
@@ -81,19 +79,12 @@ void StatusItem::followTray()
         return;
     notifier_.reset();
     inX11Tray_.reset();
-    switch (tray) {
-    case Tray::notifier:
-        showNotifier();
-        break;
-    case Tray::embedding:
-        showInX11Tray();
-        break;
-    case Tray::none:
-    case Tray::unknown:
-        break;
-    }
     if (tray == Tray::none)
         return waitForTray();
+    if (tray == Tray::notifier)
+        showNotifier();
+    else
+        showInX11Tray();
     expectsTray_ = true;
     setPresence(Presence::shown);
 }
@@ -140,8 +131,7 @@ void StatusItem::activate(QPoint hint) const
     if (const auto item = place())
         return events_.activated(item);
     const auto click = clickPlace(hint);
-    events_.activated(
-        click ? std::optional(ScreenRect { click->x(), click->y(), 1, 1 }) : std::nullopt);
+    events_.activated(click ? std::optional(QRect(*click, QSize(1, 1))) : std::nullopt);
 }
 
 /// For trays that leave the menu to the item. On Wayland a menu needs a window of ours below it: it

@@ -4,6 +4,7 @@
 #include "StatusIcon.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QTimer>
 
 #include <functional>
@@ -19,16 +20,6 @@ namespace platform {
 class NotifierItem;
 class TrayWatch;
 class X11TrayItem;
-
-/// A rectangle in logical screen coordinates.
-struct ScreenRect {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    bool operator==(const ScreenRect&) const = default;
-};
 
 /// An item with an icon and a menu that appears in whichever tray there is, and moves when another
 /// one takes over: over the bus where a tray host listens, else in the window of an X11 tray.
@@ -58,9 +49,9 @@ public:
     };
 
     struct Events {
-        /// The item was clicked; the rectangle is the item's, or a point on it, where the desktop
-        /// tells.
-        std::function<void(std::optional<ScreenRect>)> activated;
+        /// The item was clicked; the rectangle, in logical screen coordinates, is the item's, or a
+        /// point on it, where the desktop tells.
+        std::function<void(std::optional<QRect>)> activated;
         /// The same with the middle button.
         std::function<void()> middleClicked;
         std::function<void(Presence)> presenceChanged;
@@ -78,7 +69,7 @@ public:
 
     [[nodiscard]] Presence presence() const { return presence_; }
     /// Where the item is, if the tray tells.
-    [[nodiscard]] std::optional<ScreenRect> place() const;
+    [[nodiscard]] std::optional<QRect> place() const;
     /// Gives an absent tray the time again that a desktop needs to start one.
     void waitForTray();
     /// Counts a tray that is not there as absent at once.

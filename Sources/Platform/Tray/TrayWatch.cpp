@@ -12,14 +12,8 @@ namespace platform {
 
 namespace {
 
-QString watcherName()
-{
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
-}
-QString watcherPath()
-{
-    return QStringLiteral("/StatusNotifierWatcher");
-}
+constexpr QLatin1String watcherName("org.kde.StatusNotifierWatcher");
+constexpr QLatin1String watcherPath("/StatusNotifierWatcher");
 
 } // namespace
 
@@ -28,7 +22,7 @@ TrayWatch::TrayWatch()
 {
     if (auto bus = QDBusConnection::sessionBus(); bus.isConnected()) {
         service_ = std::make_unique<QDBusServiceWatcher>(
-            watcherName(), bus, QDBusServiceWatcher::WatchForOwnerChange);
+            watcherName, bus, QDBusServiceWatcher::WatchForOwnerChange);
         connect(service_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) {
                 if (owner.isEmpty())
@@ -38,8 +32,8 @@ TrayWatch::TrayWatch()
             });
         for (const auto* signal :
             { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
-            bus.connect(watcherName(), watcherPath(), watcherName(), QString::fromLatin1(signal),
-                this, SLOT(askForHost()));
+            bus.connect(watcherName, watcherPath, watcherName, QString::fromLatin1(signal), this,
+                SLOT(askForHost()));
         bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
             QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
             SLOT(loseHost()));
@@ -69,9 +63,9 @@ TrayWatch::Tray TrayWatch::tray() const
 
 void TrayWatch::askForHost()
 {
-    auto call = QDBusMessage::createMethodCall(watcherName(), watcherPath(),
+    auto call = QDBusMessage::createMethodCall(watcherName, watcherPath,
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    call << watcherName() << QStringLiteral("IsStatusNotifierHostRegistered");
+    call << QString(watcherName) << QStringLiteral("IsStatusNotifierHostRegistered");
     // Nobody is started for the sake of this question.
     call.setAutoStartService(false);
     auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);

@@ -79,10 +79,10 @@ void PanelPresenter::show()
     item_.stopWaiting();
 }
 
-void PanelPresenter::itemActivated(const std::optional<platform::ScreenRect>& place)
+void PanelPresenter::itemActivated(const std::optional<QRect>& place)
 {
     if (place)
-        lastPlace_ = QRect(place->x, place->y, place->width, place->height);
+        lastPlace_ = place;
     auto* window = panel_.openWindow();
     if (window != nullptr && window->isActiveWindow())
         window->hide();
@@ -167,9 +167,7 @@ void PanelPresenter::windowClosed()
 
 QRect PanelPresenter::anchor() const
 {
-    if (const auto place = item_.place())
-        return { place->x, place->y, place->width, place->height };
-    return lastPlace_.value_or(likelyItemPlace());
+    return item_.place().value_or(lastPlace_.value_or(likelyItemPlace()));
 }
 
 bool PanelPresenter::hasTray() const

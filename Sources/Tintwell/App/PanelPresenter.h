@@ -34,7 +34,7 @@ private:
     [[nodiscard]] std::vector<platform::StatusItem::MenuEntry> menu();
     void copySource();
     void pickEnded();
-    void itemActivated(const std::optional<platform::ScreenRect>& place);
+    void itemActivated(const std::optional<QRect>& place);
     void trayChanged(platform::StatusItem::Presence presence);
     /// Opens the panel as a window where nothing else would reach the process.
     void standIn();
