@@ -13,11 +13,6 @@ struct NamedRange {
     double from;
     double below;
     std::string_view name;
-
-    [[nodiscard]] constexpr bool holds(double value) const
-    {
-        return value >= from && value < below;
-    }
 };
 
 constexpr double neutralChromaLimit = 0.025;
@@ -53,8 +48,8 @@ template <std::size_t size>
 std::string_view nameIn(
     const std::array<NamedRange, size>& table, double value, std::string_view otherwise)
 {
-    const auto row = std::find_if(
-        table.begin(), table.end(), [value](const auto& range) { return range.holds(value); });
+    const auto row = std::find_if(table.begin(), table.end(),
+        [value](const auto& range) { return value >= range.from && value < range.below; });
     return row == table.end() ? otherwise : row->name;
 }
 

@@ -39,14 +39,7 @@ std::string contrastText(double ratio)
 
 std::string numbered(std::string_view prefix, std::int64_t number)
 {
-    std::array<char, 20> digits {};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    const std::string_view decimal(
-        digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
-    std::string text;
-    text.reserve(prefix.size() + decimal.size());
-    text.append(prefix).append(decimal);
-    return text;
+    return std::string(prefix) + std::to_string(number);
 }
 
 } // namespace tintwell

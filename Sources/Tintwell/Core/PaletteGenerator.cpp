@@ -86,10 +86,7 @@ PaletteSection sectionOf(
 /// "triadic.2": the id of the next member.
 std::string nextMemberId(const PaletteSection& section)
 {
-    std::string id;
-    id.reserve(section.id.size() + 2);
-    id.append(section.id).append(1, '.').append(1, static_cast<char>('0' + section.colors.size()));
-    return id;
+    return section.id + '.' + static_cast<char>('0' + section.colors.size());
 }
 
 PaletteSection harmonySection(const OKLCH& base, const Harmony& harmony)
