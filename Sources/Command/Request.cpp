@@ -114,15 +114,9 @@ Report performSave(const Request& request)
     });
 }
 
-platform::ColorListRegistry colorLists()
-{
-    return platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder());
-}
-
 Report performInstall(const Request& request)
 {
-    MacColorListInstaller installer(
-        colorLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()));
+    MacColorListInstaller installer { platform::ColorListRegistry(), platform::PalettePublisher() };
     if (request.color)
         return withColor(request.color, [&](const RGBAColor& color) {
             return installColors(installer, PaletteGenerator().generate(color).exportColors());
@@ -166,7 +160,7 @@ Report performCommand(const Request& request, const Terminal& terminal)
     case Command::listColorLists:
         break;
     }
-    return Report::printed(listsLayout(colorLists().availableColorLists()));
+    return Report::printed(listsLayout(platform::ColorListRegistry().availableColorLists()));
 }
 
 } // namespace

@@ -154,10 +154,9 @@ QImage colorsWindow()
 {
     DesktopServices services;
     const auto palette = PaletteGenerator().generate(*RGBAColor::fromHex("#6E56CF"));
-    const auto installed = MacColorListInstaller(
-        platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder()),
-        platform::PalettePublisher({}))
-                               .install("Tintwell", palette.exportColors(), std::nullopt);
+    const auto installed
+        = MacColorListInstaller(platform::ColorListRegistry(), platform::PalettePublisher({}))
+              .install("Tintwell", palette.exportColors(), std::nullopt);
     if (!installed)
         return {};
     services.colorPanel().orderFront();

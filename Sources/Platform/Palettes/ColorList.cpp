@@ -167,16 +167,6 @@ Result<std::string> textOf(const ColorList& list)
     return text;
 }
 
-/// Whether something other than a file is at `file`; a rename would replace even a device.
-bool isOccupied(const path& file)
-{
-    std::error_code ignored;
-    const auto type = std::filesystem::status(file, ignored).type();
-    using std::filesystem::file_type;
-    return type != file_type::regular && type != file_type::not_found && type != file_type::none
-        && type != file_type::directory;
-}
-
 } // namespace
 
 ColorList::ColorList(std::string name)
@@ -289,9 +279,6 @@ Result<path> ColorListRegistry::write(const ColorList& list, const path& file) c
         if (auto made = createFolders(folder_); !made)
             return made.error();
     }
-    if (isOccupied(target))
-        return Error { target.filename().string()
-            + " could not be written: it is not a regular file" };
     if (auto written = writeFileAtomically(target, text.value()); !written)
         return written.error();
     return target;

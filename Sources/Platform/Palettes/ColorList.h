@@ -51,7 +51,7 @@ private:
 /// and a renamed file is a renamed list. Files that are no lists are passed over and never touched.
 class ColorListRegistry {
 public:
-    explicit ColorListRegistry(std::filesystem::path folder);
+    explicit ColorListRegistry(std::filesystem::path folder = defaultFolder());
 
     /// "Library/Colors" in the user's home folder.
     [[nodiscard]] static std::filesystem::path defaultFolder();

@@ -23,7 +23,7 @@ public:
         std::vector<std::filesystem::path> gimp {};
     };
 
-    explicit PalettePublisher(Folders folders);
+    explicit PalettePublisher(Folders folders = userFolders(processEnvironment()));
 
     /// The folders of this user: $XDG_CONFIG_HOME and $XDG_DATA_HOME or their defaults,
     /// $GIMP2_DIRECTORY and $GIMP3_DIRECTORY (relative ones start at home).

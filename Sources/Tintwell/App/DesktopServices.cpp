@@ -26,11 +26,6 @@ QColor inkOn(const QColor& fill)
     return toQColor(readableInkOn(fromQColor(fill.rgb())));
 }
 
-platform::ColorListRegistry userLists()
-{
-    return platform::ColorListRegistry(platform::ColorListRegistry::defaultFolder());
-}
-
 } // namespace
 
 class DesktopServices::Sampler final : public ScreenColorSampling {
@@ -60,8 +55,8 @@ private:
 };
 
 DesktopServices::DesktopServices()
-    : installer_(userLists(), platform::PalettePublisher(platform::PalettePublisher::userFolders()))
-    , colorPanel_({ pasteboard_, userLists(), inkOn, installedListName })
+    : installer_(platform::ColorListRegistry(), platform::PalettePublisher())
+    , colorPanel_({ pasteboard_, platform::ColorListRegistry(), inkOn, installedListName })
 {
 }
 

@@ -286,6 +286,10 @@ TEST(ColorListRegistry, WritesToAFileOfTheCallersChoice)
     const auto written = registry.write(listNamed("L"), folder / "missing/L.clr");
     ASSERT_FALSE(written);
     EXPECT_EQ(written.error().description, "L.clr could not be written: its folder is missing");
+
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(registry.write(listNamed("L"), folder / "pipe").error().description,
+        "pipe could not be written: it is not a regular file");
 }
 
 } // namespace

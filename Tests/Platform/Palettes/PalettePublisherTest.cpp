@@ -240,16 +240,18 @@ TEST(PalettePublisher, RefusesNamesThatAreNoFileNames)
 
 TEST(PalettePublisher, TakesTheFoldersOfGimpFromTheEnvironment)
 {
-    const std::map<std::string, std::string> variables { { "HOME", "/h" },
-        { "XDG_CONFIG_HOME", "/c" }, { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } };
-    const auto folders
-        = PalettePublisher::userFolders([&](const char* name) -> std::optional<std::string> {
-              const auto found = variables.find(name);
-              return found == variables.end() ? std::nullopt : std::optional(found->second);
-          });
+    std::map<std::string, std::string> variables { { "HOME", "/h" }, { "XDG_CONFIG_HOME", "/c" },
+        { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } };
+    const auto environment = [&](const char* name) -> std::optional<std::string> {
+        const auto found = variables.find(name);
+        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    };
+    const auto folders = PalettePublisher::userFolders(environment);
     EXPECT_EQ(folders.config, "/c");
     EXPECT_EQ(folders.data, "/h/.local/share");
     EXPECT_EQ(folders.gimp, (std::vector<fs::path> { "/g", "/h/.g3" }));
+    variables["GIMP2_DIRECTORY"] = "";
+    EXPECT_EQ(PalettePublisher::userFolders(environment).gimp, std::vector<fs::path> { "/h/.g3" });
 }
 
 } // namespace
