@@ -352,22 +352,9 @@ void unhyphenColors(std::vector<std::string>& arguments)
 
 bool usesLibrary(Command command)
 {
-    switch (command) {
-    case Command::savePalette:
-    case Command::listLibrary:
-    case Command::deletePalette:
-    case Command::usePalette:
-    case Command::install:
-        return true;
-    case Command::palette:
-    case Command::exportColors:
-    case Command::name:
-    case Command::contrast:
-    case Command::listColorLists:
-    case Command::autostart:
-        break;
-    }
-    return false;
+    constexpr std::array all { Command::savePalette, Command::listLibrary, Command::deletePalette,
+        Command::usePalette, Command::install };
+    return std::find(all.begin(), all.end(), command) != all.end();
 }
 
 /// What the grammar itself cannot say; empty when all is well.
