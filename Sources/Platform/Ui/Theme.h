@@ -1,11 +1,12 @@
 // The neutral colours of the interface, light and dark.
 #pragma once
 
-#include "Appearance.h"
-
 #include <QColor>
 
 namespace platform {
+
+/// How the desktop looks.
+enum class Appearance { light, dark };
 
 /// Neutral colours; they never take on the colour that the user works with. Some are translucent
 /// and meant to lie on `windowBackground`.

@@ -1,7 +1,6 @@
 // The records of a derived palette: plain values, whole in themselves.
 #pragma once
 
-#include "Appearance.h"
 #include "RGBAColor.h"
 
 #include <cstddef>
@@ -34,7 +33,8 @@ struct PaletteSection {
     bool operator==(const PaletteSection&) const = default;
 };
 
-using platform::Appearance;
+/// What a theme is made for.
+enum class Appearance { light, dark };
 
 /// "light" or "dark".
 [[nodiscard]] std::string_view rawValue(Appearance appearance);
