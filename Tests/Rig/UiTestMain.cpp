@@ -12,7 +12,6 @@ int main(int argc, char** argv)
     qunsetenv("QT_SCALE_FACTOR");
     const QApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
-    platform::ThemeSource::instance().setAppearance(platform::Appearance::light);
-    platform::ThemeSource::instance().setReducesMotion(false);
+    platform::ThemeSource::instance().setDesktopPreferences({ platform::Appearance::light, false });
     return RUN_ALL_TESTS();
 }

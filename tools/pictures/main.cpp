@@ -25,7 +25,7 @@ bool save(const tintwell::Picture& picture, const QString& folder)
     using platform::Appearance;
     bool done = true;
     for (const auto appearance : { Appearance::light, Appearance::dark }) {
-        platform::ThemeSource::instance().setAppearance(appearance);
+        platform::ThemeSource::instance().setDesktopPreferences({ appearance, {} });
         const auto* suffix = appearance == Appearance::light ? "-light.png" : "-dark.png";
         const auto file = folder + QLatin1Char('/') + QString::fromStdString(picture.name + suffix);
         if (!picture.draw().save(file)) {

@@ -77,18 +77,6 @@ void ThemeSource::applyPalette() const
     QToolTip::setPalette(palette);
 }
 
-void ThemeSource::setAppearance(std::optional<Appearance> appearance)
-{
-    fixedAppearance_ = appearance;
-    update();
-}
-
-void ThemeSource::setReducesMotion(std::optional<bool> reduces)
-{
-    fixedReducesMotion_ = reduces;
-    update();
-}
-
 void ThemeSource::setDesktopPreferences(const DesktopPreferences& preferences)
 {
     desktop_ = preferences;
@@ -115,10 +103,8 @@ void ThemeSource::readToolkitPalette()
 
 void ThemeSource::update()
 {
-    const auto appearance
-        = fixedAppearance_.value_or(desktop_.appearance.value_or(toolkitAppearance_));
-    const auto reduces
-        = fixedReducesMotion_.value_or(desktop_.reducesMotion.value_or(styleReducesMotion()));
+    const auto appearance = desktop_.appearance.value_or(toolkitAppearance_);
+    const auto reduces = desktop_.reducesMotion.value_or(styleReducesMotion());
     if (appearance == appearance_ && reduces == reducesMotion_)
         return;
     const auto repaint = appearance != appearance_;

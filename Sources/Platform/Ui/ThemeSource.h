@@ -21,8 +21,8 @@ struct DesktopPreferences {
 /// The one place that knows the current theme. It keeps the application's palette in step, so every
 /// widget is repainted by the ordinary palette change and asks `currentTheme()` while it paints.
 ///
-/// Dark or light is the fixed choice if there is one, else what the desktop's settings say, else
-/// what the palette of the toolkit looks like. Main thread only.
+/// Dark or light is what the desktop's settings say, else what the palette of the toolkit looks
+/// like. Main thread only.
 class ThemeSource : public QObject {
     Q_OBJECT
 public:
@@ -34,10 +34,6 @@ public:
 
     /// True when the desktop asks for no animation: everything then switches at once.
     [[nodiscard]] bool reducesMotion() const { return reducesMotion_; }
-
-    /// A fixed choice for pictures and tests; `nullopt` follows the desktop again.
-    void setAppearance(std::optional<Appearance> appearance);
-    void setReducesMotion(std::optional<bool> reduces);
 
     /// What the desktop says now.
     void setDesktopPreferences(const DesktopPreferences& preferences);
@@ -55,8 +51,6 @@ private:
     void applyPalette() const;
     void update();
 
-    std::optional<Appearance> fixedAppearance_;
-    std::optional<bool> fixedReducesMotion_;
     DesktopPreferences desktop_;
     Appearance toolkitAppearance_;
     Appearance appearance_;

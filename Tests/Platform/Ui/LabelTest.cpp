@@ -81,7 +81,7 @@ TEST(Label, FollowsTheTheme)
     Label label({ .size = 24 }, &Theme::text, QStringLiteral("■"));
     label.resize(label.sizeHint());
     for (const auto appearance : { Appearance::dark, Appearance::light }) {
-        ThemeSource::instance().setAppearance(appearance);
+        ThemeSource::instance().setDesktopPreferences({ appearance, false });
         const auto middle = label.rect().center();
         EXPECT_EQ(label.grab().toImage().pixelColor(middle), themeOf(appearance).text);
     }

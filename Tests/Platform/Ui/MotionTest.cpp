@@ -58,7 +58,7 @@ protected:
     void TearDown() override
     {
         clock_.releaseTime();
-        ThemeSource::instance().setReducesMotion(false);
+        ThemeSource::instance().setDesktopPreferences({ Appearance::light, false });
     }
 
     MotionClock& clock_ = MotionClock::instance();
@@ -124,7 +124,7 @@ TEST_F(MotionTest, MayStartAnewAndEndOthersInsideAStep)
 
 TEST_F(MotionTest, SwitchesAtOnceWhenTheDesktopAsksForNoAnimation)
 {
-    ThemeSource::instance().setReducesMotion(true);
+    ThemeSource::instance().setDesktopPreferences({ Appearance::light, true });
     Motion motion;
     std::vector<double> steps;
     bool finished = false;

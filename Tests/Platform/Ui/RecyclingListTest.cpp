@@ -142,10 +142,10 @@ TEST_F(RecyclingListTest, ScrollsByPixelsAtOnceAndByNotchesWithAGlide)
     MotionClock::instance().advance(1);
     EXPECT_EQ(bar->value(), 37 + 128);
 
-    ThemeSource::instance().setReducesMotion(true);
+    ThemeSource::instance().setDesktopPreferences({ Appearance::light, true });
     wheel({}, { 0, 120 });
     EXPECT_EQ(bar->value(), 37 + 64);
-    ThemeSource::instance().setReducesMotion(false);
+    ThemeSource::instance().setDesktopPreferences({ Appearance::light, false });
     MotionClock::instance().releaseTime();
 }
 

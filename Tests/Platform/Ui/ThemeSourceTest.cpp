@@ -10,13 +10,7 @@ namespace {
 
 class ThemeSourceTest : public ::testing::Test {
 protected:
-    void SetUp() override { source_.setAppearance({}); }
-    void TearDown() override
-    {
-        source_.setDesktopPreferences({});
-        source_.setAppearance(Appearance::light);
-        source_.setReducesMotion(false);
-    }
+    void TearDown() override { source_.setDesktopPreferences({ Appearance::light, false }); }
 
     ThemeSource& source_ = ThemeSource::instance();
 };
@@ -36,12 +30,9 @@ TEST_F(ThemeSourceTest, RepaintsEveryWidgetOnTheNextTurnWhenTheDesktopTurnsDark)
     EXPECT_EQ(changed.count(), 1);
 }
 
-TEST_F(ThemeSourceTest, PrefersAFixedChoice)
+TEST_F(ThemeSourceTest, ReducesMotionAsTheDesktopElseTheStyleSays)
 {
-    source_.setAppearance(Appearance::light);
     source_.setDesktopPreferences({ Appearance::dark, true });
-    EXPECT_EQ(source_.appearance(), Appearance::light);
-    source_.setReducesMotion({});
     EXPECT_TRUE(source_.reducesMotion());
     source_.setDesktopPreferences({ Appearance::dark, {} });
     EXPECT_FALSE(source_.reducesMotion());

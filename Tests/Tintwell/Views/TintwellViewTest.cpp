@@ -487,7 +487,7 @@ TEST_F(TintwellViewTest, RepaintsAllOfItselfWhenTheDesktopTurnsDark)
     for (const auto tab : allWorkspaceTabs) {
         choose(tab);
         for (const auto appearance : { Appearance::dark, Appearance::light }) {
-            platform::ThemeSource::instance().setAppearance(appearance);
+            platform::ThemeSource::instance().setDesktopPreferences({ appearance, false });
             settle();
             const auto background = platform::themeOf(appearance).windowBackground;
             // Header, between workspace and edge, footer.
