@@ -235,12 +235,7 @@ QImage symbols()
         paintCaption(painter, { left, top + 148 }, QLatin1String(name));
         ++index;
     }
-    double left = 0;
-    for (const double side : { 160.0, 96.0, 64.0, 32.0 }) {
-        platform::paintBrand(painter, { left, 560 - side, side, side }, side / 4);
-        left += side + 40;
-    }
-    painter.translate(left, 528);
+    painter.translate(0, 528);
     paintWidget(painter, {}, new BrandMark(QImage()), { 32, 32 });
     return sheet;
 }

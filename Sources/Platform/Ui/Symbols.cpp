@@ -1,10 +1,8 @@
 #include "Symbols.h"
 
 #include "PathData.h"
-#include "Shapes.h"
 
 #include <QColor>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPathStroker>
 
@@ -192,44 +190,6 @@ void paintSymbol(
     painter.translate(box.center() - QPointF(side / 2, side / 2));
     painter.scale(side / gridSide, side / gridSide);
     painter.fillPath(symbolOutline(symbol, stroke), color);
-    painter.restore();
-}
-
-void paintBrand(QPainter& painter, const QRectF& box, double radius)
-{
-    struct Chip {
-        double turnDegrees;
-        QRgb color;
-    };
-    constexpr auto chips
-        = std::to_array<Chip>({ { -36, 0xFF9784FF }, { 36, 0xFFFFC470 }, { 0, 0xFFFF94A8 } });
-    constexpr double sideSpace = 64;
-    constexpr QPointF pivot(32, 45);
-    static const auto chipShape
-        = pathOf("M23.5 16.5C23.5 13.4624 25.9624 11 29 11H35C38.0376 11 40.5 13.4624 40.5 16.5V45"
-                 "C40.5 49.6944 36.6944 53.5 32 53.5C27.3056 53.5 23.5 49.6944 23.5 45Z");
-
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    QLinearGradient ground(box.topLeft(), box.bottomLeft());
-    ground.setColorAt(0, QColor(0xFC, 0xFB, 0xFF));
-    ground.setColorAt(1, QColor(0xE9, 0xE2, 0xFF));
-    painter.fillPath(smoothRoundedRect(box, radius), ground);
-
-    painter.translate(box.topLeft());
-    painter.scale(box.width() / sideSpace, box.height() / sideSpace);
-    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-    for (const auto& chip : chips) {
-        QTransform turn;
-        turn.translate(pivot.x(), pivot.y());
-        turn.rotate(chip.turnDegrees);
-        turn.translate(-pivot.x(), -pivot.y());
-        painter.fillPath(turn.map(chipShape), QColor::fromRgb(chip.color));
-    }
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    QPainterPath dot;
-    dot.addEllipse(pivot, 3.2, 3.2);
-    painter.fillPath(dot, QColor(0xFB, 0xF9, 0xFF));
     painter.restore();
 }
 

@@ -35,7 +35,4 @@ inline constexpr double symbolStroke = 1.75;
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColor& color,
     double stroke = symbolStroke);
 
-/// The brand picture: a smooth square of `radius` with three overlapping colour chips.
-void paintBrand(QPainter& painter, const QRectF& box, double radius);
-
 } // namespace platform

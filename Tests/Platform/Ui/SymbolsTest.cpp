@@ -61,19 +61,5 @@ TEST(Symbols, StayEvenInATranslucentColor)
     }
 }
 
-TEST(Brand, MultipliesTheChips)
-{
-    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paintBrand(painter, image.rect(), 16);
-    painter.end();
-    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
-    EXPECT_GT(image.pixelColor(32, 45).lightness(), 245);
-    const auto single = image.pixelColor(32, 14);
-    EXPECT_NEAR(single.red(), 0xF8, 3);
-    EXPECT_LT(image.pixelColor(32, 50).lightness(), 110);
-}
-
 } // namespace
 } // namespace platform
