@@ -1,6 +1,6 @@
 #include "NativeColorSwatch.h"
 
-#include "ColorDrag.h"
+#include "DragWatch.h"
 #include "QtColor.h"
 #include "ThemeSource.h"
 
@@ -17,29 +17,6 @@
 
 namespace tintwell {
 namespace {
-
-/// Hears every drag begin, from the events that any drag brings to the application.
-class DragWatch final : public QObject {
-public:
-    DragWatch() { qApp->installEventFilter(this); }
-    int count = 0;
-    std::function<void()> onDrag = [] {};
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override
-    {
-        const bool began = platform::isColorDragRunning() && !isRunning_;
-        isRunning_ = platform::isColorDragRunning();
-        if (began) {
-            ++count;
-            onDrag();
-        }
-        return false;
-    }
-
-private:
-    bool isRunning_ = false;
-};
 
 class Swatch : public testing::Test {
 protected:
@@ -96,7 +73,7 @@ protected:
 
     static constexpr QPointF start { 20.3, 10.6 };
     int clicks_ = 0;
-    DragWatch drags_;
+    platform::DragWatch drags_;
     QWidget window_;
     QPointer<DraggableColorView> view_;
 };
@@ -183,8 +160,8 @@ TEST_F(Swatch, IsAButtonToAssistiveTechnology)
     EXPECT_EQ(button->role(), QAccessible::Button);
     EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Violet"));
     EXPECT_EQ(button->text(QAccessible::Value), QStringLiteral("#FF8040"));
-    const auto help = QStringLiteral(
-        "Click to copy this color, or drag it into a compatible color control.");
+    const auto help
+        = QStringLiteral("Click to copy this color, or drag it into a compatible color control.");
     EXPECT_EQ(button->text(QAccessible::Help), help);
     EXPECT_EQ(button->text(QAccessible::Description), QStringLiteral("#FF8040. ") + help);
     view_->setPlace(QStringLiteral("Tones"));
