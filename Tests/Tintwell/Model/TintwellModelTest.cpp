@@ -482,6 +482,20 @@ TEST(TintwellModel, AFailureLeavesTheLibraryAsItWas)
     EXPECT_EQ(namesIn(scene.model().savedPalettes()), Names { "Violet" });
 }
 
+TEST(TintwellModel, LeavesALibraryThatItCannotReadAloneUntilASave)
+{
+    Scene scene;
+    writeContent(scene.file, "[{}]");
+    scene.model().apply(amber);
+    scene.model().followLibrary();
+    EXPECT_EQ(platform::contentOf(scene.file), "[{}]");
+    EXPECT_EQ(scene.folder.names(), Names { "saved-palettes.json" });
+    scene.model().saveAndInstallCurrent();
+    EXPECT_EQ(namesIn(storedIn(scene.file)), Names { "Pale Gold" });
+    const auto aside = scene.folder / "saved-palettes.json.unreadable-20261122T100000Z";
+    EXPECT_EQ(platform::contentOf(aside), "[{}]");
+}
+
 TEST(TintwellModel, DoesNotWaitLongForALibraryInUse)
 {
     Scene scene;

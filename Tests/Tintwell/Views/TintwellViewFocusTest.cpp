@@ -3,6 +3,7 @@
 #include "TintwellViewFixture.h"
 
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace tintwell {
 
@@ -176,6 +177,18 @@ TEST_F(TintwellViewFocusTest, TabStartsInTheOrderOfReadingAndShowsEvenInASmallWi
         EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
         EXPECT_EQ(window.takeContent(), view_.get());
     }
+}
+
+TEST_F(TintwellViewFocusTest, TheWheelScrollsOverASwatchToo)
+{
+    auto* swatch = tile("complementary.1");
+    QWheelEvent down({ 5, 5 }, swatch->mapToGlobal(QPointF(5, 5)), {}, { 0, -120 }, Qt::NoButton,
+        Qt::NoModifier, Qt::NoScrollPhase, /*inverted=*/false);
+    // Only an event of the window system goes on to what is around.
+    QSpontaneKeyEvent::setSpontaneous(&down);
+    qApp->notify(swatch, &down);
+    settle();
+    EXPECT_GT(part<platform::ScrollArea>()->verticalScrollBar()->value(), 0);
 }
 
 TEST_F(TintwellViewFocusTest, TheWorkspaceScrollsByKeysWhereverTheFocusIs)
