@@ -1,6 +1,7 @@
 // The workspaces that show sections of swatches: Studio and Themes.
 #pragma once
 
+#include "ContrastRow.h"
 #include "Label.h"
 #include "ScrollArea.h"
 #include "SwatchGrid.h"

@@ -4,9 +4,8 @@
 #include "Fonts.h"
 #include "QtColor.h"
 #include "Shapes.h"
-#include "Symbols.h"
 #include "TextPainting.h"
-#include "ThemeSource.h"
+#include "Theme.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -34,11 +33,6 @@ const TextStyle titleStyle { .size = 14, .weight = QFont::DemiBold };
 const TextStyle subtitleStyle { .size = 11 };
 const TextStyle activeStyle { .size = 10, .weight = QFont::Medium };
 const TextStyle actionStyle { .size = 11, .weight = QFont::DemiBold };
-
-constexpr double sealSize = 13;
-constexpr double sealGap = 5;
-constexpr double contrastSpacing = 12;
-const TextStyle contrastStyle { .size = 10, .weight = QFont::Medium };
 
 void drawText(QPainter& painter, const QPointF& topLeft, const QString& text,
     const TextStyle& style, const QColor& color)
@@ -113,45 +107,6 @@ void ThemePreview::paintEvent(QPaintEvent*)
     painter.fillPath(platform::capsule(pill), toQColor(shown_.actionFill));
     drawText(painter, pill.topLeft() + QPointF(pillPaddingX, pillPaddingY), action, actionStyle,
         toQColor(shown_.actionText));
-}
-
-ContrastRow::ContrastRow()
-{
-    platform::setAccessibleRole(*this, QAccessible::StaticText);
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-}
-
-void ContrastRow::show(const std::vector<std::string>& contrasts)
-{
-    if (contrasts == shown_)
-        return;
-    shown_ = contrasts;
-    QStringList texts;
-    for (const auto& contrast : contrasts)
-        texts.append(QString::fromStdString(contrast));
-    setAccessibleName(texts.join(QStringLiteral(", ")));
-    update();
-}
-
-QSize ContrastRow::sizeHint() const
-{
-    return { 0, platform::lineHeightOf(contrastStyle) };
-}
-
-void ContrastRow::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const auto color = platform::currentTheme().secondary;
-    double x = 0;
-    for (const auto& contrast : shown_) {
-        const auto text = QString::fromStdString(contrast);
-        platform::paintSymbol(painter, platform::Symbol::seal,
-            QRectF(x, (height() - sealSize) / 2, sealSize, sealSize), color);
-        x += sealSize + sealGap;
-        drawText(painter, { x, 0 }, text, contrastStyle, color);
-        x += widthOf(text, contrastStyle) + contrastSpacing;
-    }
 }
 
 } // namespace tintwell
