@@ -14,7 +14,15 @@ namespace platform {
 
 namespace {
 
-std::vector<LoupeMonitor> monitorsWithin(const QRect& root)
+/// The space of the monitor of that number, in the order in which the toolkit counts them, too.
+std::shared_ptr<const ColorSpace> spaceOf(const X11Display& display, std::size_t number)
+{
+    const std::string suffix = number == 0 ? "" : "_" + std::to_string(number);
+    const auto profile = display.rootProperty("_ICC_PROFILE" + suffix);
+    return profile.empty() ? nullptr : iccColorSpace(profile);
+}
+
+std::vector<LoupeMonitor> monitorsWithin(const QRect& root, const X11Display& display)
 {
     std::vector<LoupeMonitor> monitors;
     const auto screens = QGuiApplication::screens();
@@ -24,10 +32,10 @@ std::vector<LoupeMonitor> monitorsWithin(const QRect& root)
         const QRect native(screen->geometry().topLeft(),
             QSize(static_cast<int>(std::lround(screen->geometry().width() * scale)),
                 static_cast<int>(std::lround(screen->geometry().height() * scale))));
-        monitors.push_back({ native.intersected(root), scale });
+        monitors.push_back({ native.intersected(root), scale, spaceOf(display, monitors.size()) });
     }
     if (monitors.empty())
-        monitors.push_back({ root, 1 });
+        monitors.push_back({ root, 1, spaceOf(display, 0) });
     return monitors;
 }
 
@@ -47,9 +55,8 @@ QPoint clamped(QPoint point, const QRect& rect)
 } // namespace
 
 FrozenDesktop::FrozenDesktop(const X11Display& display, QImage picture)
-    : display_(display)
-    , picture_(std::move(picture))
-    , monitors_(monitorsWithin(picture_.rect()))
+    : picture_(std::move(picture))
+    , monitors_(monitorsWithin(picture_.rect(), display))
 {
 }
 
@@ -68,34 +75,18 @@ QPoint FrozenDesktop::stepped(QPoint pixel, QPoint by) const
 
 const LoupeMonitor& FrozenDesktop::monitorAt(QPoint pixel) const
 {
-    return monitors_[numberAt(pixel)];
+    return *std::min_element(monitors_.begin(), monitors_.end(),
+        [&](const LoupeMonitor& one, const LoupeMonitor& other) {
+            return distance(one.geometry, pixel) < distance(other.geometry, pixel);
+        });
 }
 
-Color FrozenDesktop::colorAt(QPoint pixel)
+Color FrozenDesktop::colorAt(QPoint pixel) const
 {
     const QRgba64 value = picture_.pixelColor(pixel).rgba64();
     constexpr double full = 65535;
     return { value.red() / full, value.green() / full, value.blue() / full, /*alpha=*/1,
-        spaceOf(numberAt(pixel)) };
-}
-
-std::size_t FrozenDesktop::numberAt(QPoint pixel) const
-{
-    const auto nearest = std::min_element(monitors_.begin(), monitors_.end(),
-        [&](const LoupeMonitor& one, const LoupeMonitor& other) {
-            return distance(one.geometry, pixel) < distance(other.geometry, pixel);
-        });
-    return static_cast<std::size_t>(nearest - monitors_.begin());
-}
-
-std::shared_ptr<const ColorSpace> FrozenDesktop::spaceOf(std::size_t monitor)
-{
-    const auto known = spaces_.find(monitor);
-    if (known != spaces_.end())
-        return known->second;
-    const std::string number = monitor == 0 ? "" : "_" + std::to_string(monitor);
-    const auto profile = display_.rootProperty("_ICC_PROFILE" + number);
-    return spaces_[monitor] = profile.empty() ? nullptr : iccColorSpace(profile);
+        monitorAt(pixel).space };
 }
 
 } // namespace platform

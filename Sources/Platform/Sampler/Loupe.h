@@ -23,7 +23,7 @@ public:
 
     [[nodiscard]] const LoupeWindow& window() const { return *window_; }
     [[nodiscard]] QPoint pixel() const { return pixel_; }
-    [[nodiscard]] Color color() { return desktop_.colorAt(pixel_); }
+    [[nodiscard]] Color color() const { return desktop_.colorAt(pixel_); }
 
     void moveTo(QPoint pixel);
     void step(QPoint by) { moveTo(desktop_.stepped(pixel_, by)); }

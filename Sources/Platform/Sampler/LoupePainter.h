@@ -10,6 +10,7 @@
 #include <QRect>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -24,10 +25,12 @@ struct ColorDescription {
 /// Describes a picked colour, which may be in a monitor's own space.
 using ColorDescriber = std::function<ColorDescription(const Color&)>;
 
-/// The monitor on which the loupe stands: its device pixels and how many make one point.
+/// The monitor on which the loupe stands: its device pixels, how many make one point, and their
+/// own colour space, where it has one.
 struct LoupeMonitor {
     QRect geometry;
     double scale = 1;
+    std::shared_ptr<const ColorSpace> space {};
 };
 
 /// A finished picture and the device pixel of the desktop on which its corner belongs.

@@ -32,7 +32,7 @@ public:
     {
         next_.setSingleShot(true);
         idle_.setSingleShot(true);
-        connect(&idle_, &QTimer::timeout, this, &Pick::cancelIfIdle);
+        connect(&idle_, &QTimer::timeout, this, [this] { answer(std::nullopt); });
         sinceStart_.start();
     }
 
@@ -76,7 +76,6 @@ private:
         };
         connect(loupe_.get(), &Loupe::outdated, this, giveUp, Qt::QueuedConnection);
         grab_.setCursor(loupe_->window().blankCursor());
-        sinceInput_.start();
         idle_.start(owner_.limits_.idle);
     }
 
@@ -94,7 +93,8 @@ private:
             loupe_->drawSoon();
         if (!LoupeGestures::isInput(event))
             return;
-        sinceInput_.start();
+        if (idle_.isActive())
+            idle_.start();
         const auto action = gestures_->action(event, loupe_ != nullptr);
         if (action && (loupe_ || action->kind == LoupeAction::Kind::cancel))
             perform(*action);
@@ -116,15 +116,6 @@ private:
         case LoupeAction::Kind::moveTo:
             return loupe_->moveTo(action.to);
         }
-    }
-
-    void cancelIfIdle()
-    {
-        const auto left = owner_.limits_.idle - std::chrono::milliseconds(sinceInput_.elapsed());
-        if (left.count() <= 0)
-            answer(std::nullopt);
-        else
-            idle_.start(left);
     }
 
     void answer(const std::optional<Color>& color)
@@ -159,7 +150,6 @@ private:
     QTimer next_;
     QTimer idle_;
     QElapsedTimer sinceStart_;
-    QElapsedTimer sinceInput_;
 };
 
 X11ColorSampler::X11ColorSampler(const X11Display& display, ColorDescriber describe,
