@@ -77,33 +77,27 @@ platform::Result<std::filesystem::path> MacColorListInstaller::install(const std
     if (colors.empty())
         return TintwellError::emptyPalette();
 
-    auto list = listToFill(name, destination.has_value());
-    if (!list)
-        return list.error();
-    fillColorList(list.value(), colors);
+    if (!destination && !mayFill(name))
+        return TintwellError::colorListNotEditable(name);
+    // Nothing of a list that is there stays.
+    platform::ColorList list(name);
+    fillColorList(list, colors);
 
     if (destination)
-        return writeTo(*destination, list.value());
-    auto written = registry_.write(list.value());
+        return writeTo(*destination, list);
+    auto written = registry_.write(list);
     if (!written)
         return written;
-    if (const auto published = publisher_.publish(list.value()); !published)
+    if (const auto published = publisher_.publish(list); !published)
         return published.error();
     return written;
 }
 
-platform::Result<platform::ColorList> MacColorListInstaller::listToFill(
-    const std::string& name, bool isNew) const
+bool MacColorListInstaller::mayFill(const std::string& name) const
 {
-    if (isNew)
-        return platform::ColorList(name);
     const auto lists = registry_.availableColorLists();
-    const auto found = std::find_if(
-        lists.begin(), lists.end(), [&](const auto& list) { return list.name() == name; });
-    if (found != lists.end() && !found->isEditable())
-        return TintwellError::colorListNotEditable(name);
-    // Nothing of the list that is there stays.
-    return platform::ColorList(name);
+    return std::none_of(lists.begin(), lists.end(),
+        [&](const auto& list) { return list.name() == name && !list.isEditable(); });
 }
 
 platform::Result<std::filesystem::path> MacColorListInstaller::writeTo(

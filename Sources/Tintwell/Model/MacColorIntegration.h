@@ -99,8 +99,7 @@ public:
         const std::optional<std::filesystem::path>& destination) override;
 
 private:
-    [[nodiscard]] platform::Result<platform::ColorList> listToFill(
-        const std::string& name, bool isNew) const;
+    [[nodiscard]] bool mayFill(const std::string& name) const;
     [[nodiscard]] platform::Result<std::filesystem::path> writeTo(
         const std::filesystem::path& destination, const platform::ColorList& list) const;
 
