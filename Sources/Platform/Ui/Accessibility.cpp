@@ -164,11 +164,7 @@ void setAccessibleTexts(QWidget& widget, const QString& name, const QString& des
 
 void installAccessibility()
 {
-    static const auto once = [] {
-        QAccessible::installFactory(makeInterface);
-        return true;
-    }();
-    static_cast<void>(once);
+    QAccessible::installFactory(makeInterface);
 }
 
 void setAccessibleRole(QWidget& widget, QAccessible::Role role)

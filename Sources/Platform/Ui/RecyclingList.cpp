@@ -93,8 +93,11 @@ void RecyclingList::layOut()
 
 bool RecyclingList::event(QEvent* event)
 {
-    if (event->type() == QEvent::ParentChange && parentWidget())
+    const auto type = event->type();
+    if (type == QEvent::ParentChange && parentWidget())
         parentWidget()->installEventFilter(this);
+    if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show)
+        layOut();
     return QWidget::event(event);
 }
 
@@ -104,21 +107,6 @@ bool RecyclingList::eventFilter(QObject* watched, QEvent* event)
     if (watched == parentWidget() && event->type() == QEvent::Resize)
         layOut();
     return QWidget::eventFilter(watched, event);
-}
-
-void RecyclingList::moveEvent(QMoveEvent*)
-{
-    layOut();
-}
-
-void RecyclingList::resizeEvent(QResizeEvent*)
-{
-    layOut();
-}
-
-void RecyclingList::showEvent(QShowEvent*)
-{
-    layOut();
 }
 
 } // namespace platform

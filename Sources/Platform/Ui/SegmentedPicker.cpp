@@ -19,8 +19,6 @@ namespace platform {
 
 namespace {
 
-constexpr double separatorWidth = 1;
-
 TextStyle labelStyle(bool selected)
 {
     return { .size = 13, .weight = selected ? QFont::DemiBold : QFont::Medium };
@@ -210,8 +208,9 @@ void SegmentedPicker::paintSeparators(QPainter& painter) const
         const auto x = std::max(segmentRect(i).left(), segmentRect(i - 1).left());
         const auto nearPlate = x > plate.left() - 1 && x < plate.right() + 1;
         const auto opacity = nearPlate ? 0 : 1 - std::max(hoverOf(i - 1), hoverOf(i));
-        const QRectF line(x - separatorWidth / 2, (height() - Metrics::segmentSeparatorHeight) / 2,
-            separatorWidth, Metrics::segmentSeparatorHeight);
+        const QRectF line(x - Metrics::separatorThickness / 2,
+            (height() - Metrics::segmentSeparatorHeight) / 2, Metrics::separatorThickness,
+            Metrics::segmentSeparatorHeight);
         if (opacity > 0)
             fillSharp(painter, line, faded(currentTheme().separator, opacity));
     }

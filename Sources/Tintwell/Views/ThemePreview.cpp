@@ -41,11 +41,6 @@ void drawText(QPainter& painter, const QPointF& topLeft, const QString& text,
         platform::fontOf(style), color);
 }
 
-double widthOf(const QString& text, const TextStyle& style)
-{
-    return QFontMetricsF(platform::fontOf(style)).horizontalAdvance(text);
-}
-
 double contentHeight()
 {
     return platform::lineHeightOf(titleStyle) + platform::lineHeightOf(subtitleStyle)
@@ -99,8 +94,10 @@ void ThemePreview::paintEvent(QPaintEvent*)
         activeStyle, text);
 
     const auto action = QStringLiteral("Action");
-    const QSizeF pillSize(widthOf(action, actionStyle) + 2 * pillPaddingX,
-        platform::lineHeightOf(actionStyle) + 2 * pillPaddingY);
+    const double actionWidth
+        = QFontMetricsF(platform::fontOf(actionStyle)).horizontalAdvance(action);
+    const QSizeF pillSize(
+        actionWidth + 2 * pillPaddingX, platform::lineHeightOf(actionStyle) + 2 * pillPaddingY);
     const QRectF pill(QPointF(inner.right() - innerPadding - pillSize.width(),
                           inner.center().y() - pillSize.height() / 2),
         pillSize);
