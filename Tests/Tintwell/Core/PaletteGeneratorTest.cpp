@@ -198,14 +198,5 @@ TEST(PaletteGenerator, ColorsOffTheRoadGiveWholePalettes)
     }
 }
 
-TEST(PaletteGenerator, OnlyTheSourceKeepsItsAlpha)
-{
-    const RGBAColor source(0.2, 0.4, 0.6, 0.25);
-    const auto palette = PaletteGenerator().generate(source);
-    EXPECT_EQ(palette.source, source);
-    for (const auto& color : everyColor(palette))
-        EXPECT_EQ(color.color.alpha, color.id == "source" ? 0.25 : 1) << color.id;
-}
-
 } // namespace
 } // namespace tintwell

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 
 #include <sys/stat.h>
 
@@ -122,7 +121,6 @@ TEST_F(Installer, SaysWhyItCannotAndChangesNothing)
     fs::create_directories(registry_.folder());
     const std::string locked = R"({"colors":[],"editable":false,"name":"Tintwell"})";
     platform::writeContent(file_, locked);
-    const auto odd = RGBAColor::stored(0, std::numeric_limits<double>::quiet_NaN(), 0, 1);
     struct Case {
         std::vector<NamedColor> colors;
         std::optional<fs::path> destination;
@@ -140,12 +138,8 @@ TEST_F(Installer, SaysWhyItCannotAndChangesNothing)
             "A color list cannot be saved under the name \"a/b\"" },
         { colorsNamed({ "One" }), fs::path(), "Tintwell",
             "The color list has no file to be saved in" },
-        { colorsNamed({ "One" }), home_ / "missing/", "Tintwell",
-            "Tintwell.clr could not be written: its folder is missing" },
         { colorsNamed({ "One" }), registry_.folder(), "Tintwell",
             "Colors could not be written: a folder is in its place" },
-        { { { .id = "a", .name = "Odd", .color = odd, .detail = {} } }, {}, "Other",
-            "The color Odd has a component that is not a number" },
     };
     for (const auto& c : cases) {
         const auto written = install(c.colors, c.destination, c.name);

@@ -466,20 +466,6 @@ TEST_F(TintwellViewTest, StripsShowUpToTwelveColorsInEqualBands)
     }
 }
 
-TEST_F(TintwellViewTest, ABrokenLibraryIsToldAndASaveStartsANewOne)
-{
-    platform::writeContent(library(), "[ not json");
-    open();
-    EXPECT_NE(label("Saved palettes could not be loaded"), nullptr);
-    choose(WorkspaceTab::saved);
-    EXPECT_NE(label("No saved palettes"), nullptr);
-    QTest::mouseClick(button("Save + Install"), Qt::LeftButton);
-    settle();
-    EXPECT_NE(label("Saved and installed Tintwell.clr"), nullptr);
-    EXPECT_NE(button("Delete palette"), nullptr);
-    EXPECT_EQ(folder_.names().size(), 3U) << "library, lock and the unreadable file";
-}
-
 TEST_F(TintwellViewTest, RepaintsAllOfItselfWhenTheDesktopTurnsDark)
 {
     const auto pixel = [&](QPoint at) { return view_->grab().toImage().pixelColor(at); };
