@@ -38,8 +38,9 @@ struct FileStamp {
 /// Replaces the content of `file` by `bytes`: other programs and a machine that loses power see the
 /// old content or the new one, whole. The folder must exist. A symbolic link at `file` stays and
 /// its target is replaced; the mode of an existing file stays, a new one follows the umask. On an
-/// error the old file is as it was and nothing is left beside it, nor is what a process left there
-/// that died in this. What is no regular file is never replaced. `stamp` receives the new state.
+/// error the old file is as it was and nothing is left beside it. Removes what processes that
+/// died while writing left there. What is no regular file is never replaced. `stamp`
+/// receives the new state.
 [[nodiscard]] Result<void> writeFileAtomically(
     const std::filesystem::path& file, std::string_view bytes, FileStamp* stamp = nullptr);
 

@@ -18,7 +18,7 @@ public:
 
     /// The pixel of the desktop that is nearest to `pixel`.
     [[nodiscard]] QPoint nearest(QPoint pixel) const;
-    /// The pixel at `by` from `pixel`; a step that no monitor shows ends at the edge of its own.
+    /// The pixel at `by` from `pixel`; a step off the monitors ends at the edge of the present one.
     [[nodiscard]] QPoint stepped(QPoint pixel, QPoint by) const;
     [[nodiscard]] const LoupeMonitor& monitorAt(QPoint pixel) const;
     /// The colour of a pixel in the space of its monitor.

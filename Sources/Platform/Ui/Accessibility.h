@@ -37,8 +37,8 @@ void setAccessibleTexts(QWidget& widget, const QString& name, const QString& des
 void installAccessibility();
 
 /// Gives a plain widget, which would be a filler to a reader, or a button another role; `NoRole`
-/// hides what says nothing that is not said in words beside it. To be called while the widget is
-/// made, as a reader asks once.
+/// hides a widget that only repeats the words beside it. To be called while the widget is made, as
+/// a reader asks once.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 } // namespace platform

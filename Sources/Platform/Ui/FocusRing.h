@@ -21,8 +21,7 @@ public:
 
     void setColor(const QColor& color);
     [[nodiscard]] QColor color() const { return color_; }
-    /// Draws the ring around another widget that stands for the control, such as the whole of which
-    /// it is a part.
+    /// Draws the ring around another widget instead, such as the group that the control is in.
     void setFramed(QWidget& framed, double radius);
 
     [[nodiscard]] bool isShown() const { return !overlay_.isNull(); }

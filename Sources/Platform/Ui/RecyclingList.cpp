@@ -101,7 +101,7 @@ bool RecyclingList::event(QEvent* event)
     return QWidget::event(event);
 }
 
-/// The sight may grow while the list, as high as its rows, stays as it is.
+/// More rows come into sight when the area around the list grows, which the list is not told.
 bool RecyclingList::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == parentWidget() && event->type() == QEvent::Resize)

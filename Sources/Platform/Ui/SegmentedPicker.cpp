@@ -95,7 +95,7 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (int i = 0; i < titles.size(); ++i)
         segments_.push_back(new Segment(*this, i, titles[i]));
-    // It never has the focus itself, but only so it counts as a stop in a tab order.
+    // Its segments take the focus; this makes it a stop in a tab order.
     setFocusPolicy(Qt::StrongFocus);
     current_ = -1;
     setCurrent(0);

@@ -76,7 +76,7 @@ void paintPlate(QPainter& painter, const QRectF& rect, double radius, const QCol
 {
     const auto wasAntialiased = painter.testRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::Antialiasing);
-    // An outline alone may well lie between the pixels, around a plate that does not.
+    // An outline alone goes around a plate that is aligned already.
     const auto plate = fill.alpha() > 0 ? alignedToPixels(painter, rect) : rect;
     if (fill.alpha() > 0)
         painter.fillPath(smoothRoundedRect(plate, radius), fill);

@@ -122,8 +122,8 @@ using DateFormatter = std::function<std::string(platform::Timestamp)>;
 [[nodiscard]] SavedRowState savedRowState(
     const SavedPalette& palette, const DateFormatter& dateText);
 
-/// The library, newest first. It stands on the model: `row` reads what is there by then, and knows
-/// nothing of a palette that has gone before anyone was told.
+/// The library, newest first. `row` reads the model when it is called, and gives nothing for a
+/// palette that has gone by then.
 struct SavedState {
     std::size_t count = 0;
     std::function<std::optional<SavedRowState>(std::size_t index)> row;
