@@ -4,12 +4,6 @@
 
 namespace platform {
 
-namespace {
-
-constexpr std::size_t textLength = UUID_STR_LEN - 1;
-
-} // namespace
-
 Uuid Uuid::random()
 {
     Uuid uuid;
@@ -20,7 +14,7 @@ Uuid Uuid::random()
 std::optional<Uuid> Uuid::fromText(std::string_view text)
 {
     Uuid uuid;
-    if (text.size() != textLength
+    if (text.size() != UUID_STR_LEN - 1
         || uuid_parse_range(text.data(), text.data() + text.size(), uuid.bytes.data()) != 0)
         return std::nullopt;
     return uuid;
@@ -30,7 +24,7 @@ std::string Uuid::text() const
 {
     std::array<char, UUID_STR_LEN> buffer {};
     uuid_unparse_upper(bytes.data(), buffer.data());
-    return { buffer.data(), textLength };
+    return buffer.data();
 }
 
 } // namespace platform

@@ -60,11 +60,6 @@ double gaussianBelow(double x, double sigma)
     return 0.5 * std::erfc(-x / (sigma * std::numbers::sqrt2));
 }
 
-QRgb blackWithOpacity(double opacity)
-{
-    return qRgba(0, 0, 0, static_cast<int>(std::lround(opacity * 255)));
-}
-
 /// The magnified pixels, with a line between each two.
 QImage magnified(const QImage& frozen, QPoint pixel, double scale)
 {
@@ -218,7 +213,7 @@ void LoupePainter::makeShadows(double scale)
                 light *= 1
                     - shadow.opacity * gaussianBelow(77 * scale - distance, shadow.sigma * scale);
             }
-            line[x] = blackWithOpacity(1 - light);
+            line[x] = qRgba(0, 0, 0, static_cast<int>(std::lround((1 - light) * 255)));
         }
     }
     ringShadow_ = std::move(image);

@@ -300,15 +300,6 @@ std::string_view declared(std::string_view text)
     return trimmed(value);
 }
 
-std::optional<RGBAColor> valueColor(std::string_view text)
-{
-    if (const auto color = RGBAColor::fromHex(text))
-        return color;
-    if (const auto color = shortHexColor(text))
-        return color;
-    return wordColor(text);
-}
-
 /// The colour that the hex text stands for: text with few digits cannot be truer than that.
 RGBAColor inSteps(const RGBAColor& color)
 {
@@ -348,7 +339,12 @@ std::optional<RGBAColor> colorFromText(std::string_view text)
     // The byte-order mark that some editors put before a file's first line.
     if (text.starts_with("\uFEFF"))
         text.remove_prefix(std::string_view("\uFEFF").size());
-    return valueColor(declared(trimmed(text)));
+    const auto value = declared(trimmed(text));
+    if (const auto color = RGBAColor::fromHex(value))
+        return color;
+    if (const auto color = shortHexColor(value))
+        return color;
+    return wordColor(value);
 }
 
 std::string rgbText(const RGBAColor& color)
