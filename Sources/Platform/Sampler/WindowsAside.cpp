@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <utility>
 
 namespace platform {
 
@@ -30,7 +29,7 @@ bool makesRoom(const QWindow& window)
 } // namespace
 
 WindowsAside::WindowsAside(std::optional<X11Display> display)
-    : display_(std::move(display))
+    : display_(display)
     , focused_(QGuiApplication::focusWindow())
 {
     ++picksWithWindowsAside;
