@@ -37,20 +37,6 @@ TEST(AtomicFile, ReadsBackWhatWasWritten)
     EXPECT_EQ(folder.names(), Names { "a.json" });
 }
 
-TEST(AtomicFile, TheStampTellsEveryRewriteApart)
-{
-    const TemporaryFolder folder;
-    const auto file = folder / "a.json";
-    EXPECT_EQ(stampOf(file), std::nullopt);
-    FileStamp before;
-    for (int i = 0; i < 100; ++i) {
-        FileStamp stamp;
-        ASSERT_TRUE(writeFileAtomically(file, "same", &stamp));
-        EXPECT_NE(stamp, before);
-        before = stamp;
-    }
-}
-
 TEST(AtomicFile, KeepsModesAndFollowsTheUmask)
 {
     const TemporaryFolder folder;

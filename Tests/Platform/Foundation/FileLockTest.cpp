@@ -4,10 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <atomic>
 #include <csignal>
-#include <thread>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -35,28 +32,6 @@ TEST(FileLock, HasOneHolderAtATime)
     EXPECT_TRUE(FileLock::acquire(file, milliseconds { 0 }));
     EXPECT_EQ(folder.names(), std::vector<std::string> { "a.json.lock" });
     EXPECT_EQ(contentOf(folder / "a.json.lock"), "");
-}
-
-TEST(FileLock, HasOneHolderAmongThreads)
-{
-    const TemporaryFolder folder;
-    const auto file = folder / "a.json";
-    std::atomic<int> holders = 0;
-    std::atomic<int> most = 0;
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < 4; ++thread)
-        threads.emplace_back([&] {
-            for (int round = 0; round < 300; ++round) {
-                const auto held = FileLock::acquire(file, patience);
-                ASSERT_TRUE(held);
-                most = std::max(most.load(), ++holders);
-                std::this_thread::yield();
-                --holders;
-            }
-        });
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(most, 1);
 }
 
 TEST(FileLock, IsFreedWhenItsHolderDies)
