@@ -14,6 +14,7 @@ namespace {
 
 constexpr int longestNameColumn = 24;
 constexpr int longestStrip = 36;
+constexpr int swatchWidth = 2;
 constexpr std::size_t shortestId = 8;
 
 bool hasPrefix(const SavedPalette& palette, std::string_view prefix)
@@ -103,15 +104,16 @@ struct ListColumns {
     int strip;
 };
 
-ListColumns listColumns(const std::vector<SavedPalette>& palettes, int nameWidth, int width)
+ListColumns listColumns(
+    const std::vector<SavedPalette>& palettes, int nameWidth, const Terminal& terminal)
 {
     constexpr int gap = 2;
     constexpr int shortestName = 10;
-    constexpr int sourceWidth = 10; // two cells of color, a space, the hex text
+    constexpr int sourceWidth = swatchWidth + 1 + 7; // a space and the hex text
     const auto id = idLength(palettes);
     const int fixed = static_cast<int>(id) + sourceWidth + shortestName + 2 * gap;
     ListColumns columns { id, 0, 0, 0 };
-    int left = width - fixed;
+    int left = std::max(terminal.columns, narrowestLayout) - fixed;
     // The day alone where the time does not fit beside it.
     for (const std::size_t date : { std::string_view("2026-11-22T10:00:00Z").size(),
              std::string_view("2026-11-22").size() }) {
@@ -124,17 +126,18 @@ ListColumns listColumns(const std::vector<SavedPalette>& palettes, int nameWidth
     }
     columns.name = std::min({ nameWidth, longestNameColumn, shortestName + std::max(left, 0) });
     const int strip = left + shortestName - columns.name - gap;
-    columns.strip = strip < static_cast<int>(mostStripColors) ? 0 : std::min(strip, longestStrip);
+    if (terminal.hasColors() && strip >= static_cast<int>(mostStripColors))
+        columns.strip = std::min(strip, longestStrip);
     return columns;
 }
 
-std::string terminalLine(const SavedPalette& palette, const ListColumns& columns)
+std::string terminalLine(const SavedPalette& palette, const ListColumns& columns, bool hasColors)
 {
     auto line = palette.id.text().substr(0, columns.id) + "  ";
     if (columns.date > 0)
         line += platform::formatIso8601(palette.createdAt).substr(0, columns.date) + "  ";
-    line += fitted(printable(palette.name), columns.name) + "  " + swatch(palette.source, 2) + " "
-        + palette.source.hex();
+    line += fitted(printable(palette.name), columns.name) + "  "
+        + (hasColors ? swatch(palette.source, swatchWidth) + " " : "") + palette.source.hex();
     if (columns.strip > 0)
         line += "  " + colorStrip(palette.colors, columns.strip);
     return line + "\n";
@@ -218,17 +221,17 @@ Report listSaved(PalettePersistence& library, LibraryFormat format, const Termin
 
 std::string libraryLayout(const std::vector<SavedPalette>& palettes, const Terminal& terminal)
 {
-    if (palettes.empty() && terminal.hasColors())
+    if (palettes.empty() && terminal.isTerminal)
         return "No saved palettes yet; tintwell-cli save COLOR keeps one\n";
     int nameWidth = 0;
     for (const auto& palette : palettes)
         nameWidth = std::max(nameWidth, displayWidth(printable(palette.name)));
-    const auto columns
-        = listColumns(palettes, nameWidth, std::max(terminal.columns, narrowestLayout));
+    const auto columns = listColumns(palettes, nameWidth, terminal);
     std::string text;
     for (const auto& palette : palettes)
-        text += terminal.hasColors() ? terminalLine(palette, columns)
-                                     : plainLine(palette, nameWidth);
+        text += terminal.isTerminal || terminal.hasColors()
+            ? terminalLine(palette, columns, terminal.hasColors())
+            : plainLine(palette, nameWidth);
     return text;
 }
 

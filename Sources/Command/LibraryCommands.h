@@ -36,7 +36,7 @@ enum class LibraryFormat { layout, json };
 /// One line a palette: id, date, name, source and a strip of the first colours.
 ///
 /// Terminals get the shortest first part of each id that stands for it alone, 8 characters or more,
-/// and as much of date, name and strip as fits; plain text gets all, the strip as hex texts.
+/// and as much of date, name and strip as fits; files and pipes get all, the strip as hex texts.
 [[nodiscard]] std::string libraryLayout(
     const std::vector<SavedPalette>& palettes, const Terminal& terminal);
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace tintwell {
 
@@ -95,9 +96,14 @@ std::string joined(const Lines& lines)
     return text;
 }
 
+bool fitsBeside(std::string_view left, std::string_view right, int width)
+{
+    return displayWidth(left) + 2 + displayWidth(right) <= width;
+}
+
 // Plain text
 
-std::string plainLayout(const GeneratedPalette& palette)
+std::string plainLayout(const GeneratedPalette& palette, int width)
 {
     auto groups = sectionGroups(palette);
     for (const auto* theme : { &palette.lightTheme, &palette.darkTheme })
@@ -108,11 +114,17 @@ std::string plainLayout(const GeneratedPalette& palette)
         for (const auto& color : group.colors)
             nameWidth = std::max(nameWidth, displayWidth(color.name));
 
-    Lines lines { palette.sourceName + "  " + palette.source.hex() + "  "
-        + coordinates(palette.source) };
+    Lines lines { palette.sourceName + "  " + palette.source.hex() };
+    const auto place = coordinates(palette.source);
+    if (fitsBeside(lines.back(), place, width))
+        lines.back() += "  " + place;
+    else
+        lines.push_back(place);
     for (const auto& group : groups) {
         lines.push_back("");
-        lines.push_back(group.title + "  " + group.subtitle);
+        lines.push_back(group.title);
+        if (fitsBeside(group.title, group.subtitle, width))
+            lines.back() += "  " + group.subtitle;
         for (const auto& color : group.colors)
             lines.push_back("  " + fitted(color.name, nameWidth) + "  " + color.color.hex()
                 + (color.detail ? "  " + *color.detail : ""));
@@ -142,8 +154,8 @@ Lines sourceHeader(const GeneratedPalette& palette, int width)
 std::string heading(std::string_view title, std::string_view subtitle, int width)
 {
     const auto shown = spaces(margin) + painted(title, { .bold = true });
-    const bool fits = displayWidth(title) + 2 + displayWidth(subtitle) <= width;
-    return fits ? shown + "  " + painted(subtitle, { .faint = true }) : shown;
+    return fitsBeside(title, subtitle, width) ? shown + "  " + painted(subtitle, { .faint = true })
+                                              : shown;
 }
 
 /// A detail that only repeats the name, as in "500" and "Tone 500", is not worth its place.
@@ -328,7 +340,11 @@ std::string blockLayout(const GeneratedPalette& palette, int columns)
 
 std::string paletteLayout(const GeneratedPalette& palette, const Terminal& terminal)
 {
-    return terminal.hasColors() ? blockLayout(palette, terminal.columns) : plainLayout(palette);
+    if (terminal.hasColors())
+        return blockLayout(palette, terminal.columns);
+    return plainLayout(palette,
+        terminal.isTerminal ? std::max(terminal.columns, narrowestLayout)
+                            : std::numeric_limits<int>::max());
 }
 
 std::string swatch(const RGBAColor& fill, int width)

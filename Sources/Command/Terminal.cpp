@@ -110,8 +110,9 @@ Terminal terminalBehind(int descriptor, ColorChoice choice)
     // In GNU screen COLORTERM is what the terminal around it announced.
     const bool isInScreen = !variable("STY").empty();
     Terminal terminal;
+    terminal.isTerminal = isatty(descriptor) == 1;
     terminal.depth
-        = colorDepth({ .isTerminal = isatty(descriptor) == 1,
+        = colorDepth({ .isTerminal = terminal.isTerminal,
                          .term = variable("TERM"),
                          .colorTerm = isInScreen ? std::string_view() : variable("COLORTERM"),
                          .noColor = variable("NO_COLOR"),

@@ -17,6 +17,8 @@ struct Terminal {
     ColorDepth depth = ColorDepth::none;
     /// Width in character cells.
     int columns = 80;
+    /// Whether a person reads it; else lines may be as long as they are.
+    bool isTerminal = false;
 
     [[nodiscard]] bool hasColors() const { return depth != ColorDepth::none; }
 };

@@ -74,8 +74,10 @@ TEST(LibraryCommands, TerminalListFitsTheWidth)
 {
     const std::vector<SavedPalette> palettes { saved("AB000000-0000-4000-8000-000000000001", "紫"),
         saved("CD000000-0000-4000-8000-000000000003", "A long name that somebody typed") };
-    for (int columns = 40; columns <= 120; ++columns) {
-        std::istringstream lines(libraryLayout(palettes, { ColorDepth::full, columns }));
+    for (int at = 0; at <= 160; ++at) {
+        const int columns = 40 + at / 2;
+        const auto depth = at % 2 == 0 ? ColorDepth::full : ColorDepth::none;
+        std::istringstream lines(libraryLayout(palettes, { depth, columns, true }));
         for (std::string line; std::getline(lines, line);) {
             EXPECT_NE(line.find("#6E56CF"), std::string::npos);
             line = std::regex_replace(line, std::regex("\x1b\\[[0-9;]*m"), "");

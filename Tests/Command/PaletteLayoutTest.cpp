@@ -61,13 +61,14 @@ TEST(PaletteLayout, PlainTextAlignsNamesHexTextsAndDetails)
                     .starts_with("Violet  #6E56CF  oklch(54.2% 0.179 288.0 / 0.50)\n"));
 }
 
-TEST(PaletteLayout, BlocksStayInsideTheTerminal)
+TEST(PaletteLayout, StaysInsideTheTerminal)
 {
-    for (const char* hex : { "6E56CF", "00FF00", "0A0A0D" })
-        for (int columns = 40; columns <= 140; ++columns)
-            for (const auto& line :
-                linesOf(withoutPaint(paletteLayout(paletteOf(hex), { ColorDepth::full, columns }))))
-                ASSERT_LE(displayWidth(line), columns) << columns << ": " << line;
+    for (const char* hex : { "6E56CF80", "00FF00", "0A0A0D" })
+        for (const auto depth : { ColorDepth::none, ColorDepth::full })
+            for (int columns = 40; columns <= 140; ++columns)
+                for (const auto& line :
+                    linesOf(withoutPaint(paletteLayout(paletteOf(hex), { depth, columns, true }))))
+                    ASSERT_LE(displayWidth(line), columns) << columns << ": " << line;
 }
 
 TEST(PaletteLayout, EveryColorIsABlockWithItsHex)
