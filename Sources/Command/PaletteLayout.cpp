@@ -46,10 +46,11 @@ bool isNear(const RGBAColor& a, const RGBAColor& b)
     return contrastRatio(a, b) < hardlyDistinct;
 }
 
-/// Terminals do not tell their background; most are nearly black or nearly white.
+/// Terminals do not tell their background; most are black to dark grey or nearly white.
 bool isLostOnTerminal(const RGBAColor& fill)
 {
-    return isNear(fill, { 0, 0, 0, 1 }) || isNear(fill, { 1, 1, 1, 1 });
+    constexpr double darkGrey = 0.035; // #343434
+    return fill.relativeLuminance() < darkGrey || isNear(fill, { 1, 1, 1, 1 });
 }
 
 /// One line of a swatch; one that is lost on what lies behind it gets an edge.

@@ -114,7 +114,7 @@ TEST(PaletteLayout, TilesOfOneSectionShareTheWidthToItsLastCell)
 
 TEST(PaletteLayout, SwatchesLikeTheTerminalsBackgroundGetAnEdge)
 {
-    for (const char* hex : { "000000", "0A0A0D", "FAFAFA", "FFFFFF" })
+    for (const char* hex : { "000000", "282C34", "FAFAFA", "FFFFFF" })
         EXPECT_EQ(withoutPaint(swatch(RGBAColor::fromHex(hex).value(), 4)), "▏  ▕") << hex;
     EXPECT_EQ(withoutPaint(swatch(RGBAColor::fromHex("6E56CF").value(), 4)), "    ");
     const auto text = withoutPaint(paletteLayout(paletteOf("000000"), { ColorDepth::full, 80 }));
