@@ -21,18 +21,19 @@ namespace {
 
 constexpr auto version = "tintwell-cli " TINTWELL_VERSION;
 constexpr std::size_t shortestIdPrefix = 4;
-constexpr auto idHelp = "The beginning of a saved palette's id, four characters at least";
+constexpr auto idHelp = "At least the first four characters of a palette's id";
 
 constexpr auto examples = R"(Examples:
   tintwell-cli palette '#6E56CF'             look at a color system
   tintwell-cli export 6E56CF --format css    custom properties for a style sheet
-  tintwell-cli contrast navy 'rgb(255 255 255 / 50%)'
+  tintwell-cli contrast navy 'hsl(50 90% 80%)'
                                              WCAG contrast of two colors
   tintwell-cli save 6E56CF                   keep a palette in the library
-  tintwell-cli install 6E56CF                install it as the color list "Tintwell"
+  tintwell-cli install 6E56CF                install it as a color list
 
-COLOR is RRGGBB or RRGGBBAA with or without #, #RGB, #RGBA, rgb(), hsl(), oklch() or a CSS name; -
-reads it from standard input. Quote colors that begin with # or have parentheses.
+COLOR is RRGGBB or RRGGBBAA with or without #, #RGB, #RGBA, rgb(), hsl(),
+oklch() or a CSS name; - reads it from standard input. Quote colors that begin
+with # or have parentheses.
 tintwell-cli help COMMAND tells more, man tintwell-cli everything.
 )";
 
@@ -145,7 +146,7 @@ CLI::Option* addChoice(CLI::App& command, const std::string& names, const char* 
         value = found->second;
     };
     return command.add_option_function<std::string>(
-        names, choose, std::string(help) + ": " + all + " (default: " + words.front().first + ")");
+        names, choose, std::string(help) + " (default: " + words.front().first + "):\n" + all);
 }
 
 /// The commands of the program, writing what they read into one request.
@@ -157,6 +158,8 @@ public:
         app_.set_version_flag("-V,--version", version, "Print the version and exit");
         app_.require_subcommand(0, 1);
         app_.footer(examples);
+        // Narrow enough for 80 columns; the commands inherit it.
+        app_.get_formatter()->column_width(25);
         addLibrary(app_);
         addColorChoice(app_);
         for (const auto& text : commandTexts)
@@ -191,7 +194,7 @@ public:
             [](const CommandText& text) { return text.name; });
         auto meant = closestWord(word, names);
         if (meant.empty() && colorFromText(word))
-            meant = "palette " + word;
+            meant = "palette '" + word + "'";
         return inQuotes(word) + " is not a command"
             + (meant.empty() ? seeHelp : "; did you mean " + printable(meant) + "?");
     }
@@ -230,7 +233,7 @@ private:
     static CLI::Option* addColor(CLI::App& command, const char* name, Text& color)
     {
         return command
-            .add_option(name, color, std::string(colorForms) + "; - reads it from standard input")
+            .add_option(name, color, std::string(colorForms) + ";\n- reads it from standard input")
             ->type_name("");
     }
 
@@ -267,8 +270,8 @@ private:
             addFormat(added, paletteFormats, request_.paletteFormat);
             addColorChoice(added);
             added
-                .add_option("-j,--jobs", request_.jobs,
-                    "Threads for json-lines from standard input (default: all cores)")
+                .add_option(
+                    "-j,--jobs", request_.jobs, "Threads for json-lines of - (default: all cores)")
                 ->check(CLI::Range(1U, 256U).description(""))
                 ->type_name("N");
             break;

@@ -124,11 +124,12 @@ class Usage(Case):
                 self.assertIn(" ".join(("Usage: tintwell-cli", *words)), text)
                 self.assertIn("\nExamples:\n  tintwell-cli " + " ".join(words), text)
                 self.assertEqual(self.done("help", *words), text)
+                self.assertLessEqual(max(map(len, text.splitlines())), 80)
                 self.assertRegex(self.done(*words, "-V"), r"^tintwell-cli \d+\.\d+\.\d+\n$")
         self.assertEqual(self.done(), self.done("-h"))
 
     def test_what_was_meant(self):
-        for words, meant in (("palete", "palette"), ("lsit", "list"), ("6E56CF", "palette 6E56CF")):
+        for words, meant in (("palete", "palette"), ("lsit", "list"), ("#abc", "palette '#abc'")):
             self.fails(2, f'"{words}" is not a command; did you mean {meant}?', words)
         self.fails(2, '"--fromat" is not an option here; did you mean --format?', "palette", "--fromat", "json")
         self.fails(2, '"paint" is not a command (see tintwell-cli --help)', "help", "paint")
