@@ -12,7 +12,9 @@ _tintwell_cli()
     fi
     for ((at = 1; at < COMP_CWORD; at++)); do
         case ${COMP_WORDS[at]} in
-            -l | --library) library=(--library "${COMP_WORDS[at + 1]}") ;;
+            -l | --library)
+                [[ ${COMP_WORDS[at + 1]} == "=" ]] && ((at++))
+                library=(--library "${COMP_WORDS[at + 1]}") ;;
         esac
         if [[ -z $command && " $commands " == *" ${COMP_WORDS[at]} "* ]]; then
             command=${COMP_WORDS[at]}

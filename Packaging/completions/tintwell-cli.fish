@@ -6,6 +6,8 @@ function __tintwell_cli_ids
     for at in (seq (count $words))
         if contains -- $words[$at] -l --library; and test $at -lt (count $words)
             set library --library $words[(math $at + 1)]
+        else if string match -q -- '--library=*' $words[$at]
+            set library $words[$at]
         end
     end
     tintwell-cli $library list --color never 2>/dev/null |
@@ -14,6 +16,10 @@ end
 
 function __tintwell_cli_in
     __fish_seen_subcommand_from $argv
+end
+
+function __tintwell_cli_bare
+    not __tintwell_cli_in palette export name contrast save list delete use install lists autostart help
 end
 
 complete -c tintwell-cli -f
@@ -27,7 +33,7 @@ for line in 'palette:Show the color system of a color' 'export:Print the colors 
         'lists:Show the color lists of the desktop' 'autostart:Start the desktop application at login' \
         'help:Print the help of a command'
     set -l parts (string split -m 1 : $line)
-    complete -c tintwell-cli -n __fish_use_subcommand -a $parts[1] -d $parts[2]
+    complete -c tintwell-cli -n __tintwell_cli_bare -a $parts[1] -d $parts[2]
     complete -c tintwell-cli -n '__tintwell_cli_in help' -a $parts[1] -d $parts[2]
 end
 
@@ -37,9 +43,9 @@ complete -c tintwell-cli -n '__tintwell_cli_in export' -l colors -x -a 'hex oklc
 complete -c tintwell-cli -n '__tintwell_cli_in export' -s o -l out -r -F -d 'Write this file'
 complete -c tintwell-cli -n '__tintwell_cli_in export' -l list -d 'List the formats'
 complete -c tintwell-cli -n '__tintwell_cli_in save list' -s f -l format -x -a 'text json' -d 'Form of the output'
-complete -c tintwell-cli -n '__tintwell_cli_in palette contrast list use' -s c -l color -x -a 'auto always never' -d 'Colors on a terminal'
+complete -c tintwell-cli -n '__tintwell_cli_bare; or __tintwell_cli_in palette contrast list use' -s c -l color -x -a 'auto always never' -d 'Colors on a terminal'
 complete -c tintwell-cli -n '__tintwell_cli_in palette' -s j -l jobs -x -d 'Threads for a stream'
-complete -c tintwell-cli -n '__tintwell_cli_in save list delete use install' -s l -l library -r -F -d 'Use this library file'
+complete -c tintwell-cli -n '__tintwell_cli_bare; or __tintwell_cli_in save list delete use install' -s l -l library -r -F -d 'Use this library file'
 complete -c tintwell-cli -n '__tintwell_cli_in autostart' -a 'on off status'
 complete -c tintwell-cli -n '__tintwell_cli_in delete use' -a '(__tintwell_cli_ids)'
 complete -c tintwell-cli -n '__tintwell_cli_in install' -s i -l id -x -a '(__tintwell_cli_ids)' -d 'Install a saved palette'
