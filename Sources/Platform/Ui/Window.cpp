@@ -3,6 +3,7 @@
 #include "Accessibility.h"
 #include "ScrollArea.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -17,6 +18,14 @@ bool isStop(const QWidget& widget)
 {
     // A widget with a focus proxy is no stop itself: its proxy is.
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !widget.focusProxy();
+}
+
+/// A Wayland compositor brings a window to the front for a token from whoever had the focus, and
+/// every window that opens.
+bool isRefusedInFront()
+{
+    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))
+        && qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN");
 }
 
 /// Appends the stops below `part`: those in sight, and `focused` even when it has been hidden.
@@ -53,6 +62,8 @@ void Window::present()
 {
     if (isMinimized())
         showNormal();
+    if (isVisible() && !isActiveWindow() && isRefusedInFront())
+        hide();
     show();
     raise();
     activateWindow();
