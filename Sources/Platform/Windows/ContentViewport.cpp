@@ -37,7 +37,7 @@ QWidget* ContentViewport::takeContent()
 
 QSize ContentViewport::sizeHint() const
 {
-    return content_ != nullptr ? content_->size() : QSize();
+    return content_ != nullptr ? content_->maximumSize() : QSize();
 }
 
 void ContentViewport::resizeEvent(QResizeEvent* /*event*/)
@@ -49,7 +49,8 @@ void ContentViewport::fit()
 {
     if (content_ == nullptr)
         return;
-    const bool fits = width() >= content_->width() && height() >= content_->height();
+    const auto least = content_->minimumSize();
+    const bool fits = width() >= least.width() && height() >= least.height();
     if (!fits && scroller_ == nullptr) {
         scroller_ = new ScrollArea(content_, this);
         scroller_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -59,6 +60,8 @@ void ContentViewport::fit()
     }
     if (scroller_ != nullptr)
         scroller_->setGeometry(rect());
+    else
+        content_->resize(size().boundedTo(content_->maximumSize()));
 }
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// Shows a widget of fixed size in whatever room there is.
+// Shows a widget in whatever room there is.
 #pragma once
 
 #include <QWidget>
@@ -7,17 +7,17 @@ namespace platform {
 
 class ScrollArea;
 
-/// As large as its content it simply shows it; smaller, on a small screen, it scrolls.
+/// The content is as large as its maximum, or as the room; below its minimum it scrolls.
 class ContentViewport : public QWidget {
 public:
     explicit ContentViewport(QWidget* parent);
 
-    /// Takes the widget, which has a fixed size.
+    /// Takes the widget, which has a maximum size.
     void setContent(QWidget* content);
     /// Gives the content back, hidden and without a parent; null if there is none.
     [[nodiscard]] QWidget* takeContent();
 
-    /// The content's size; empty without one.
+    /// The content's largest size; empty without one.
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:

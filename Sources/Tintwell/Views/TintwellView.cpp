@@ -22,6 +22,8 @@ namespace tintwell {
 namespace {
 
 constexpr QSize panelSize { 448, 680 };
+/// On a short screen the workspace gets shorter.
+constexpr int leastHeight = 400;
 constexpr int pickerPaddingY = 10;
 
 platform::Tint toTint(const TintState& state)
@@ -52,6 +54,7 @@ TintwellView::TintwellView(TintwellModel& model, ViewActions actions, QWidget* p
           [this](const auto& spring) { show(spring); })
 {
     setFixedSize(panelSize);
+    setMinimumHeight(leastHeight);
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(QStringLiteral("Tintwell"));
     workspace_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -76,6 +76,24 @@ TEST_F(TintwellViewTest, ADoubleClickDeletesOrSavesOnce)
     }
 }
 
+TEST_F(TintwellViewTest, OnlyTheWorkspaceGetsShorterWithTheScreen)
+{
+    openOn({});
+    const auto place = [this](QWidget* control) {
+        return QRect(control->mapTo(view_.get(), QPoint()), control->size());
+    };
+    const auto picker = place(part<platform::SegmentedPicker>());
+    const auto save = place(button("Save + Install"));
+    const int full = view_->height();
+    for (const int height : { 536, 448, view_->minimumHeight() }) {
+        view_->resize(view_->width(), height);
+        settle();
+        EXPECT_EQ(view_->height(), height);
+        EXPECT_EQ(place(part<platform::SegmentedPicker>()), picker);
+        EXPECT_EQ(place(button("Save + Install")), save.translated(0, height - full));
+    }
+}
+
 TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
 {
     QTest::mouseClick(button("More"), Qt::LeftButton);
