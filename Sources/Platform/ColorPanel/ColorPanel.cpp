@@ -2,9 +2,9 @@
 
 #include "ColorListPane.h"
 #include "ColorMixer.h"
+#include "OrdinaryWindow.h"
 #include "ThemeSource.h"
 #include "ToolkitColor.h"
-#include "Window.h"
 
 #include <QPainter>
 
@@ -15,38 +15,40 @@ namespace {
 constexpr QSize windowSize { 680, 447 };
 constexpr int mixerWidth = 336;
 
-class ColorPanelWindow final : public Window {
+class ColorPanelWindow final : public OrdinaryWindow {
 public:
     explicit ColorPanelWindow(const ColorPanelServices& services)
-        : Window(ordinary, [this] { close(); })
+        : OrdinaryWindow(QStringLiteral("Colors"), 0, [this] { close(); })
+        , body_(this)
         , pasteboard_(services.pasteboard)
-        , mixer_([this](const QColor& color) { copy(color); }, this)
+        , mixer_([this](const QColor& color) { copy(color); }, &body_)
         , lists_(
               services.registry, services.firstList, services.inkOn,
               [this](const QColor& color) {
                   mixer_.setColor(color);
                   copy(color);
               },
-              this)
+              &body_)
     {
-        setWindowTitle(QStringLiteral("Colors"));
-        setFixedSize(windowSize);
+        body_.resize(windowSize);
+        setBody(body_);
         mixer_.setGeometry(0, 0, mixerWidth, windowSize.height());
         lists_.setGeometry(
             mixerWidth + 1, 0, windowSize.width() - mixerWidth - 1, windowSize.height());
     }
 
 protected:
-    void paintEvent(QPaintEvent* /*event*/) override
+    void paintEvent(QPaintEvent* event) override
     {
-        QPainter painter(this);
-        painter.fillRect(rect(), currentTheme().windowBackground);
-        painter.fillRect(QRect(mixerWidth, 0, 1, height()), currentTheme().separator);
+        OrdinaryWindow::paintEvent(event);
+        QPainter(this).fillRect(
+            QRect(body_.x() + mixerWidth, body_.y(), 1, body_.height()), currentTheme().separator);
     }
 
 private:
     void copy(const QColor& color) { pasteboard_.write(contentOf(color)); }
 
+    QWidget body_;
     Pasteboard& pasteboard_;
     ColorMixer mixer_;
     ColorListPane lists_;

@@ -17,7 +17,9 @@ const auto interfaceName = QStringLiteral("org.freedesktop.portal.Settings");
 
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto windowsGroup = QStringLiteral("org.gnome.desktop.wm.preferences");
 const auto globalsGroup = QStringLiteral("org.kde.kdeglobals.KDE");
+const QStringList groupsOfInterest { appearanceGroup, interfaceGroup, windowsGroup, globalsGroup };
 
 std::optional<Appearance> appearanceIn(const SettingGroups& groups)
 {
@@ -44,11 +46,18 @@ std::optional<bool> reducedMotionIn(const SettingGroups& groups)
     return isNumber ? std::optional(factor <= 0) : std::nullopt;
 }
 
+/// The layout names the buttons to the left and to the right of a title, such as "menu:close".
+bool minimizesIn(const SettingGroups& groups)
+{
+    return groups[windowsGroup][QStringLiteral("button-layout")].toString().contains(
+        QLatin1String("minimize"));
+}
+
 } // namespace
 
 DesktopPreferences preferencesIn(const SettingGroups& groups)
 {
-    return { appearanceIn(groups), reducedMotionIn(groups) };
+    return { appearanceIn(groups), reducedMotionIn(groups), minimizesIn(groups) };
 }
 
 void DesktopSettings::start()
@@ -62,7 +71,7 @@ void DesktopSettings::start()
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message
         = QDBusMessage::createMethodCall(service, path, interfaceName, QStringLiteral("ReadAll"));
-    message << QStringList { appearanceGroup, interfaceGroup, globalsGroup };
+    message << groupsOfInterest;
     auto* call = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, &DesktopSettings::readAnswer);
 }
@@ -85,7 +94,7 @@ void DesktopSettings::readAnswer(QDBusPendingCallWatcher* call)
 void DesktopSettings::settingChanged(
     const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group != appearanceGroup && group != interfaceGroup && group != globalsGroup)
+    if (!groupsOfInterest.contains(group))
         return;
     groups_[group][key] = value.variant();
     update();

@@ -47,6 +47,7 @@ const Shape& shapeOf(ButtonStyle style)
         Shape { 0,  24,    6,     16,    quiet, 7 },  // borderless
         Shape { 26, 24,    6,     16,    quiet, 7 },  // destructive
         Shape { 26, 28,    7,     18,    quiet, 7 },  // menu
+        Shape { 28, 28,    14,    16,    quiet, 7 },  // window
     };
     // clang-format on
     return shapes.at(static_cast<std::size_t>(style));
@@ -207,6 +208,7 @@ QColor Button::inkColor() const
     case ButtonStyle::destructive:
         return theme.destructive;
     case ButtonStyle::menu:
+    case ButtonStyle::window:
         return blended(theme.secondary, theme.text, isDown() ? 1 : hover_.value());
     }
     return theme.text;
@@ -263,6 +265,15 @@ Button* menuButton(const QString& name)
 {
     auto* button = new Button(ButtonStyle::menu, {}, Symbol::ellipsis);
     button->setAccessibleName(name);
+    return button;
+}
+
+Button* windowButton(Symbol symbol, const QString& name)
+{
+    auto* button = new Button(ButtonStyle::window, {}, symbol);
+    button->setAccessibleName(name);
+    // As in a frame of the desktop's.
+    button->setFocusPolicy(Qt::NoFocus);
     return button;
 }
 

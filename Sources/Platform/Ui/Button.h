@@ -18,7 +18,8 @@ enum class ButtonStyle {
     bordered, ///< A quiet plate with a line; a symbol alone.
     borderless, ///< Text in the tint's text colour; a plate only under the pointer.
     destructive, ///< A symbol in the destructive colour; a plate only under the pointer.
-    menu ///< The symbol of a button that opens a menu.
+    menu, ///< The symbol of a button that opens a menu.
+    window ///< Closes or minimises the window.
 };
 
 /// A button that is pressed by the mouse, by Space and by Return. A button without text needs an
@@ -76,5 +77,6 @@ private:
 [[nodiscard]] Button* borderlessButton(const QString& text);
 [[nodiscard]] Button* destructiveIcon(Symbol symbol, const QString& name);
 [[nodiscard]] Button* menuButton(const QString& name);
+[[nodiscard]] Button* windowButton(Symbol symbol, const QString& name);
 
 } // namespace platform

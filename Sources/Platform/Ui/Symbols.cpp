@@ -92,6 +92,8 @@ const auto drawings = std::to_array<Drawing>({
             "C14.0046 3.2 14.9 4.0954 14.9 5.2V6.3M6.2 6.8L7 18.1"
             "C7.0538 19.552 8.247 20.701 9.7 20.7H14.3C15.753 20.701 16.9462 19.552 17 18.1"
             "L17.8 6.8M10.1 10.9V16.4M13.9 10.9V16.4" } } },
+    { Symbol::close, { { Ink::stroke, "M6 6L18 18M18 6L6 18" } } },
+    { Symbol::minimize, { { Ink::stroke, "M5.5 16H18.5" } } },
 });
 
 QPainterPath sealShape()

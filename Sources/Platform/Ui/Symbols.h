@@ -21,7 +21,9 @@ enum class Symbol {
     power,
     ellipsis,
     stackSlash,
-    trash
+    trash,
+    close,
+    minimize
 };
 
 /// The thickness of lines on the grid of 24 that every symbol is drawn on.

@@ -79,8 +79,11 @@ void ThemeSource::applyPalette() const
 
 void ThemeSource::setDesktopPreferences(const DesktopPreferences& preferences)
 {
+    const bool framesChange = preferences.minimizes != desktop_.minimizes;
     desktop_ = preferences;
     update();
+    if (framesChange)
+        Q_EMIT changed();
 }
 
 bool ThemeSource::eventFilter(QObject* watched, QEvent* event)

@@ -14,6 +14,8 @@ namespace platform {
 struct DesktopPreferences {
     std::optional<Appearance> appearance;
     std::optional<bool> reducesMotion;
+    /// Windows have a button to minimise them.
+    bool minimizes = false;
 
     bool operator==(const DesktopPreferences&) const = default;
 };
@@ -35,11 +37,14 @@ public:
     /// True when the desktop asks for no animation: everything then switches at once.
     [[nodiscard]] bool reducesMotion() const { return reducesMotion_; }
 
+    /// True when windows that draw their own frame have a button to minimise them.
+    [[nodiscard]] bool minimizes() const { return desktop_.minimizes; }
+
     /// What the desktop says now.
     void setDesktopPreferences(const DesktopPreferences& preferences);
 
 Q_SIGNALS:
-    /// The theme or the wish for motion has changed, and the palette has been set.
+    /// Something of the above has changed, and the palette has been set.
     void changed();
 
 protected:

@@ -5,22 +5,16 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+
 namespace platform {
 
-namespace {
-
-/// What a title bar and borders take at most.
-constexpr QSize decoration { 8, 40 };
-
-} // namespace
-
 ContentWindow::ContentWindow(
-    const QString& title, std::function<void()> closed, std::function<void()> escape)
-    : Window(ordinary, std::move(escape))
+    const Title& title, std::function<void()> closed, std::function<void()> escape)
+    : OrdinaryWindow(title.text, title.headerHeight, std::move(escape))
     , closed_(std::move(closed))
     , viewport_(this)
 {
-    setWindowTitle(title);
 }
 
 void ContentWindow::setContent(QWidget* content)
@@ -31,18 +25,24 @@ void ContentWindow::setContent(QWidget* content)
 
 void ContentWindow::fitToScreen()
 {
-    const auto room = QGuiApplication::primaryScreen()->availableGeometry();
-    const auto size = viewport_.sizeHint().boundedTo(room.size() - decoration);
-    viewport_.resize(size);
-    setFixedSize(size);
+    viewport_.resize(viewport_.sizeHint().boundedTo(roomOn(*QGuiApplication::primaryScreen())));
+    setBody(viewport_);
     if (!isVisible())
-        move(room.center() - rect().center());
+        centre();
+}
+
+void ContentWindow::centre()
+{
+    const auto room = QGuiApplication::primaryScreen()->availableGeometry();
+    move(room.center() - QRect({}, frameGeometry().size()).center());
 }
 
 void ContentWindow::present()
 {
-    if (!isVisible())
+    if (!isVisible()) {
         wasUsed_ = false;
+        awaitsFrame_ = !testAttribute(Qt::WA_WState_Created);
+    }
     Window::present();
     // Before anything reaches the widgets inside.
     windowHandle()->installEventFilter(this);
@@ -62,6 +62,8 @@ bool ContentWindow::eventFilter(QObject* watched, QEvent* event)
     if (type == QEvent::MouseButtonPress || type == QEvent::Wheel || type == QEvent::KeyPress
         || type == QEvent::TouchBegin)
         wasUsed_ = true;
+    if (type == QEvent::Expose && std::exchange(awaitsFrame_, false))
+        centre();
     return Window::eventFilter(watched, event);
 }
 

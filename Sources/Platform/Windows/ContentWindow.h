@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ContentViewport.h"
-#include "Window.h"
+#include "OrdinaryWindow.h"
 
 #include <QString>
 
@@ -10,14 +10,20 @@
 
 namespace platform {
 
-/// Titled, closable and minimisable. Closing only hides it.
-class ContentWindow : public Window {
+/// Closing only hides it.
+class ContentWindow : public OrdinaryWindow {
 public:
+    struct Title {
+        QString text;
+        /// Of the header with which the content begins, where that does for a title bar.
+        int headerHeight = 0;
+    };
+
     /// `closed` is called after the user has closed the window, `escape` for the key.
     ContentWindow(
-        const QString& title, std::function<void()> closed, std::function<void()> escape = {});
+        const Title& title, std::function<void()> closed, std::function<void()> escape = {});
 
-    /// Takes the widget, which has a fixed size, as the whole content.
+    /// Takes the widget as the whole content, as large as it may get on the screen.
     void setContent(QWidget* content);
     /// Gives the content back, hidden and without a parent; null if there is none.
     [[nodiscard]] QWidget* takeContent() { return viewport_.takeContent(); }
@@ -34,10 +40,13 @@ protected:
 
 private:
     void fitToScreen();
+    void centre();
 
     std::function<void()> closed_;
     ContentViewport viewport_;
     bool wasUsed_ = false;
+    /// The frame is not there yet that the window is centred with.
+    bool awaitsFrame_ = false;
 };
 
 } // namespace platform

@@ -21,32 +21,11 @@ constexpr std::chrono::milliseconds releaseLook { 20 };
 
 } // namespace
 
-/// Lies over a corner of the content and makes it round.
-class PanelWindow::Corner final : public QWidget {
-public:
-    explicit Corner(PanelWindow& panel)
-        : QWidget(&panel)
-        , panel_(panel)
-    {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter painter(this);
-        painter.translate(-pos());
-        panel_.frame_.paintCorner(painter, geometry(), panel_.panelRect());
-    }
-
-private:
-    PanelWindow& panel_;
-};
-
 PanelWindow::PanelWindow(std::function<bool()> staysOpen)
     : Window(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint, [this] { dismiss(); })
     , staysOpen_(std::move(staysOpen))
     , viewport_(this)
+    , corners_(*this, frame_)
 {
     setWindowTitle(QCoreApplication::applicationName());
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
@@ -147,26 +126,7 @@ void PanelWindow::layOut()
 {
     const int line = frame_.line();
     viewport_.setGeometry(panelRect().adjusted(line, line, -line, -line));
-    layOutCorners();
-}
-
-void PanelWindow::layOutCorners()
-{
-    const auto size = frame_.cornerSize();
-    for (auto*& corner : corners_) {
-        if (corner == nullptr)
-            corner = new Corner(*this);
-        corner->setVisible(!size.isEmpty());
-    }
-    const auto panel = panelRect();
-    const int right = panel.right() + 1 - size.width();
-    const int bottom = panel.bottom() + 1 - size.height();
-    const std::array places { panel.topLeft(), QPoint(right, panel.top()),
-        QPoint(panel.left(), bottom), QPoint(right, bottom) };
-    for (std::size_t index = 0; index < places.size(); ++index) {
-        corners_[index]->setGeometry(QRect(places[index], size));
-        corners_[index]->raise();
-    }
+    corners_.layOut(panelRect());
 }
 
 void PanelWindow::prepareNativeWindow(const X11Display& display)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ContentViewport.h"
+#include "FrameCorners.h"
 #include "Motion.h"
 #include "PanelFrame.h"
 #include "PanelPlacement.h"
@@ -12,7 +13,6 @@
 #include <QRect>
 #include <QTimer>
 
-#include <array>
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -52,7 +52,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    class Corner;
     /// A press outside that closes the panel as soon as it ends.
     struct ClosingPress {
         QPoint pointer;
@@ -65,15 +64,14 @@ private:
     /// The panel inside its window, which is larger by the shadow.
     [[nodiscard]] QRect panelRect() const;
     void layOut();
-    void layOutCorners();
     void prepareNativeWindow(const X11Display& display);
     /// `shown` runs from 0 to 1.
     void showOpening(double shown);
 
     std::function<bool()> staysOpen_;
     ContentViewport viewport_;
-    std::array<Corner*, 4> corners_ {};
     PanelFrame frame_ { /*composited=*/false };
+    FrameCorners corners_;
     PanelPlacement placement_;
     QMargins room_;
     std::optional<PlasmaPlacement> onPlasma_;

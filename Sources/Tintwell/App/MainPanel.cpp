@@ -1,5 +1,6 @@
 #include "MainPanel.h"
 
+#include "CaptureHeader.h"
 #include "ColorDrag.h"
 
 #include <QApplication>
@@ -57,7 +58,9 @@ platform::ContentWindow& MainPanel::window()
     auto* view = content().view.data();
     if (!window_)
         window_ = std::make_unique<platform::ContentWindow>(
-            QStringLiteral("Tintwell"), events_.closed, events_.escape);
+            platform::ContentWindow::Title {
+                QStringLiteral("Tintwell"), CaptureHeader::fullHeight },
+            events_.closed, events_.escape);
     if (view->window() != window_.get())
         window_->setContent(panel_ ? panel_->takeContent() : view);
     return *window_;

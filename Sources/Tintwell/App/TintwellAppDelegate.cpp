@@ -10,7 +10,7 @@ namespace tintwell {
 struct TintwellAppDelegate::WindowController {
     WindowController(DesktopServices& services, std::function<void()> closed)
         : content(makeModelAndView(services))
-        , window(QStringLiteral("Tintwell Preview"), std::move(closed))
+        , window({ QStringLiteral("Tintwell Preview") }, std::move(closed))
     {
         window.setContent(content.view);
     }

@@ -71,6 +71,9 @@ int main(int argc, char* argv[])
     }
     // A file that may not grow any more is an error of the write, not the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);
+    // Windows without a frame of the desktop's draw their own. Besides, the toolkit would load
+    // OpenGL to see whether it can draw one.
+    qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
     auto* const usualHandler = qInstallMessageHandler(onToolkitMessage);
     const QApplication application(argc, argv);
     qInstallMessageHandler(usualHandler);

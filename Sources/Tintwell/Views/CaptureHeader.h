@@ -23,6 +23,8 @@ namespace tintwell {
 class CaptureHeader : public QWidget, public platform::Tinted {
     Q_OBJECT
 public:
+    static constexpr int fullHeight = 140;
+
     explicit CaptureHeader(TintwellModel& model);
 
     void show(const HeaderState& state, const std::optional<platform::Spring>& spring);

@@ -124,6 +124,7 @@ TEST(DesktopSettings, PreferencesAreReadFromEveryDesktopsSettings)
 {
     constexpr auto common = "org.freedesktop.appearance";
     constexpr auto gnome = "org.gnome.desktop.interface";
+    constexpr auto windows = "org.gnome.desktop.wm.preferences";
     constexpr auto kde = "org.kde.kdeglobals.KDE";
     const struct {
         const char* group;
@@ -139,6 +140,8 @@ TEST(DesktopSettings, PreferencesAreReadFromEveryDesktopsSettings)
         { common, "reduced-motion", 0U, {} },
         { gnome, "enable-animations", false, { {}, true } },
         { gnome, "enable-animations", true, { {}, false } },
+        { windows, "button-layout", QStringLiteral("menu:minimize,close"), { {}, {}, true } },
+        { windows, "button-layout", QStringLiteral("appmenu:close"), {} },
         { kde, "AnimationDurationFactor", QStringLiteral("0"), { {}, true } },
         { kde, "AnimationDurationFactor", 0.5, { {}, false } },
         { kde, "AnimationDurationFactor", QStringLiteral("x"), {} },

@@ -548,6 +548,10 @@ class SmallScreenTest(ShellTest):
         item = self.expect(embedded_item, "the item")
         preview = self.expect(lambda: windows("Tintwell Preview"), "the preview window")[0]
         self.assertLess(preview.height, SCREEN[1])
+        top, bottom = (int(extent) for extent in output("xprop", "-id", preview.number, "_NET_FRAME_EXTENTS").split(",")[2:])
+        area = [int(number) for number in re.findall(r"\d+", output("xprop", "-root", "_NET_WORKAREA"))[:4]]
+        self.assertAlmostEqual(preview.y - top - area[1],
+                               area[1] + area[3] - preview.y - preview.height - bottom, delta=1)
         click(*item)
         self.assertTrue(self.expect(panel, "the panel").is_on_screen())
 

@@ -165,7 +165,7 @@ TEST_F(TintwellViewFocusTest, TabStartsInTheOrderOfReadingAndShowsEvenInASmallWi
     for (const auto& [key, first] :
         { std::pair(Qt::Key_Tab, "Violet"), std::pair(Qt::Key_Backtab, "More") }) {
         openOn({});
-        platform::ContentWindow window(QStringLiteral("Small"), [] {});
+        platform::ContentWindow window({ QStringLiteral("Small") }, [] {});
         window.setContent(view_.get());
         window.setMinimumSize(0, 0);
         window.resize(300, 250);
