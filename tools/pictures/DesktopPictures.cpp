@@ -159,7 +159,7 @@ QImage colorsWindow()
               .install("Tintwell", palette.exportColors(), std::nullopt);
     if (!installed)
         return {};
-    services.colorPanel().orderFront();
+    services.colorPanel().orderFront(QColor(0x6E, 0x56, 0xCF), {});
     settleWindows();
     for (auto* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->windowTitle() == QStringLiteral("Colors")) {

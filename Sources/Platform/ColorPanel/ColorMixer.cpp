@@ -29,7 +29,8 @@ constexpr int trackLeft = 52;
 constexpr int trackWidth = 206;
 constexpr int fieldLeft = 264;
 constexpr int fieldWidth = 52;
-constexpr QRect hexArea { 56, 389, 260, 28 };
+constexpr QRect hexArea { 56, 389, 130, 28 };
+constexpr QRect useArea { 196, 389, 120, 28 };
 constexpr int labelLeft = 20;
 constexpr double fieldRadius = 6;
 constexpr TextStyle labelStyle { .size = 13 };
@@ -107,7 +108,8 @@ void ColorWell::paintEvent(QPaintEvent* /*event*/)
         paintSwatch(painter, rect(), cornerRadius(), color());
 }
 
-ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent)
+ColorMixer::ColorMixer(std::function<void(const QColor&)> taken,
+    std::function<void(const QColor&)> used, QWidget* parent)
     : QWidget(parent)
     , wheel_(
           [this](double hue, double saturation) { setHsv(hue, saturation, color_.valueF()); }, this)
@@ -117,6 +119,7 @@ ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent
     , well_(
           color_, previewRadius, [this, taken = std::move(taken)] { taken(color_); }, this)
     , hex_(hexStyle, fieldRadius, 10, 10, this)
+    , use_(ButtonStyle::bordered, QStringLiteral("Use as Source"), std::nullopt, this)
 {
     wheel_.setGeometry(wheelArea);
     brightness_.setGeometry(brightnessArea);
@@ -126,6 +129,8 @@ ColorMixer::ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent
     hex_.setGeometry(hexArea);
     hex_.setAccessibleName(QStringLiteral("Hex"));
     connect(&hex_, &QLineEdit::editingFinished, this, [this] { readHex(); });
+    use_.setGeometry(useArea);
+    connect(&use_, &Button::clicked, this, [this, used = std::move(used)] { used(color_); });
     setColor(color_);
 }
 

@@ -1,6 +1,7 @@
 // Mixes a colour by wheel and brightness, by channel, or from numbers and hex text.
 #pragma once
 
+#include "Button.h"
 #include "ColorSlider.h"
 #include "ColorSwatch.h"
 #include "ColorWheel.h"
@@ -27,8 +28,9 @@ protected:
 
 class ColorMixer : public QWidget {
 public:
-    /// `taken` hears of a press on the mixed colour.
-    ColorMixer(std::function<void(const QColor&)> taken, QWidget* parent);
+    /// `taken` hears of a press on the mixed colour, `used` of one on "Use as Source".
+    ColorMixer(std::function<void(const QColor&)> taken, std::function<void(const QColor&)> used,
+        QWidget* parent);
 
     void setColor(const QColor& color);
 
@@ -62,6 +64,7 @@ private:
     ColorWell well_;
     std::array<Channel, 4> channels_;
     TextField hex_;
+    Button use_;
 };
 
 } // namespace platform

@@ -2,6 +2,7 @@
 
 #include "ColorListPane.h"
 #include "ColorMixer.h"
+#include "Label.h"
 #include "OrdinaryWindow.h"
 #include "ThemeSource.h"
 #include "ToolkitColor.h"
@@ -14,6 +15,9 @@ namespace {
 
 constexpr QSize windowSize { 680, 447 };
 constexpr int mixerWidth = 336;
+constexpr QRect statusArea { 20, 424, 296, 14 };
+
+} // namespace
 
 class ColorPanelWindow final : public OrdinaryWindow {
 public:
@@ -21,7 +25,9 @@ public:
         : OrdinaryWindow(QStringLiteral("Colors"), 0, [this] { close(); })
         , body_(this)
         , pasteboard_(services.pasteboard)
-        , mixer_([this](const QColor& color) { copy(color); }, &body_)
+        , mixer_([this](const QColor& color) { copy(color); },
+              [this](const QColor& color) { use_(color); }, &body_)
+        , status_({ .size = 10 }, &Theme::secondary)
         , lists_(
               services.registry, services.firstList, services.inkOn,
               [this](const QColor& color) {
@@ -33,8 +39,18 @@ public:
         body_.resize(windowSize);
         setBody(body_);
         mixer_.setGeometry(0, 0, mixerWidth, windowSize.height());
+        status_.setParent(&body_);
+        status_.setGeometry(statusArea);
         lists_.setGeometry(
             mixerWidth + 1, 0, windowSize.width() - mixerWidth - 1, windowSize.height());
+    }
+
+    void begin(const QColor& source, std::function<void(const QColor&)> use)
+    {
+        use_ = std::move(use);
+        mixer_.setColor(source);
+        status_.announce({});
+        present();
     }
 
 protected:
@@ -46,15 +62,19 @@ protected:
     }
 
 private:
-    void copy(const QColor& color) { pasteboard_.write(contentOf(color)); }
+    void copy(const QColor& color)
+    {
+        pasteboard_.write(contentOf(color));
+        status_.announce(QStringLiteral("Copied ") + hexText(color));
+    }
 
     QWidget body_;
     Pasteboard& pasteboard_;
+    std::function<void(const QColor&)> use_;
     ColorMixer mixer_;
+    StatusLine status_;
     ColorListPane lists_;
 };
-
-} // namespace
 
 ColorPanel::ColorPanel(ColorPanelServices services)
     : services_(std::move(services))
@@ -63,11 +83,11 @@ ColorPanel::ColorPanel(ColorPanelServices services)
 
 ColorPanel::~ColorPanel() = default;
 
-void ColorPanel::orderFront()
+void ColorPanel::orderFront(const QColor& source, std::function<void(const QColor&)> use)
 {
     if (!window_)
         window_ = std::make_unique<ColorPanelWindow>(services_);
-    window_->present();
+    window_->begin(source, std::move(use));
 }
 
 } // namespace platform

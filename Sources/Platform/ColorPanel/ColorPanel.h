@@ -12,7 +12,7 @@ class QColor;
 
 namespace platform {
 
-class Window;
+class ColorPanelWindow;
 
 struct ColorPanelServices {
     /// Outlives the panel.
@@ -31,11 +31,12 @@ public:
     ~ColorPanel();
 
     /// Shows the panel in front of the application's other windows.
-    void orderFront();
+    /// It begins with `source`; `use` is told a colour that is to become the source.
+    void orderFront(const QColor& source, std::function<void(const QColor&)> use);
 
 private:
     ColorPanelServices services_;
-    std::unique_ptr<Window> window_;
+    std::unique_ptr<ColorPanelWindow> window_;
 };
 
 } // namespace platform

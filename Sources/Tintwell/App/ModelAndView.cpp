@@ -2,6 +2,7 @@
 
 #include "BrandMark.h"
 #include "DateText.h"
+#include "QtColor.h"
 #include "TintwellView.h"
 
 #include <QApplication>
@@ -21,7 +22,11 @@ ModelAndView makeModelAndView(DesktopServices& services)
     content.libraryWatch = std::make_unique<platform::FileWatch>(
         content.model->libraryFile(), [&model = *content.model] { model.followLibrary(); });
     content.view = new TintwellView(*content.model,
-        { .openColorPanel = [&services] { services.colorPanel().orderFront(); },
+        { .openColorPanel =
+                [&services, &model = *content.model] {
+                    services.colorPanel().orderFront(toQColor(model.generated().source),
+                        [&model](const QColor& color) { model.use(fromQColor(color)); });
+                },
             .quit = [] { QApplication::quit(); },
             .dateText = platform::DateText(platform::DateText::userLocale()) });
     return content;

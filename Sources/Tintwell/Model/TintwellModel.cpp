@@ -117,6 +117,11 @@ void TintwellModel::drop(const RGBAColor& color)
     take(color, "Dropped ");
 }
 
+void TintwellModel::use(const RGBAColor& color)
+{
+    take(color, "Using ");
+}
+
 /// `color` comes from another program, in the way that `verb` says.
 void TintwellModel::take(const RGBAColor& color, const std::string& verb)
 {

@@ -65,6 +65,8 @@ public:
     void paste();
     /// Makes a colour that was dragged here the source.
     void drop(const RGBAColor& color);
+    /// Makes a colour that was mixed the source.
+    void use(const RGBAColor& color);
     /// Starts a pick and returns at once.
     void beginSampling() { sampleFromScreen(); }
     /// Lets the user pick a colour, which then becomes the source; nothing while a pick is running,

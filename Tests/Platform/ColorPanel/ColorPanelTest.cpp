@@ -1,8 +1,10 @@
 #include "ColorPanel.h"
 
 #include "DragWatch.h"
+#include "Label.h"
 
 #include <gtest/gtest.h>
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -57,7 +59,8 @@ protected:
     {
         panel_ = std::make_unique<ColorPanel>(ColorPanelServices {
             pasteboard_, registry_, [](const QColor&) { return Qt::white; }, firstList });
-        panel_->orderFront();
+        panel_->orderFront(
+            QColor(0x12, 0x34, 0x56), [this](const QColor& color) { used_ = color; });
         for (auto* widget : QApplication::topLevelWidgets())
             if (widget->windowTitle() == QStringLiteral("Colors"))
                 window_ = widget;
@@ -123,6 +126,7 @@ protected:
         QApplication::sendEvent(widget, &event);
     }
 
+    QColor used_;
     const QTemporaryDir home_;
     ColorListRegistry registry_;
     RecordingPasteboard pasteboard_;
@@ -159,6 +163,21 @@ TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
             valueOf(u"Alpha") };
         EXPECT_EQ(channels.join(u' ').toStdString(), row.channels) << row.entered;
     }
+}
+
+TEST_F(ColorPanelTest, OpensWithTheSourceAndGivesAColorBack)
+{
+    EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#123456"));
+    enter(u"Hex", QStringLiteral("#102030"));
+    for (auto* button : window_->findChildren<QAbstractButton*>())
+        if (button->text() == QStringLiteral("Use as Source"))
+            click(button);
+    EXPECT_EQ(used_, QColor(0x10, 0x20, 0x30));
+    list_->setCurrentIndex(row(1));
+    press(list_, Qt::Key_Return);
+    const auto labels = window_->findChildren<Label*>();
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.front()->text(), QStringLiteral("Copied #008066"));
 }
 
 TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
@@ -309,7 +328,7 @@ TEST_F(ColorPanelTest, FollowsTheFolderWhileItIsOpen)
 
     window_->close();
     save("Another", { { "One", {} }, { "Two", {} } });
-    panel_->orderFront();
+    panel_->orderFront(Qt::red, {});
     EXPECT_EQ(rows().size(), 2) << "read again when it opens";
 }
 
