@@ -1,5 +1,6 @@
 #include "TintwellView.h"
 
+#include "ExportDialog.h"
 #include "Metrics.h"
 #include "PopupMenu.h"
 #include "QtColor.h"
@@ -192,12 +193,13 @@ std::optional<TintwellView::CopyOffer> TintwellView::offerOf(const QWidget* part
 {
     for (; part != nullptr && part != this; part = part->parentWidget()) {
         if (part == header_)
-            return CopyOffer { model_.source(), "source" };
+            return CopyOffer { model_.source(), "source", /*isSource=*/true };
         if (const auto* cell = qobject_cast<const SwatchCell*>(part))
             return CopyOffer { cell->shown().namedColor, cell->shown().namedColor.id };
         if (const auto* row = qobject_cast<const SavedPaletteRow*>(part))
             if (const auto* palette = savedPalette(row->shown().id))
-                return CopyOffer { { "saved", palette->name, palette->source, {} }, "source" };
+                return CopyOffer { { "saved", palette->name, palette->source, {} }, "source",
+                    /*isSource=*/true };
     }
     return std::nullopt;
 }
@@ -236,6 +238,11 @@ void TintwellView::openCopyMenu(
     for (const auto& text : copyTexts(offer.color.color, offer.property))
         items.push_back({ QString::fromStdString(text), platform::Symbol::copy,
             [this, color = offer.color, text] { model_.copy(color, text); } });
+    if (offer.isSource) {
+        items.emplace_back();
+        items.push_back({ QStringLiteral("Export…"), platform::Symbol::tray,
+            [this, source = offer.color.color] { openExportDialog(*this, source); } });
+    }
     platform::PopupMenu::openAt(owner, area, name, std::move(items), tint_, byKeyboard);
 }
 

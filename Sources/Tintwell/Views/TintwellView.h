@@ -47,10 +47,11 @@ private:
     /// The palette of a row; none when it has just gone.
     [[nodiscard]] const SavedPalette* savedPalette(const platform::Uuid& id) const;
 
-    /// What the context menu of a part copies.
+    /// What the context menu of a part copies, and whether it exports the palette of that.
     struct CopyOffer {
         NamedColor color;
         std::string property;
+        bool isSource = false;
     };
     [[nodiscard]] std::optional<CopyOffer> offerOf(const QWidget* part) const;
     /// Copies the focused tile, else the source.

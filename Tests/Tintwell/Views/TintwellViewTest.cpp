@@ -1,3 +1,4 @@
+#include "AtomicFile.h"
 #include "PopupMenu.h"
 #include "QtColor.h"
 #include "ScrollArea.h"
@@ -5,9 +6,12 @@
 #include "ThemeSource.h"
 #include "TintwellViewFixture.h"
 
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
 
+#include <cstring>
 #include <numeric>
 
 namespace tintwell {
@@ -168,6 +172,35 @@ TEST_F(TintwellViewTest, EveryColorIsCopiedInTheWordsOfTheMenu)
     }
     QTest::keyClick(view_.get(), Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_NE(window_->findChild<platform::PopupMenu*>(), nullptr);
+}
+
+TEST_F(TintwellViewTest, TheSourceAndSavedPalettesAreExported)
+{
+    openOn({ palette(1, "Red") });
+    for (const auto& [tab, file, expected] : {
+             std::tuple { WorkspaceTab::studio, "a.css", "/* Violet, #6E56CF */" },
+             std::tuple { WorkspaceTab::saved, "b.scss", "/* Coral, #E5484D */" },
+             std::tuple { WorkspaceTab::studio, "c.txt", "" },
+         }) {
+        choose(tab);
+        auto* part = tab == WorkspaceTab::saved ? this->part<SavedPaletteRow>() : sourceSwatch();
+        const auto at = part->rect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, at, part->mapToGlobal(at));
+        QApplication::sendEvent(part, &asked);
+        auto* menu = window_->findChild<platform::PopupMenu*>();
+        ASSERT_NE(menu, nullptr);
+        QTest::mouseClick(menu->findChildren<QAbstractButton*>().back(), Qt::LeftButton);
+        settle();
+        auto* dialog = window_->findChild<QFileDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        const auto target = folder_ / file;
+        Q_EMIT dialog->fileSelected(QString::fromStdString(target.string()));
+        delete dialog;
+        const auto* warning = window_->findChild<QMessageBox*>();
+        EXPECT_EQ(warning == nullptr, *expected != '\0');
+        const auto content = platform::readWholeFile(target, 100000);
+        EXPECT_EQ((content ? content.value() : "").substr(0, std::strlen(expected)), expected);
+    }
 }
 
 TEST_F(TintwellViewTest, SamplingTakesTheButtonAndTheShortcutUntilItEnds)
