@@ -11,7 +11,10 @@ Report installColors(MacColorListInstaller& installer, const std::vector<NamedCo
     const auto file = installer.install(installedListName, colors, std::nullopt);
     if (!file)
         return Report::failure("Install failed: " + file.error().description);
-    return Report::printed("Installed " + printable(file.value().filename().string()) + "\n");
+    const auto& publication = installer.publication();
+    const auto reached = publication.summary();
+    return Report::printed("Installed " + printable(file.value().filename().string())
+        + (reached.empty() ? "" : (publication.copies.empty() ? ". " : "; ") + reached) + "\n");
 }
 
 std::string listsLayout(const std::vector<platform::ColorList>& lists)

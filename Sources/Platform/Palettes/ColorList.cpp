@@ -219,9 +219,9 @@ ColorListRegistry::ColorListRegistry(path folder)
 {
 }
 
-path ColorListRegistry::defaultFolder()
+path ColorListRegistry::defaultFolder(const Environment& environment)
 {
-    return Directories::fromEnvironment().home / "Library" / "Colors";
+    return Directories::fromEnvironment(environment).home / "Library" / "Colors";
 }
 
 std::vector<path> ColorListRegistry::listFiles() const

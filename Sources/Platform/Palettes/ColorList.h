@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Color.h"
+#include "Directories.h"
 #include "Result.h"
 
 #include <cstddef>
@@ -51,10 +52,10 @@ private:
 /// and a renamed file is a renamed list. Files that are no lists are passed over and never touched.
 class ColorListRegistry {
 public:
-    explicit ColorListRegistry(std::filesystem::path folder = defaultFolder());
+    explicit ColorListRegistry(std::filesystem::path folder = defaultFolder(processEnvironment()));
 
     /// "Library/Colors" in the user's home folder.
-    [[nodiscard]] static std::filesystem::path defaultFolder();
+    [[nodiscard]] static std::filesystem::path defaultFolder(const Environment& environment);
 
     [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
 

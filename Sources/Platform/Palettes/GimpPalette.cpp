@@ -4,9 +4,11 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
+#include <sstream>
 
 namespace platform {
 
@@ -40,7 +42,31 @@ std::string nameLine(const std::string& name)
     return plain.substr(first, plain.find_last_not_of(' ') - first + 1);
 }
 
+bool isNumber(const std::string& word)
+{
+    return word.find_first_not_of("0123456789") == std::string::npos;
+}
+
 } // namespace
+
+std::vector<std::string> gimpPaletteEntries(const std::string& text)
+{
+    std::vector<std::string> entries;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::vector<std::string> parts;
+        for (std::string word; words >> word;)
+            parts.push_back(word);
+        if (parts.size() < 3 || !std::all_of(parts.begin(), parts.begin() + 3, isNumber))
+            continue;
+        std::string entry;
+        for (const auto& part : parts)
+            entry += (entry.empty() ? "" : " ") + part;
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
 
 std::string plainAscii(std::string_view text)
 {

@@ -23,7 +23,7 @@ using fs::path;
 constexpr std::string_view marker
     = "Copied by Tintwell from the color list of this name; replaced with it.";
 
-enum class Base { config, data };
+enum class Base { config, data, home };
 
 struct Program {
     const char* name;
@@ -39,60 +39,88 @@ constexpr std::array programs {
     Program { "Inkscape",    Base::config, "inkscape",           "palettes" },
     Program { "Krita",       Base::data,   "krita",              "palettes" },
     Program { "LibreOffice", Base::config, "libreoffice/4/user", "config" },
-    Program { "MyPaint",     Base::data,   "mypaint",            "palettes" },
+    Program { "Inkscape (Flatpak)",    Base::home, ".var/app/org.inkscape.Inkscape/config/inkscape",                 "palettes" },
+    Program { "Krita (Flatpak)",       Base::home, ".var/app/org.kde.krita/data/krita",                              "palettes" },
+    Program { "LibreOffice (Flatpak)", Base::home, ".var/app/org.libreoffice.LibreOffice/config/libreoffice/4/user", "config" },
+    Program { "Krita (Snap)",          Base::home, "snap/krita/current/.local/share/krita",                          "palettes" },
+    Program { "LibreOffice (Snap)",    Base::home, "snap/libreoffice/current/.config/libreoffice/4/user",            "config" },
+};
+
+struct GimpFolder {
+    Base base;
+    /// Has a root folder for every minor version, such as "2.10".
+    const char* versions;
+    const char* suffix;
+};
+
+constexpr std::array gimpFolders {
+    GimpFolder { Base::config, "GIMP",                                 "" },
+    GimpFolder { Base::home,   ".var/app/org.gimp.GIMP/config/GIMP",   " (Flatpak)" },
+    GimpFolder { Base::home,   "snap/gimp/current/.config/GIMP",       " (Snap)" },
 };
 // clang-format on
 
 struct Place {
-    const char* program;
+    std::string program;
     path root;
     path palettes;
 };
 
-/// GIMP has a root folder for every minor version, such as "GIMP/2.10".
-std::vector<path> gimpRoots(const PalettePublisher::Folders& folders)
+const path& folderOf(Base base, const PalettePublisher::Folders& folders)
 {
-    std::vector<path> roots = folders.gimp;
-    std::error_code ended;
-    if (!folders.config.empty()) {
-        fs::directory_iterator entry(folders.config / "GIMP", ended);
+    if (base == Base::home)
+        return folders.home;
+    return base == Base::config ? folders.config : folders.data;
+}
+
+std::vector<Place> gimpPlaces(const PalettePublisher::Folders& folders)
+{
+    std::vector<Place> places;
+    for (const auto& root : folders.gimp)
+        places.push_back({ "GIMP", root, root / "palettes" });
+    for (const auto& [base, versions, suffix] : gimpFolders) {
+        if (folderOf(base, folders).empty())
+            continue;
+        std::error_code ended;
+        fs::directory_iterator entry(folderOf(base, folders) / versions, ended);
         for (; !ended && entry != fs::directory_iterator(); entry.increment(ended)) {
-            const std::string version = entry->path().filename().string();
+            const path root = entry->path();
+            const std::string version = root.filename().string();
             if (version.find_first_not_of("0123456789.") == std::string::npos)
-                roots.push_back(entry->path());
+                places.push_back({ "GIMP " + version + suffix, root, root / "palettes" });
         }
     }
-    std::sort(roots.begin(), roots.end());
-    roots.erase(std::unique(roots.begin(), roots.end()), roots.end());
-    return roots;
+    const auto byRoot = [](const Place& a, const Place& b) { return a.root < b.root; };
+    const auto sameRoot = [](const Place& a, const Place& b) { return a.root == b.root; };
+    std::stable_sort(places.begin(), places.end(), byRoot);
+    places.erase(std::unique(places.begin(), places.end(), sameRoot), places.end());
+    return places;
 }
 
 std::vector<Place> placesIn(const PalettePublisher::Folders& folders)
 {
-    std::vector<Place> places;
-    for (const auto& root : gimpRoots(folders))
-        places.push_back({ "GIMP", root, root / "palettes" });
-    for (const auto& program : programs) {
-        const path& base = program.base == Base::config ? folders.config : folders.data;
-        if (!base.empty())
+    auto places = gimpPlaces(folders);
+    for (const auto& root : folders.inkscape)
+        places.push_back({ "Inkscape", root, root / "palettes" });
+    for (const auto& program : programs)
+        if (const path& base = folderOf(program.base, folders); !base.empty())
             places.push_back(
                 { program.name, base / program.root, base / program.root / program.palettes });
-    }
-    places.erase(std::remove_if(places.begin(), places.end(),
-                     [](const Place& place) {
-                         std::error_code ignored;
-                         return !fs::is_directory(place.root, ignored);
-                     }),
-        places.end());
+    std::erase_if(places, [](const Place& place) {
+        std::error_code ignored;
+        return !fs::is_directory(place.root, ignored);
+    });
     return places;
 }
 
 enum class Standing { absent, current, outdated, foreign };
 
+constexpr std::size_t maxBytes = 4'000'000;
+
 /// What is at the place of a copy. Anything that cannot be read as one of ours is the user's own.
-Standing standingOf(const path& file, const std::string& text)
+Standing standingOf(
+    const path& file, const std::string& text, const std::vector<std::string>& lastEntries)
 {
-    constexpr std::size_t maxBytes = 4'000'000;
     std::error_code ignored;
     if (fs::symlink_status(file, ignored).type() == fs::file_type::not_found)
         return Standing::absent;
@@ -102,7 +130,9 @@ Standing standingOf(const path& file, const std::string& text)
     if (content.value() == text)
         return Standing::current;
     const std::string line = "\n# " + std::string(marker) + "\n";
-    return content.value().find(line) == std::string::npos ? Standing::foreign : Standing::outdated;
+    const bool isOurs = content.value().find(line) != std::string::npos
+        || (!lastEntries.empty() && gimpPaletteEntries(content.value()) == lastEntries);
+    return isOurs ? Standing::outdated : Standing::foreign;
 }
 
 Result<void> makeFolder(const path& folder)
@@ -139,40 +169,70 @@ PalettePublisher::Folders PalettePublisher::userFolders(const Environment& envir
     Folders folders {
         .config = directories.configHome.value_or(path()),
         .data = directories.dataHome.value_or(path()),
+        .home = directories.home,
+        .kept = ColorListRegistry::defaultFolder(environment),
     };
-    for (const char* const variable : { "GIMP2_DIRECTORY", "GIMP3_DIRECTORY" })
+    const auto add = [&](const char* variable, std::vector<path>& roots) {
         if (const auto value = environment(variable); value && !value->empty())
-            folders.gimp.push_back(directories.home / *value);
+            roots.push_back(directories.home / *value);
+    };
+    add("GIMP2_DIRECTORY", folders.gimp);
+    add("GIMP3_DIRECTORY", folders.gimp);
+    add("INKSCAPE_PROFILE_DIR", folders.inkscape);
     return folders;
 }
 
-Result<std::vector<path>> PalettePublisher::publish(const ColorList& list) const
+Result<Publication> PalettePublisher::publish(const ColorList& list) const
 {
     // The same names are refused for both kinds of file, so the list's own check serves here too.
     if (const auto safe = colorListFileName(list.name()); !safe)
         return safe.error();
     const std::string text = gimpPaletteText(list, marker);
-    std::vector<path> published;
+    const path name = list.name() + ".gpl";
+    const auto last = folders_.kept.empty() ? Result<std::string>(std::string())
+                                            : readWholeFile(folders_.kept / name, maxBytes);
+    const auto lastEntries = gimpPaletteEntries(last ? last.value() : "");
+    Publication publication;
     std::optional<Error> failure;
-    for (const auto& place : placesIn(folders_)) {
-        const path file = place.palettes / (list.name() + ".gpl");
-        const Standing standing = standingOf(file, text);
-        if (standing == Standing::foreign)
+    for (const auto& [program, root, palettes] : placesIn(folders_)) {
+        const path file = palettes / name;
+        const Standing standing = standingOf(file, text, lastEntries);
+        if (standing == Standing::foreign) {
+            publication.leftAlone.push_back({ program, file });
             continue;
+        }
         if (standing != Standing::current) {
             const auto written = writeCopy(file, text, standing);
             if (!written) {
                 if (!failure)
-                    failure = Error { "The color list was saved, but " + std::string(place.program)
+                    failure = Error { "The color list was saved, but " + program
                         + " did not get its copy, because " + written.error().description };
                 continue;
             }
         }
-        published.push_back(file);
+        publication.copies.push_back({ program, file });
     }
+    // Without it a copy that its program wrote anew counts as the user's own: told, and not lost.
+    if (!folders_.kept.empty())
+        static_cast<void>(writeFileAtomically(folders_.kept / name, text));
     if (failure)
         return *failure;
-    return published;
+    return publication;
+}
+
+std::string Publication::summary() const
+{
+    std::string text;
+    for (const auto& copy : copies)
+        text += (text.empty() ? "" : ", ") + copy.program;
+    std::string left;
+    for (const auto& copy : leftAlone)
+        left += (left.empty() ? "Left alone: " : ", ") + copy.program + "'s "
+            + copy.file.filename().string();
+    if (left.empty())
+        return text;
+    return text + (text.empty() ? "" : ". ") + left
+        + (leftAlone.size() == 1 ? " was changed there." : " were changed there.");
 }
 
 } // namespace platform

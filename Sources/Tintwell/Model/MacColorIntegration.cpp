@@ -74,6 +74,7 @@ MacColorListInstaller::MacColorListInstaller(
 platform::Result<std::filesystem::path> MacColorListInstaller::install(const std::string& name,
     const std::vector<NamedColor>& colors, const std::optional<std::filesystem::path>& destination)
 {
+    publication_ = {};
     if (colors.empty())
         return TintwellError::emptyPalette();
 
@@ -88,8 +89,10 @@ platform::Result<std::filesystem::path> MacColorListInstaller::install(const std
     auto written = registry_.write(list);
     if (!written)
         return written;
-    if (const auto published = publisher_.publish(list); !published)
+    auto published = publisher_.publish(list);
+    if (!published)
         return published.error();
+    publication_ = std::move(published).value();
     return written;
 }
 

@@ -86,6 +86,13 @@ public:
         const std::vector<NamedColor>& colors,
         const std::optional<std::filesystem::path>& destination)
         = 0;
+
+    /// Which drawing programs the last installation reached.
+    [[nodiscard]] virtual const platform::Publication& publication() const
+    {
+        static const platform::Publication none;
+        return none;
+    }
 };
 
 /// Installs them as the desktop's lists.
@@ -98,6 +105,8 @@ public:
         const std::vector<NamedColor>& colors,
         const std::optional<std::filesystem::path>& destination) override;
 
+    [[nodiscard]] const platform::Publication& publication() const override { return publication_; }
+
 private:
     [[nodiscard]] bool mayFill(const std::string& name) const;
     [[nodiscard]] platform::Result<std::filesystem::path> writeTo(
@@ -105,6 +114,7 @@ private:
 
     platform::ColorListRegistry registry_;
     platform::PalettePublisher publisher_;
+    platform::Publication publication_;
 };
 
 /// The colour that another program has offered: that of its text in any form of CSS, else the

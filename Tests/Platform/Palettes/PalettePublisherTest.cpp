@@ -101,7 +101,8 @@ public:
     [[nodiscard]] fs::path path(const std::string& name) const { return folder_.path() / name; }
     [[nodiscard]] PalettePublisher publisher() const
     {
-        return PalettePublisher({ path("config"), path("data"), { path("own-gimp") } });
+        return PalettePublisher({ path("config"), path("data"), folder_.path(),
+            { path("own-gimp") }, { path("own-inkscape") }, path("lists") });
     }
     [[nodiscard]] std::string content(const std::string& name) const
     {
@@ -124,24 +125,40 @@ private:
 
 TEST(PalettePublisher, ReachesEachProgramThatIsThere)
 {
-    const std::vector<std::pair<std::string, std::string>> programs {
-        { "config/GIMP/2.10", "config/GIMP/2.10/palettes/T.gpl" },
-        { "config/GIMP/3.0", "config/GIMP/3.0/palettes/T.gpl" },
-        { "config/inkscape", "config/inkscape/palettes/T.gpl" },
-        { "config/libreoffice/4/user", "config/libreoffice/4/user/config/T.gpl" },
-        { "data/krita", "data/krita/palettes/T.gpl" },
-        { "data/mypaint", "data/mypaint/palettes/T.gpl" },
-        { "own-gimp", "own-gimp/palettes/T.gpl" },
+    struct Case {
+        std::string name;
+        std::string root;
+        std::string file;
+    };
+    const std::vector<Case> programs {
+        { "GIMP 2.10", "config/GIMP/2.10", "/palettes/T.gpl" },
+        { "GIMP 3.0", "config/GIMP/3.0", "/palettes/T.gpl" },
+        { "GIMP 2.10 (Flatpak)", ".var/app/org.gimp.GIMP/config/GIMP/2.10", "/palettes/T.gpl" },
+        { "GIMP 2.10 (Snap)", "snap/gimp/current/.config/GIMP/2.10", "/palettes/T.gpl" },
+        { "GIMP", "own-gimp", "/palettes/T.gpl" },
+        { "Inkscape", "config/inkscape", "/palettes/T.gpl" },
+        { "Inkscape", "own-inkscape", "/palettes/T.gpl" },
+        { "Inkscape (Flatpak)", ".var/app/org.inkscape.Inkscape/config/inkscape",
+            "/palettes/T.gpl" },
+        { "Krita", "data/krita", "/palettes/T.gpl" },
+        { "Krita (Flatpak)", ".var/app/org.kde.krita/data/krita", "/palettes/T.gpl" },
+        { "Krita (Snap)", "snap/krita/current/.local/share/krita", "/palettes/T.gpl" },
+        { "LibreOffice", "config/libreoffice/4/user", "/config/T.gpl" },
+        { "LibreOffice (Flatpak)", ".var/app/org.libreoffice.LibreOffice/config/libreoffice/4/user",
+            "/config/T.gpl" },
+        { "LibreOffice (Snap)", "snap/libreoffice/current/.config/libreoffice/4/user",
+            "/config/T.gpl" },
     };
     const Home all;
     Names expected;
-    for (const auto& [root, file] : programs) {
+    for (const auto& [name, root, below] : programs) {
         SCOPED_TRACE(root);
+        const auto file = root + below;
         const Home alone;
         alone.install(root);
         const auto published = alone.publisher().publish(listNamed("T"));
         ASSERT_TRUE(published);
-        EXPECT_EQ(published.value(), std::vector { alone.path(file) });
+        EXPECT_EQ(published.value().summary(), name);
         EXPECT_EQ(alone.files(), Names { file });
         EXPECT_EQ(readStrictly(alone.content(file)), (Palette { "T", { "255 0 0\tOne" } }));
         all.install(root);
@@ -149,7 +166,8 @@ TEST(PalettePublisher, ReachesEachProgramThatIsThere)
     }
     const auto published = all.publisher().publish(listNamed("T"));
     ASSERT_TRUE(published);
-    EXPECT_EQ(published.value().size(), programs.size());
+    EXPECT_EQ(published.value().copies.size(), programs.size());
+    std::sort(expected.begin(), expected.end());
     EXPECT_EQ(all.files(), expected);
 }
 
@@ -161,7 +179,7 @@ TEST(PalettePublisher, MakesNoFolderForWhatIsNotThere)
     writeContent(home.path("config/inkscape"), "a file");
     const auto published = home.publisher().publish(listNamed("T"));
     ASSERT_TRUE(published);
-    EXPECT_EQ(published.value().size(), 0U);
+    EXPECT_EQ(published.value().summary(), "");
     EXPECT_EQ(home.files(), Names { "config/inkscape" });
     EXPECT_FALSE(fs::exists(home.path("config/libreoffice/4/user")));
     EXPECT_TRUE(PalettePublisher({ {}, {} }).publish(listNamed("T")));
@@ -181,6 +199,33 @@ TEST(PalettePublisher, ReplacesItsOwnCopies)
     EXPECT_EQ(home.files(), Names { file });
 }
 
+TEST(PalettePublisher, KnowsACopyThatItsProgramWroteAnew)
+{
+    const Home home;
+    home.install("config/GIMP/2.10");
+    home.install("config/inkscape");
+    home.install("lists");
+    const std::string file = "config/GIMP/2.10/palettes/T.gpl";
+    const auto rewritten = [&](const std::string& entry) {
+        writeContent(home.path(file), "GIMP Palette\nName: T\nColumns: 3\n#\n" + entry + "\n");
+    };
+    ASSERT_TRUE(home.publisher().publish(listNamed("T")));
+    rewritten("255   0   0\tOne ");
+    auto published = home.publisher().publish(listNamed("T", { 0, 0, 1, 1 }));
+    ASSERT_TRUE(published);
+    EXPECT_EQ(published.value().summary(), "GIMP 2.10, Inkscape");
+    EXPECT_EQ(readStrictly(home.content(file)), (Palette { "T", { "0 0 255\tOne" } }));
+    for (const char* changed : { "  0   0 254\tOne", "  0   0 255\tTwo", "255   0   0\tOne" }) {
+        rewritten(changed);
+        const auto before = home.content(file);
+        published = home.publisher().publish(listNamed("T", { 0, 0, 1, 1 }));
+        ASSERT_TRUE(published);
+        EXPECT_EQ(published.value().summary(),
+            "Inkscape. Left alone: GIMP 2.10's T.gpl was changed there.");
+        EXPECT_EQ(home.content(file), before);
+    }
+}
+
 TEST(PalettePublisher, LeavesTheUsersOwnPalettes)
 {
     const std::string own = "GIMP Palette\nName: T\n1 2 3\tCopied by Tintwell\n";
@@ -194,7 +239,9 @@ TEST(PalettePublisher, LeavesTheUsersOwnPalettes)
     const auto before = home.files();
     const auto published = home.publisher().publish(listNamed("T"));
     ASSERT_TRUE(published);
-    EXPECT_EQ(published.value().size(), 0U);
+    EXPECT_EQ(published.value().summary(),
+        "Left alone: GIMP 1.0's T.gpl, GIMP 2.0's T.gpl, GIMP 3.0's T.gpl, GIMP 4.0's T.gpl were "
+        "changed there.");
     EXPECT_EQ(home.content("config/GIMP/2.0/palettes/T.gpl"), own);
     EXPECT_EQ(home.files(), before);
 }
@@ -212,7 +259,7 @@ TEST(PalettePublisher, NamesTheFirstProgramThatFailedAfterTheOthers)
         ::chmod(home.path("config/inkscape/palettes").c_str(), 0755);
         return !published
             && published.error().description
-            == "The color list was saved, but GIMP did not get its copy, because the folder "
+            == "The color list was saved, but GIMP 3.0 did not get its copy, because the folder "
                "palettes could not be made: permission is denied"
             && home.files() == Names { "data/krita/palettes/T.gpl" };
     }));
@@ -238,10 +285,11 @@ TEST(PalettePublisher, RefusesNamesThatAreNoFileNames)
     EXPECT_EQ(home.files(), Names {});
 }
 
-TEST(PalettePublisher, TakesTheFoldersOfGimpFromTheEnvironment)
+TEST(PalettePublisher, TakesFoldersFromTheEnvironment)
 {
     std::map<std::string, std::string> variables { { "HOME", "/h" }, { "XDG_CONFIG_HOME", "/c" },
-        { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" } };
+        { "GIMP2_DIRECTORY", "/g" }, { "GIMP3_DIRECTORY", ".g3" },
+        { "INKSCAPE_PROFILE_DIR", "/i" } };
     const auto environment = [&](const char* name) -> std::optional<std::string> {
         const auto found = variables.find(name);
         return found == variables.end() ? std::nullopt : std::optional(found->second);
@@ -249,6 +297,8 @@ TEST(PalettePublisher, TakesTheFoldersOfGimpFromTheEnvironment)
     const auto folders = PalettePublisher::userFolders(environment);
     EXPECT_EQ(folders.config, "/c");
     EXPECT_EQ(folders.data, "/h/.local/share");
+    EXPECT_EQ(folders.home, "/h");
+    EXPECT_EQ(folders.inkscape, std::vector<fs::path> { "/i" });
     EXPECT_EQ(folders.gimp, (std::vector<fs::path> { "/g", "/h/.g3" }));
     variables["GIMP2_DIRECTORY"] = "";
     EXPECT_EQ(PalettePublisher::userFolders(environment).gimp, std::vector<fs::path> { "/h/.g3" });
