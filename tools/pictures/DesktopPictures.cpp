@@ -154,9 +154,9 @@ QImage colorsWindow()
 {
     DesktopServices services;
     const auto palette = PaletteGenerator().generate(*RGBAColor::fromHex("#6E56CF"));
-    const auto installed
-        = MacColorListInstaller(platform::ColorListRegistry(), platform::PalettePublisher({}))
-              .install("Tintwell", palette.exportColors(), std::nullopt);
+    const auto installed = MacColorListInstaller(platform::ColorListRegistry(),
+        platform::PalettePublisher(platform::PalettePublisher::Folders {}))
+                               .install("Tintwell", palette.exportColors(), std::nullopt);
     if (!installed)
         return {};
     services.colorPanel().orderFront(QColor(0x6E, 0x56, 0xCF), {});
