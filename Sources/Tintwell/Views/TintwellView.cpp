@@ -33,6 +33,18 @@ platform::Tint toTint(const TintState& state)
         toQColor(state.focusRing), toQColor(state.overlay), state.hasOutline };
 }
 
+/// Labels are those of the fill that is there: blended ones would fade into it on their way.
+platform::Tint between(const platform::Tint& from, const platform::Tint& to, double progress)
+{
+    const auto& theme = platform::currentTheme();
+    auto tint = platform::blended(from, to, progress);
+    const auto labels = tintState(
+        fromQColor(tint.fill), fromQColor(theme.windowBackground), fromQColor(theme.text));
+    tint.ink = toQColor(labels.ink);
+    tint.overlay = toQColor(labels.overlay);
+    return tint;
+}
+
 QStringList tabTitles()
 {
     QStringList titles;
@@ -116,7 +128,7 @@ void TintwellView::showTint(const std::optional<platform::Spring>& spring)
     shownTint_ = state;
     const auto target = toTint(state);
     tintMotion_.follow(spring, [this, from = tint_, target](double progress) {
-        tint_ = progress == 1 ? target : platform::blended(from, target, progress);
+        tint_ = progress == 1 ? target : between(from, target, progress);
         platform::applyTint(*this, tint_);
     });
 }

@@ -330,6 +330,20 @@ TEST_F(TintwellViewTest, CellsLiveOnThroughAChangeOfTheSourceAndBlend)
 
 TEST_F(TintwellViewTest, GridsShareTheWidthInTheirColumns)
 {
+TEST_F(TintwellViewTest, LabelsOnTheAccentCanBeReadAllTheWay)
+{
+    for (const auto* source : { "#F2C14E", "#101418", "#FFFFFF", "#00A080", "#6E56CF" }) {
+        model_->apply(*RGBAColor::fromHex(source));
+        QCoreApplication::processEvents();
+        for (int frame = 0; frame < 60; ++frame) {
+            const auto& tint = view_->tint();
+            ASSERT_GE(contrastRatio(fromQColor(tint.ink), fromQColor(tint.fill)), 3)
+                << "frame " << frame << " to " << source;
+            platform::MotionClock::instance().advance(1.0 / 60);
+        }
+    }
+}
+
     const auto expectPlace = [&](const std::string& id, QRect place) {
         auto* const cell = cells().at(id);
         EXPECT_EQ(QRect(cell->pos(), cell->tile()->size()), place) << id;
