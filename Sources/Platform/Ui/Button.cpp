@@ -12,6 +12,7 @@
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <array>
 #include <cmath>
@@ -139,12 +140,25 @@ void Button::leaveEvent(QEvent* event)
 
 void Button::keyPressEvent(QKeyEvent* event)
 {
+    // They go on to who moves the focus or scrolls; the toolkit would take them for Tab.
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        return event->ignore();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn)
         return QAbstractButton::keyPressEvent(event);
     // A key that is held must not, for instance, delete one row after the other.
     if (!event->isAutoRepeat())
         click();
+}
+
+void Button::mouseReleaseEvent(QMouseEvent* event)
+{
+    // The click may take the button away.
+    const QPointer<Button> self(this);
+    releasing_ = true;
+    QAbstractButton::mouseReleaseEvent(event);
+    if (self)
+        releasing_ = false;
 }
 
 void Button::mouseDoubleClickEvent(QMouseEvent* event)

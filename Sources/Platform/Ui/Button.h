@@ -39,6 +39,9 @@ public:
     void setMenuOpen(bool open);
     [[nodiscard]] bool isMenuOpen() const { return menuOpen_; }
 
+    /// While `clicked` is sent: whether the pointer did it, not a key or a reader.
+    [[nodiscard]] bool isClickedByPointer() const { return releasing_; }
+
     /// Where the text's baseline lies below the button's top.
     [[nodiscard]] double baseline() const;
 
@@ -49,6 +52,7 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -66,6 +70,7 @@ private:
     QFont font_;
     double textWidth_ = 0;
     bool menuOpen_ = false;
+    bool releasing_ = false;
     Fade hover_;
     FocusRing* ring_;
 };

@@ -1,8 +1,9 @@
 #include "RecyclingList.h"
 
 #include "Accessibility.h"
+#include "ScrollArea.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 
 #include <algorithm>
 
@@ -99,6 +100,34 @@ bool RecyclingList::event(QEvent* event)
     if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show)
         layOut();
     return QWidget::event(event);
+}
+
+void RecyclingList::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    if ((key != Qt::Key_Up && key != Qt::Key_Down) || !moveFocus(key == Qt::Key_Down ? 1 : -1))
+        QWidget::keyPressEvent(event);
+}
+
+bool RecyclingList::moveFocus(int rows)
+{
+    auto* focused = window()->focusWidget();
+    auto* area
+        = parentWidget() ? qobject_cast<ScrollArea*>(parentWidget()->parentWidget()) : nullptr;
+    if (area)
+        area->revealFocus(); // The rows around the focus exist then.
+    const auto here = std::find_if(rows_.begin(), rows_.end(),
+        [focused](const auto& entry) { return entry.second->isAncestorOf(focused); });
+    if (here == rows_.end())
+        return false;
+    const auto next = rows_.find(here->first + static_cast<std::size_t>(rows));
+    if (next == rows_.end())
+        return false;
+    const auto place = here->second->findChildren<QWidget*>().indexOf(focused);
+    next->second->findChildren<QWidget*>().at(place)->setFocus(Qt::TabFocusReason);
+    if (area)
+        area->revealFocus();
+    return true;
 }
 
 /// More rows come into sight when the area around the list grows, which the list is not told.

@@ -14,7 +14,8 @@ namespace platform {
 /// The content of a scroll area: `count` rows of `rowHeight` points. Rows that leave the sight are
 /// filled again for those that enter it, so any number of rows costs what a screenful does.
 ///
-/// The row that has the keyboard focus is kept while it is out of sight.
+/// The row that has the keyboard focus is kept while it is out of sight. Up and Down take the focus
+/// to the same control of the row above or below.
 class RecyclingList : public QWidget {
     Q_OBJECT
 public:
@@ -33,11 +34,13 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// The rows in sight and one on either side, as first index and the index behind the last.
     [[nodiscard]] std::pair<std::size_t, std::size_t> wantedRows() const;
+    bool moveFocus(int rows);
     void layOut();
     void dropRows(std::size_t first, std::size_t end);
     [[nodiscard]] QWidget* takeRow();

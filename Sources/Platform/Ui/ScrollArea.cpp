@@ -10,6 +10,7 @@ namespace {
 
 /// Stays in sight around a focused control: what belongs to it, such as its label or heading.
 constexpr int focusMargin = 64;
+constexpr int arrowStep = 48;
 
 } // namespace
 
@@ -38,6 +39,10 @@ void ScrollArea::keyPressEvent(QKeyEvent* event)
 {
     auto* bar = verticalScrollBar();
     switch (event->key()) {
+    case Qt::Key_Up:
+        return glide_.to(bar->value() - arrowStep);
+    case Qt::Key_Down:
+        return glide_.to(bar->value() + arrowStep);
     case Qt::Key_PageUp:
         return glide_.to(bar->value() - bar->pageStep());
     case Qt::Key_PageDown:
@@ -47,7 +52,6 @@ void ScrollArea::keyPressEvent(QKeyEvent* event)
     case Qt::Key_End:
         return glide_.to(bar->maximum());
     default:
-        // The arrow keys belong to whoever is above: a grid moves its focus with them.
         event->ignore();
     }
 }

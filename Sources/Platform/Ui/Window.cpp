@@ -40,6 +40,11 @@ void collectStops(const QWidget& part, const QWidget* focused, std::vector<QWidg
         const bool leads = focused && (child == focused || child->isAncestorOf(focused));
         if (child->isWindow() || !(leads || (child->isVisible() && child->isEnabled())))
             continue;
+        if (const auto* group = dynamic_cast<const TabGroup*>(child)) {
+            if (auto* stop = group->tabStop())
+                stops.push_back(stop);
+            continue;
+        }
         if (isStop(*child))
             stops.push_back(child);
         collectStops(*child, focused, stops);

@@ -13,6 +13,15 @@ namespace platform {
 /// Tab goes through its controls as one reads: parts from top to bottom, those side by side from
 /// the leading edge, each with all of its controls before the next part; after the last comes the
 /// first. (The toolkit's own order is that of making.)
+/// A part of a window that the Tab key passes in one step; inside it the arrow keys move.
+class TabGroup {
+public:
+    virtual ~TabGroup() = default;
+
+    /// Where Tab stops, the control with the focus if it is inside; null where there is none.
+    [[nodiscard]] virtual QWidget* tabStop() const = 0;
+};
+
 class Window : public QWidget {
 public:
     /// An ordinary window of fixed size: titled, closable and minimisable.

@@ -114,6 +114,7 @@ void SwatchGrid::show(const SectionState& state, const std::optional<platform::S
         if (kept == old.end()) {
             cells_.push_back(new SwatchCell(cell, copy_, this));
             cells_.back()->setVisible(true);
+            cells_.back()->tile()->installEventFilter(this);
             continue;
         }
         (*kept)->show(cell, spring);
@@ -140,6 +141,20 @@ QSize SwatchGrid::sizeHint() const
     const auto rows = static_cast<int>((cells_.size() + columns_ - 1) / columns_);
     const int height = SwatchCell::heightOf(cells_.front()->shown().compact);
     return { 0, rows * height + (rows - 1) * rowSpacing };
+}
+
+QWidget* SwatchGrid::tabStop() const
+{
+    if (focusedLast_ || cells_.empty())
+        return focusedLast_;
+    return cells_.front()->tile();
+}
+
+bool SwatchGrid::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn)
+        focusedLast_ = static_cast<QWidget*>(watched);
+    return QWidget::eventFilter(watched, event);
 }
 
 void SwatchGrid::layOut()
@@ -188,17 +203,22 @@ std::optional<double> distanceInDirection(const QRect& from, const QRect& to, in
     }
 }
 
-} // namespace
-
-bool moveSwatchFocus(QWidget& root, int key)
+/// The first or the last tile of the grid that `tile` is in, for Home and End.
+QWidget* endOfGrid(const QWidget& tile, int key)
 {
-    const auto* focused = root.window()->focusWidget();
-    if (!focused || !root.isAncestorOf(focused))
-        return false;
+    const auto* cell = tile.parentWidget();
+    const auto* grid = cell ? dynamic_cast<const SwatchGrid*>(cell->parentWidget()) : nullptr;
+    if (!grid || (key != Qt::Key_Home && key != Qt::Key_End))
+        return nullptr;
+    return (key == Qt::Key_Home ? grid->cells().front() : grid->cells().back())->tile();
+}
+
+QWidget* neighbour(const QWidget& root, const QWidget& tile, int key)
+{
     const auto placeOf = [&root](const QWidget* widget) {
         return QRect(widget->mapTo(&root, QPoint()), widget->size());
     };
-    const auto from = placeOf(focused);
+    const auto from = placeOf(&tile);
     QWidget* nearest = nullptr;
     double least = std::numeric_limits<double>::infinity();
     for (auto* cell : root.findChildren<SwatchCell*>()) {
@@ -208,9 +228,22 @@ bool moveSwatchFocus(QWidget& root, int key)
             nearest = cell->tile();
         }
     }
-    if (nearest)
-        nearest->setFocus(Qt::TabFocusReason);
-    return nearest != nullptr;
+    return nearest;
+}
+
+} // namespace
+
+bool moveSwatchFocus(QWidget& root, int key)
+{
+    const auto* focused = root.window()->focusWidget();
+    if (!focused || !root.isAncestorOf(focused))
+        return false;
+    auto* next = endOfGrid(*focused, key);
+    if (!next)
+        next = neighbour(root, *focused, key);
+    if (next)
+        next->setFocus(Qt::TabFocusReason);
+    return next != nullptr;
 }
 
 } // namespace tintwell

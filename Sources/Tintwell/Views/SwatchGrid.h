@@ -9,7 +9,9 @@
 #include "SwatchMotion.h"
 #include "Tint.h"
 #include "TintwellViewState.h"
+#include "Window.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -53,7 +55,7 @@ private:
 };
 
 /// The cells of one section, row by row. Cells live as long as their id is among the states.
-class SwatchGrid : public QWidget {
+class SwatchGrid : public QWidget, public platform::TabGroup {
 public:
     explicit SwatchGrid(CopyColor copy);
 
@@ -61,8 +63,11 @@ public:
 
     [[nodiscard]] const std::vector<SwatchCell*>& cells() const { return cells_; }
     [[nodiscard]] QSize sizeHint() const override;
+    /// The tile that had the focus last, else the first one.
+    [[nodiscard]] QWidget* tabStop() const override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -71,10 +76,12 @@ private:
     CopyColor copy_;
     std::size_t columns_ = 0;
     std::vector<SwatchCell*> cells_;
+    QPointer<QWidget> focusedLast_;
 };
 
 /// Moves the keyboard focus from one swatch below `root` to its neighbour in the direction of an
-/// arrow key; false when there is none or the key is another.
+/// arrow key, or with Home and End to the ends of its grid; false when there is none or the key is
+/// another.
 bool moveSwatchFocus(QWidget& root, int key);
 
 } // namespace tintwell

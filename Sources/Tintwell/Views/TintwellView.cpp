@@ -266,6 +266,8 @@ void TintwellView::keyPressEvent(QKeyEvent* event)
     if (area == nullptr)
         area = page->findChild<platform::ScrollArea*>();
     switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
     case Qt::Key_Home:
     case Qt::Key_End:
     case Qt::Key_PageUp:

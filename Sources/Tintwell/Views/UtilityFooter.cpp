@@ -52,7 +52,7 @@ void UtilityFooter::openMenu()
                   model_.setStatus("Opened macOS Colors");
               } },
             {}, { QStringLiteral("Quit Tintwell"), platform::Symbol::power, quit_ } },
-        tint_, menu_->hasFocus() && !menu_->underMouse());
+        tint_, !menu_->isClickedByPointer());
 }
 
 } // namespace tintwell

@@ -1,12 +1,12 @@
 #include "RecyclingList.h"
 
+#include "Button.h"
 #include "ScrollArea.h"
 #include "ThemeSource.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -44,9 +44,8 @@ protected:
         auto* row = new QWidget(parent);
         auto* layout = new QHBoxLayout(row);
         for (const auto* name : { "use", "delete" }) {
-            auto* button = new QPushButton(row);
+            auto* button = borderlessButton(QLatin1String(name));
             button->setObjectName(QLatin1String(name));
-            button->setFocusPolicy(Qt::StrongFocus);
             layout->addWidget(button);
         }
         return row;
@@ -115,7 +114,7 @@ TEST_F(RecyclingListTest, ShrinkingLeavesNoRowBehind)
     EXPECT_TRUE(shownRows().empty());
 }
 
-TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSight)
+TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSightAndMovesOnFromIt)
 {
     auto* focused = button(1, "delete");
     ASSERT_NE(focused, nullptr);
@@ -123,6 +122,12 @@ TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSight)
     scrollTo(200'000);
     EXPECT_TRUE(shownRows().contains(1));
     EXPECT_EQ(indexOf(focused->parentWidget()), 1U);
+    for (const auto& [key, index] : { std::pair(Qt::Key_Down, 2U), { Qt::Key_Up, 1U },
+             { Qt::Key_Up, 0U }, { Qt::Key_Up, 0U } }) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(QApplication::focusWidget(), button(index, "delete"));
+        EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
+    }
 }
 
 TEST_F(RecyclingListTest, ScrollsByPixelsAtOnceAndByNotchesWithAGlide)

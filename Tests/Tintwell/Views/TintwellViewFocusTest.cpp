@@ -25,7 +25,7 @@ protected:
         return visited;
     }
 
-    /// The controls of a workspace as one reads them.
+    /// The stops of a workspace as one reads them: of each grid the first tile.
     [[nodiscard]] std::vector<std::string> inside(WorkspaceTab tab) const
     {
         std::vector<SectionState> sections;
@@ -36,8 +36,7 @@ protected:
                 sections.push_back(theme.section);
         std::vector<std::string> names;
         for (const auto& section : sections)
-            for (const auto& cell : section.cells)
-                names.push_back(cell.namedColor.id);
+            names.push_back(section.cells.front().namedColor.id);
         if (tab == WorkspaceTab::saved)
             for (const auto& saved : model_->savedPalettes())
                 for (const auto* control : { "Use ", "Install ", "Delete palette " })
@@ -194,15 +193,24 @@ TEST_F(TintwellViewFocusTest, TheWheelScrollsOverASwatchToo)
 TEST_F(TintwellViewFocusTest, TheWorkspaceScrollsByKeysWhereverTheFocusIs)
 {
     const auto* bar = part<platform::ScrollArea>()->verticalScrollBar();
-    for (auto* focus : { static_cast<QWidget*>(view_.get()), button("More"), tile("tone.50") }) {
+    for (auto* focus : { static_cast<QWidget*>(view_.get()), button("More") }) {
         focus->setFocus(Qt::OtherFocusReason);
-        for (const auto key : { Qt::Key_End, Qt::Key_Home }) {
+        for (const auto& [key, place] : { std::pair(Qt::Key_End, bar->maximum()),
+                 { Qt::Key_Home, 0 }, { Qt::Key_Down, 48 }, { Qt::Key_Up, 0 } }) {
             QTest::keyClick(QApplication::focusWidget(), key);
-            const int end = key == Qt::Key_End ? bar->maximum() : bar->minimum();
             settle();
-            EXPECT_EQ(bar->value(), end) << nameOf(focus).toStdString();
+            EXPECT_EQ(bar->value(), place) << nameOf(focus).toStdString();
         }
     }
+}
+
+TEST_F(TintwellViewFocusTest, TabComesBackToTheTileThatItLeft)
+{
+    tile("complementary.1")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focusName(), "analogous.0");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(focusName(), "complementary.1");
 }
 
 TEST_F(TintwellViewFocusTest, ArrowKeysGoFromSwatchToSwatchAcrossGrids)
@@ -224,6 +232,8 @@ TEST_F(TintwellViewFocusTest, ArrowKeysGoFromSwatchToSwatchAcrossGrids)
         { studio, "monochromatic.4", Qt::Key_Down, "tone.50" },
         { studio, "tone.900", Qt::Key_Down, "tone.950" },
         { studio, "tone.950", Qt::Key_Down, "tone.950" },
+        { studio, "tone.300", Qt::Key_End, "tone.950" },
+        { studio, "tone.300", Qt::Key_Home, "tone.50" },
         { studio, "tone.50", Qt::Key_Up, "monochromatic.4" },
         { themes, "light.error", Qt::Key_Down, "dark.on-primary" },
         { themes, "dark.background", Qt::Key_Left, "dark.background" },

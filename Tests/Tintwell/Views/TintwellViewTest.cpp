@@ -110,12 +110,14 @@ TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
     EXPECT_EQ(quits_, 0);
     QTest::mouseMove(view_.get(), QPoint(2, 2));
     pressWithKey(button("More"), Qt::Key_Space);
+    EXPECT_EQ(window_->findChild<platform::PopupMenu*>()->selected(), 0)
+        << "under a resting pointer";
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     settle();
     EXPECT_EQ(quits_, 1);
     EXPECT_EQ(opened_, 1);
-    EXPECT_EQ(part<platform::PopupMenu>(), nullptr);
+    EXPECT_EQ(window_->findChild<platform::PopupMenu*>(), nullptr);
 }
 
 TEST_F(TintwellViewTest, KeysCopyWhatHasTheFocusSaveAndQuit)
