@@ -9,6 +9,7 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+#include <chrono>
 #include <cmath>
 
 namespace platform {
@@ -114,17 +115,28 @@ StatusLine::StatusLine(const TextStyle& style, QColor Theme::*color)
     : Label(style, color)
 {
     setAccessibleRole(*this, QAccessible::Notification);
+    announcement_.setSingleShot(true);
+    // Readers speak a notification when it appears; that a text has changed they keep to
+    // themselves.
+    connect(&announcement_, &QTimer::timeout, this, [this] {
+        QAccessibleEvent appeared(this, QAccessible::ObjectShow);
+        QAccessible::updateAccessibility(&appeared);
+    });
 }
 
 void StatusLine::announce(const QString& text)
 {
-    if (text == this->text())
-        return;
+    constexpr std::chrono::milliseconds longestWait { 500 };
     setText(text);
-    // Readers speak a notification when it appears; that a text has changed they keep to
-    // themselves.
-    QAccessibleEvent appeared(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&appeared);
+    const bool waits = isVisible() && !isActiveWindow();
+    announcement_.start(waits ? longestWait : std::chrono::milliseconds(0));
+}
+
+bool StatusLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && announcement_.isActive())
+        announcement_.start(0);
+    return Label::event(event);
 }
 
 void Label::wrap()

@@ -6,6 +6,7 @@
 #include "ThemeSource.h"
 
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 namespace platform {
@@ -57,12 +58,19 @@ private:
     QStringList lines_;
 };
 
-/// A line whose every new text is read out to the user of a screen reader, wherever the focus is.
+/// A line whose every text is read out to the user of a screen reader, wherever the focus is.
 class StatusLine : public Label {
 public:
     StatusLine(const TextStyle& style, QColor Theme::*color);
 
+    /// In a window that is about to become active, after that: readers fall silent for a window.
     void announce(const QString& text);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    QTimer announcement_;
 };
 
 } // namespace platform

@@ -56,6 +56,7 @@ void TintwellModel::setSelectedTab(WorkspaceTab tab)
 void TintwellModel::setStatus(std::string status)
 {
     store(status_, std::move(status));
+    ++statusNumber_;
 }
 
 void TintwellModel::apply(const RGBAColor& color)

@@ -46,6 +46,8 @@ public:
     [[nodiscard]] const std::vector<SavedPalette>& savedPalettes() const { return savedPalettes_; }
     [[nodiscard]] WorkspaceTab selectedTab() const { return selectedTab_; }
     [[nodiscard]] const std::string& status() const { return status_; }
+    /// How many a status it is: the same text may have been set anew.
+    [[nodiscard]] std::size_t statusNumber() const { return statusNumber_; }
     [[nodiscard]] const std::optional<std::string>& lastCopiedID() const { return lastCopiedID_; }
     [[nodiscard]] bool isSampling() const { return isSampling_; }
 
@@ -100,6 +102,7 @@ private:
     std::vector<SavedPalette> savedPalettes_;
     WorkspaceTab selectedTab_ = WorkspaceTab::studio;
     std::string status_;
+    std::size_t statusNumber_ = 0;
     std::optional<std::string> lastCopiedID_;
     bool isSampling_ = false;
     History history_;

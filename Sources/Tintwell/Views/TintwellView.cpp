@@ -114,7 +114,7 @@ void TintwellView::show(const std::optional<platform::Spring>& spring)
     header_->show(headerState(model_), spring);
     showWorkspace(spring);
     workspacePicker_->setCurrent(static_cast<int>(model_.selectedTab()), spring);
-    footer_->show(model_.status());
+    footer_->show(model_.status(), model_.statusNumber());
     showTint(spring);
 }
 

@@ -38,9 +38,10 @@ UtilityFooter::UtilityFooter(
             margin, footerPaddingY, margin - platform::Metrics::opticalOverhang, footerPaddingY)));
 }
 
-void UtilityFooter::show(const std::string& status)
+void UtilityFooter::show(const std::string& status, std::size_t number)
 {
-    status_->announce(QString::fromStdString(status));
+    if (std::exchange(shownNumber_, number) != number)
+        status_->announce(QString::fromStdString(status));
 }
 
 void UtilityFooter::openMenu()

@@ -8,7 +8,9 @@
 
 #include <QWidget>
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tintwell {
@@ -20,7 +22,8 @@ public:
     UtilityFooter(
         TintwellModel& model, std::function<void()> openColorPanel, std::function<void()> quit);
 
-    void show(const std::string& status);
+    /// A status of a new number is read out, also when its text is the same.
+    void show(const std::string& status, std::size_t number);
     void setTint(const platform::Tint& tint) override { tint_ = tint; }
 
 private:
@@ -30,6 +33,7 @@ private:
     std::function<void()> openColorPanel_;
     std::function<void()> quit_;
     platform::StatusLine* status_;
+    std::optional<std::size_t> shownNumber_;
     platform::Button* menu_;
     platform::Tint tint_;
 };
