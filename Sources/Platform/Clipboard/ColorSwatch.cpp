@@ -46,9 +46,8 @@ public:
     {
         if (kind == QAccessible::Value)
             return hex();
-        if (kind == QAccessible::Description)
-            return view().readDescription();
-        return QAccessibleWidget::text(kind == QAccessible::Help ? QAccessible::Description : kind);
+        const auto text = view().readText(kind);
+        return text.isEmpty() ? QAccessibleWidget::text(kind) : text;
     }
 
     QStringList actionNames() const override
@@ -113,14 +112,17 @@ void ColorSwatch::setColor(const QColor& color)
     if (color == color_)
         return;
     color_ = color;
-    readMark_.tell(*this, QAccessible::DescriptionChanged);
+    readDescription_.tell(*this, QAccessible::DescriptionChanged);
     update();
 }
 
-QString ColorSwatch::readDescription()
+QString ColorSwatch::readText(QAccessible::Text which)
 {
-    readMark_.setRead();
-    return description();
+    if (which == QAccessible::Name)
+        readName_.setRead();
+    if (which == QAccessible::Description)
+        readDescription_.setRead();
+    return textOf(which);
 }
 
 void ColorSwatch::setPaintedColor(const QColor& color)

@@ -37,12 +37,13 @@ public:
     /// Does what a click does.
     void press();
 
-    /// The description for a reader, which is then told when the colour changes.
-    [[nodiscard]] QString readDescription();
+    /// A text for a reader, which is then told when it changes.
+    [[nodiscard]] QString readText(QAccessible::Text which);
 
 protected:
-    /// Worked out whenever it is asked for.
-    [[nodiscard]] virtual QString description() const { return accessibleDescription(); }
+    /// What a reader says, worked out when it asks; empty for what the toolkit knows.
+    [[nodiscard]] virtual QString textOf(QAccessible::Text /*which*/) const { return {}; }
+    void tellNameChanged() { readName_.tell(*this, QAccessible::NameChanged); }
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -58,7 +59,8 @@ private:
     QColor color_;
     std::optional<QColor> paintedColor_;
     double cornerRadius_;
-    ReadMark readMark_;
+    ReadMark readName_;
+    ReadMark readDescription_;
     std::function<void()> onClick_;
     /// Where the current press began, in the view's coordinates; nothing when none is tracked.
     std::optional<QPointF> mouseDownLocation_;

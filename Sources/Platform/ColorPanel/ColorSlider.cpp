@@ -77,10 +77,13 @@ ColorSlider::ColorSlider(Qt::Orientation orientation, const QString& name,
 
 void ColorSlider::show(double value, const QColor& low, const QColor& high)
 {
+    const double before = adjustedValue();
     value_ = value;
     low_ = low;
     high_ = high;
     update();
+    if (adjustedValue() == before)
+        return;
     QAccessibleValueChangeEvent changed(this, adjustedValue());
     QAccessible::updateAccessibility(&changed);
 }

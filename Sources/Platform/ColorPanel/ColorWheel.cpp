@@ -56,10 +56,13 @@ ColorWheel::ColorWheel(std::function<void(double, double)> picked, QWidget* pare
 
 void ColorWheel::show(double hue, double saturation, const QColor& shown)
 {
+    const double before = adjustedValue();
     hue_ = hue;
     saturation_ = saturation;
     shown_ = shown;
     update();
+    if (adjustedValue() == before)
+        return;
     QAccessibleValueChangeEvent changed(this, adjustedValue());
     QAccessible::updateAccessibility(&changed);
 }

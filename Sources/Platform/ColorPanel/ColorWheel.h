@@ -23,6 +23,7 @@ public:
 
     /// The hue; a reader has one number only.
     [[nodiscard]] double adjustedValue() const override { return hue_; }
+    [[nodiscard]] int mostSpoken() const override { return 360; }
     void adjustTo(double value) override { picked_(std::clamp(value, 0.0, 1.0), saturation_); }
 
 protected:

@@ -5,9 +5,16 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <chrono>
 #include <utility>
 
 namespace platform {
+
+namespace {
+
+constexpr std::chrono::milliseconds betweenSpeech { 500 };
+
+} // namespace
 
 std::unique_ptr<Loupe> Loupe::open(const X11Display& display, ColorDescriber describe)
 {
@@ -24,7 +31,11 @@ Loupe::Loupe(
     , painter_(currentTheme())
     , describe_(std::move(describe))
     , pixel_(desktop_.nearest(display.pointer()))
+    , spoken_({ .size = 10 }, &Theme::text)
 {
+    speech_.setSingleShot(true);
+    speech_.setInterval(betweenSpeech);
+    connect(&speech_, &QTimer::timeout, this, &Loupe::announce);
     watchScreens();
     window_->map();
     draw();
@@ -45,6 +56,20 @@ void Loupe::moveTo(QPoint pixel)
         return;
     pixel_ = desktop_.nearest(pixel);
     drawSoon();
+}
+
+void Loupe::step(QPoint by)
+{
+    moveTo(desktop_.stepped(pixel_, by));
+    // The steps of a held key are told together: nobody could follow each.
+    if (!speech_.isActive())
+        speech_.start();
+}
+
+void Loupe::announce()
+{
+    const auto [hex, name] = describe_(color());
+    spoken_.announce(QString::fromStdString(name + " · " + hex));
 }
 
 void Loupe::drawSoon()

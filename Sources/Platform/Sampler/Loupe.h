@@ -2,11 +2,13 @@
 #pragma once
 
 #include "FrozenDesktop.h"
+#include "Label.h"
 #include "LoupePainter.h"
 #include "LoupeWindow.h"
 
 #include <QObject>
 #include <QPoint>
+#include <QTimer>
 
 #include <memory>
 
@@ -26,7 +28,8 @@ public:
     [[nodiscard]] Color color() const { return desktop_.colorAt(pixel_); }
 
     void moveTo(QPoint pixel);
-    void step(QPoint by) { moveTo(desktop_.stepped(pixel_, by)); }
+    /// A step by key, of which readers are told.
+    void step(QPoint by);
     /// Once for all the movements that are waiting.
     void drawSoon();
 
@@ -38,6 +41,7 @@ private:
     Loupe(const X11Display& display, std::unique_ptr<LoupeWindow> window, ColorDescriber describe);
     void watchScreens() const;
     void draw();
+    void announce();
 
     std::unique_ptr<LoupeWindow> window_;
     FrozenDesktop desktop_;
@@ -45,6 +49,9 @@ private:
     ColorDescriber describe_;
     QPoint pixel_;
     bool willDraw_ = false;
+    /// Never shown: the window is not the toolkit's.
+    StatusLine spoken_;
+    QTimer speech_;
 };
 
 } // namespace platform

@@ -26,6 +26,15 @@ public:
         const auto text = QAccessibleWidget::text(which);
         return which == QAccessible::Name && text.isEmpty() ? button().text() : text;
     }
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        if (const auto* choice = dynamic_cast<const Choice*>(widget())) {
+            state.focusable = state.selectable = true;
+            state.focused = state.selected = choice->isChosen();
+        }
+        return state;
+    }
     [[nodiscard]] QStringList actionNames() const override { return { pressAction() }; }
     void doAction(const QString& name) override
     {
@@ -101,11 +110,17 @@ public:
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
                                                    : QAccessibleWidget::interface_cast(type);
     }
-    [[nodiscard]] QVariant currentValue() const override { return adjustable_.adjustedValue(); }
-    void setCurrentValue(const QVariant& value) override { adjustable_.adjustTo(value.toDouble()); }
-    [[nodiscard]] QVariant minimumValue() const override { return 0.0; }
-    [[nodiscard]] QVariant maximumValue() const override { return 1.0; }
-    [[nodiscard]] QVariant minimumStepSize() const override { return 1 / 255.0; }
+    [[nodiscard]] QVariant currentValue() const override
+    {
+        return qRound(adjustable_.adjustedValue() * adjustable_.mostSpoken());
+    }
+    void setCurrentValue(const QVariant& value) override
+    {
+        adjustable_.adjustTo(value.toDouble() / adjustable_.mostSpoken());
+    }
+    [[nodiscard]] QVariant minimumValue() const override { return 0; }
+    [[nodiscard]] QVariant maximumValue() const override { return adjustable_.mostSpoken(); }
+    [[nodiscard]] QVariant minimumStepSize() const override { return 1; }
 
 private:
     Adjustable& adjustable_;

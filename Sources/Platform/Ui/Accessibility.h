@@ -15,6 +15,16 @@ public:
 
     [[nodiscard]] virtual double adjustedValue() const = 0;
     virtual void adjustTo(double value) = 0;
+    /// What 1 is to a reader, who hears whole numbers.
+    [[nodiscard]] virtual int mostSpoken() const { return 255; }
+};
+
+/// A button that its menu may choose, which keeps the focus of the keyboard to itself.
+class Choice {
+public:
+    virtual ~Choice() = default;
+
+    [[nodiscard]] virtual bool isChosen() const = 0;
 };
 
 /// Whether a reader knows a text that is worked out when it asks. What none has read cannot be out

@@ -44,7 +44,7 @@ constexpr TextStyle headingStyle { .size = 11, .weight = QFont::DemiBold };
 } // namespace
 
 /// A row that can be chosen: to the pointer and to assistive technologies.
-class PopupMenu::Row : public QAbstractButton {
+class PopupMenu::Row : public QAbstractButton, public Choice {
 public:
     Row(PopupMenu& menu, int index)
         : QAbstractButton(&menu)
@@ -60,6 +60,7 @@ public:
             this, &QAbstractButton::clicked, &menu, [&menu, index] { menu.choose(index); });
     }
 
+    [[nodiscard]] bool isChosen() const override { return menu_.selected_ == index_; }
     [[nodiscard]] int neededWidth() const
     {
         const auto text = QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(this->text());
@@ -71,7 +72,7 @@ protected:
     {
         const auto& theme = currentTheme();
         const auto& item = menu_.items_[static_cast<std::size_t>(index_)];
-        const auto isSelected = menu_.selected_ == index_;
+        const auto isSelected = isChosen();
         QPainter painter(this);
         painter.setOpacity(menu_.opacity_.value());
         if (isSelected)

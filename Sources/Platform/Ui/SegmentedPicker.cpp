@@ -106,8 +106,9 @@ void SegmentedPicker::setCurrent(int index, const std::optional<Spring>& spring)
 {
     if (index == current_ || index < 0 || index >= count())
         return;
+    // Also where the window is not active, as after a pick.
     const auto hadFocus
-        = current_ >= 0 && segments_[static_cast<std::size_t>(current_)]->hasFocus();
+        = current_ >= 0 && window()->focusWidget() == segments_[static_cast<std::size_t>(current_)];
     current_ = index;
     for (int i = 0; i < count(); ++i) {
         // Only the chosen segment is a stop of the Tab key.

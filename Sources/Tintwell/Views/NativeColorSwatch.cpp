@@ -22,19 +22,24 @@ DraggableColorView::DraggableColorView(const QColor& color, const std::string& l
 
 void DraggableColorView::setLabel(const std::string& label)
 {
+    if (label != label_)
+        tellNameChanged();
     label_ = label;
-    const auto text = QString::fromStdString(label);
-    setToolTip(text + QString::fromUtf8(tooltipSuffix));
-    platform::setAccessibleTexts(*this, text, QString::fromUtf8(help));
+    setToolTip(QString::fromStdString(label) + QString::fromUtf8(tooltipSuffix));
 }
 
-/// Many names stand in more than one place, and readers say no other text of a button.
-QString DraggableColorView::description() const
+/// Many names stand in more than one place, and of a button readers say name and description only.
+QString DraggableColorView::textOf(QAccessible::Text which) const
 {
-    auto text = platform::hexText(color());
-    if (!place_.isEmpty())
-        text += QStringLiteral(", ") + place_;
-    return text + QStringLiteral(". ") + accessibleDescription();
+    if (which == QAccessible::Name)
+        return QString::fromStdString(label_);
+    if (which == QAccessible::Help)
+        return QString::fromUtf8(help);
+    if (which != QAccessible::Description)
+        return {};
+    const auto hex = platform::hexText(color());
+    const auto where = place_.isEmpty() ? hex : hex + QStringLiteral(", ") + place_;
+    return where + QStringLiteral(". ") + QString::fromUtf8(help);
 }
 
 bool DraggableColorView::accessibilityPerformPress()

@@ -27,7 +27,7 @@ public:
     bool accessibilityPerformPress();
 
 protected:
-    [[nodiscard]] QString description() const override;
+    [[nodiscard]] QString textOf(QAccessible::Text which) const override;
 
 private:
     std::string label_;

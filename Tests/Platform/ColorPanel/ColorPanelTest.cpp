@@ -189,7 +189,10 @@ TEST_F(ColorPanelTest, KeysMoveWheelAndSliders)
             && dynamic_cast<QLineEdit*>(widget) == nullptr)
             press(widget, Qt::Key_Right);
     EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#818080"));
-    press(named<QWidget>(u"Brightness"), Qt::Key_Home);
+    auto* brightness = named<QWidget>(u"Brightness");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(brightness)->valueInterface()->currentValue(),
+        QVariant(0x81));
+    press(brightness, Qt::Key_Home);
     EXPECT_EQ(valueOf(u"Hex"), QStringLiteral("#000000"));
     press(named<QWidget>(u"Hue and saturation"), Qt::Key_Right);
     press(named<QWidget>(u"Brightness"), Qt::Key_End);

@@ -295,6 +295,9 @@ TEST_F(SegmentedPickerTest, IsAGroupOfRadioButtonsToReaders)
     EXPECT_EQ(group->role(), QAccessible::Grouping);
     EXPECT_EQ(group->text(QAccessible::Name), QStringLiteral("Workspace"));
     ASSERT_EQ(group->childCount(), 3);
+    picker_->setFocus();
+    EXPECT_FALSE(group->state().focused);
+    EXPECT_TRUE(group->child(0)->state().focused);
     auto* saved = group->child(2);
     EXPECT_EQ(saved->role(), QAccessible::RadioButton);
     EXPECT_EQ(saved->text(QAccessible::Name), QStringLiteral("Saved"));
@@ -350,7 +353,11 @@ TEST_F(PopupMenuTest, OpensWhereThereIsRoomInLineWithItsButton)
 TEST_F(PopupMenuTest, IsWalkedAndChosenByKeys)
 {
     QPointer<PopupMenu> menu = open(/*byKeyboard=*/true);
-    const auto press = [&menu](Qt::Key key) { QTest::keyClick(menu.data(), key); };
+    const auto press = [&menu](Qt::Key key) {
+        QTest::keyClick(menu.data(), key);
+        const auto quit = QAccessible::queryAccessibleInterface(menu.data())->child(1)->state();
+        EXPECT_EQ(quit.focused && quit.selected, menu->selected() == 2);
+    };
     EXPECT_EQ(menu->selected(), 0);
     press(Qt::Key_Down);
     EXPECT_EQ(menu->selected(), 2);
@@ -361,7 +368,7 @@ TEST_F(PopupMenuTest, IsWalkedAndChosenByKeys)
     press(Qt::Key_Up);
     EXPECT_EQ(menu->selected(), 0);
     press(Qt::Key_End);
-    press(Qt::Key_Return);
+    QTest::keyClick(menu.data(), Qt::Key_Return);
     EXPECT_EQ(chosen_, QStringLiteral("q"));
     EXPECT_TRUE(more_->hasFocus());
     turnEventLoop();

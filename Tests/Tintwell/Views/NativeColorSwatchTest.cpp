@@ -186,7 +186,7 @@ TEST_F(Swatch, TakesNewValuesFromItsRecord)
         EXPECT_EQ(view->label(), "Deep Azure");
         EXPECT_EQ(view->cornerRadius(), 8);
         EXPECT_EQ(view->toolTip(), QString::fromUtf8("Deep Azure — click to copy, drag to use"));
-        EXPECT_EQ(view->accessibleName(), QStringLiteral("Deep Azure"));
+        EXPECT_EQ(view->readText(QAccessible::Name), QStringLiteral("Deep Azure"));
         EXPECT_EQ(view->cursor().shape(), Qt::OpenHandCursor);
         view->accessibilityPerformPress();
     }

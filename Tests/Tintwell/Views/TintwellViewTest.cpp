@@ -108,7 +108,7 @@ TEST_F(TintwellViewTest, TheMenuOpensTheColorsAndQuits)
     EXPECT_EQ(opened_, 1);
     EXPECT_EQ(model_->status(), "Opened macOS Colors");
     EXPECT_EQ(quits_, 0);
-    QTest::mouseMove(view_.get(), QPoint(2, 2));
+    QTest::mouseMove(button("More"));
     pressWithKey(button("More"), Qt::Key_Space);
     EXPECT_EQ(window_->findChild<platform::PopupMenu*>()->selected(), 0)
         << "under a resting pointer";
@@ -330,8 +330,6 @@ TEST_F(TintwellViewTest, CellsLiveOnThroughAChangeOfTheSourceAndBlend)
     EXPECT_EQ(base->tile()->color().green(), 0xC1) << "what a drag or a reader takes meanwhile";
 }
 
-TEST_F(TintwellViewTest, GridsShareTheWidthInTheirColumns)
-{
 TEST_F(TintwellViewTest, LabelsOnTheAccentCanBeReadAllTheWay)
 {
     for (const auto* source : { "#F2C14E", "#101418", "#FFFFFF", "#00A080", "#6E56CF" }) {
@@ -346,6 +344,8 @@ TEST_F(TintwellViewTest, LabelsOnTheAccentCanBeReadAllTheWay)
     }
 }
 
+TEST_F(TintwellViewTest, GridsShareTheWidthInTheirColumns)
+{
     const auto expectPlace = [&](const std::string& id, QRect place) {
         auto* const cell = cells().at(id);
         EXPECT_EQ(QRect(cell->pos(), cell->tile()->size()), place) << id;
