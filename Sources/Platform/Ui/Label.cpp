@@ -126,7 +126,7 @@ StatusLine::StatusLine(const TextStyle& style, QColor Theme::*color)
 
 void StatusLine::announce(const QString& text)
 {
-    constexpr std::chrono::milliseconds longestWait { 500 };
+    constexpr std::chrono::milliseconds longestWait { 1000 };
     setText(text);
     const bool waits = isVisible() && !isActiveWindow();
     announcement_.start(waits ? longestWait : std::chrono::milliseconds(0));
