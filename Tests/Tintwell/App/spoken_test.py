@@ -99,8 +99,7 @@ class SpokenTest(unittest.TestCase):
             code = "#{:02X}{:02X}{:02X}".format(*code_of(x + 1, y))
             self.expect([f"notification .* · {code}"])
             key("Return")
-            # A window that becomes active silences what was said before.
-            self.expect(["Tintwell Preview frame.", f"notification Sampled .* · {code}"])
+            self.expect([f"notification Sampled .* · {code}"])
         self.walk(COLORS)
 
 
