@@ -32,7 +32,8 @@ class Case(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.home = folder.name
         self.library = os.path.join(self.home, ".local/share/Tintwell/saved-palettes.json")
-        self.environment = {"HOME": self.home, "TERM": "xterm-256color", "COLORTERM": "truecolor", "LC_ALL": "de_DE.UTF-8"}
+        self.environment = {"HOME": self.home, "TERM": "xterm-256color", "COLORTERM": "truecolor", "LC_ALL": "de_DE.UTF-8",
+                            "LSAN_OPTIONS": os.environ.get("LSAN_OPTIONS", "")}
 
     def start(self, *arguments, **options):
         options.setdefault("stdin", subprocess.DEVNULL)

@@ -144,8 +144,11 @@ Result<void> makeFolder(const path& folder)
     return {};
 }
 
+/// Writes what is not there yet and may be.
 Result<void> writeCopy(const path& file, const std::string& text, Standing standing)
 {
+    if (standing == Standing::current || standing == Standing::foreign)
+        return {};
     if (auto made = makeFolder(file.parent_path()); !made)
         return made;
     auto written = writeFileAtomically(file, text);
@@ -197,20 +200,13 @@ Result<Publication> PalettePublisher::publish(const ColorList& list) const
     for (const auto& [program, root, palettes] : placesIn(folders_)) {
         const path file = palettes / name;
         const Standing standing = standingOf(file, text, lastEntries);
-        if (standing == Standing::foreign) {
-            publication.leftAlone.push_back({ program, file });
-            continue;
-        }
-        if (standing != Standing::current) {
-            const auto written = writeCopy(file, text, standing);
-            if (!written) {
-                if (!failure)
-                    failure = Error { "The color list was saved, but " + program
-                        + " did not get its copy, because " + written.error().description };
-                continue;
-            }
-        }
-        publication.copies.push_back({ program, file });
+        const auto written = writeCopy(file, text, standing);
+        if (written)
+            (standing == Standing::foreign ? publication.leftAlone : publication.copies)
+                .push_back({ program, file });
+        else if (!failure)
+            failure = Error { "The color list was saved, but " + program
+                + " did not get its copy, because " + written.error().description };
     }
     // Without it a copy that its program wrote anew counts as the user's own: told, and not lost.
     if (!folders_.kept.empty())
