@@ -95,7 +95,7 @@ QColor colorFromHex(QString text)
 void ColorWell::show(const QColor& color)
 {
     setColor(color);
-    setAccessibleName(QStringLiteral("Mixed color, ") + hexText(color));
+    setAccessibleTexts(*this, QStringLiteral("Mixed color, ") + hexText(color), {});
     setToolTip(QStringLiteral("Copy ") + hexText(color));
 }
 

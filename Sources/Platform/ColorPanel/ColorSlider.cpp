@@ -82,7 +82,7 @@ void ColorSlider::show(double value, const QColor& low, const QColor& high)
     low_ = low;
     high_ = high;
     update();
-    if (adjustedValue() == before)
+    if (adjustedValue() == before || !isVisible())
         return;
     QAccessibleValueChangeEvent changed(this, adjustedValue());
     QAccessible::updateAccessibility(&changed);

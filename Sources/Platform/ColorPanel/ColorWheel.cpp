@@ -61,7 +61,7 @@ void ColorWheel::show(double hue, double saturation, const QColor& shown)
     saturation_ = saturation;
     shown_ = shown;
     update();
-    if (adjustedValue() == before)
+    if (adjustedValue() == before || !isVisible())
         return;
     QAccessibleValueChangeEvent changed(this, adjustedValue());
     QAccessible::updateAccessibility(&changed);

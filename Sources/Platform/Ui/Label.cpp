@@ -128,6 +128,8 @@ void StatusLine::announce(const QString& text)
 {
     constexpr std::chrono::milliseconds longestWait { 1000 };
     setText(text);
+    if (text.isEmpty())
+        return announcement_.stop();
     const bool waits = isVisible() && !isActiveWindow();
     announcement_.start(waits ? longestWait : std::chrono::milliseconds(0));
 }

@@ -37,10 +37,10 @@ COLORS = (
     (["shift+Tab"], ["More collapsed push button."]),
     (["Return"], ["Open macOS Colors"]),
     (["Down"], ["Quit Tintwell"]),
-    (["Home", "Return"], ["notification Opened macOS Colors.", "Colors frame."]),
-    (["Tab"], ["Hue and saturation slider 252."]),
-    (["Tab", "Tab", "Tab"], ["Red slider 110."]),
-    (["Right"], ["111"]),
+    (["Home", "Return"], ["Colors frame."]),
+    (["Tab"], ["Hue and saturation slider 107."]),
+    (["Tab", "Tab", "Tab"], ["Red slider 45."]),
+    (["Right"], ["46"]),
 )
 PLACES = ((100, 200), (200, 300), (300, 400))
 
