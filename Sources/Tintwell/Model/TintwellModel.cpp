@@ -53,9 +53,10 @@ void TintwellModel::setSelectedTab(WorkspaceTab tab)
     store(selectedTab_, tab);
 }
 
-void TintwellModel::setStatus(std::string status)
+void TintwellModel::setStatus(std::string status, std::string detail)
 {
     store(status_, std::move(status));
+    statusDetail_ = std::move(detail);
     ++statusNumber_;
 }
 
@@ -192,7 +193,8 @@ void TintwellModel::saveAndInstallCurrent()
     }
     const auto file = services_.installer.install(installedListName, palette.colors, std::nullopt);
     setStatus(file ? "Saved and installed " + file.value().filename().string()
-                   : "Saved, but install failed: " + file.error().description);
+                   : "Saved, but install failed: " + file.error().description,
+        services_.installer.publication().summary());
 }
 
 void TintwellModel::use(const SavedPalette& palette)
@@ -206,7 +208,8 @@ void TintwellModel::install(const SavedPalette& palette)
 {
     const auto file = services_.installer.install(installedListName, palette.colors, std::nullopt);
     setStatus(file ? "Installed " + file.value().filename().string()
-                   : "Install failed: " + file.error().description);
+                   : "Install failed: " + file.error().description,
+        services_.installer.publication().summary());
 }
 
 void TintwellModel::deletePalette(const SavedPalette& palette)

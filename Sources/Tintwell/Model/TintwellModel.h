@@ -46,13 +46,15 @@ public:
     [[nodiscard]] const std::vector<SavedPalette>& savedPalettes() const { return savedPalettes_; }
     [[nodiscard]] WorkspaceTab selectedTab() const { return selectedTab_; }
     [[nodiscard]] const std::string& status() const { return status_; }
+    /// What the status does not say; often empty.
+    [[nodiscard]] const std::string& statusDetail() const { return statusDetail_; }
     /// How many a status it is: the same text may have been set anew.
     [[nodiscard]] std::size_t statusNumber() const { return statusNumber_; }
     [[nodiscard]] const std::optional<std::string>& lastCopiedID() const { return lastCopiedID_; }
     [[nodiscard]] bool isSampling() const { return isSampling_; }
 
     void setSelectedTab(WorkspaceTab tab);
-    void setStatus(std::string status);
+    void setStatus(std::string status, std::string detail = {});
 
     [[nodiscard]] platform::Subscription observe(std::function<void()> willChange);
 
@@ -102,6 +104,7 @@ private:
     std::vector<SavedPalette> savedPalettes_;
     WorkspaceTab selectedTab_ = WorkspaceTab::studio;
     std::string status_;
+    std::string statusDetail_;
     std::size_t statusNumber_ = 0;
     std::optional<std::string> lastCopiedID_;
     bool isSampling_ = false;

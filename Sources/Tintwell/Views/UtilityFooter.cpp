@@ -40,8 +40,10 @@ UtilityFooter::UtilityFooter(
 
 void UtilityFooter::show(const std::string& status, std::size_t number)
 {
-    if (std::exchange(shownNumber_, number) != number)
-        status_->announce(QString::fromStdString(status));
+    if (std::exchange(shownNumber_, number) == number)
+        return;
+    status_->setToolTip(QString::fromStdString(model_.statusDetail()));
+    status_->announce(QString::fromStdString(status));
 }
 
 void UtilityFooter::openMenu()

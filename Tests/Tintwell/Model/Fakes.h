@@ -83,8 +83,11 @@ public:
         return std::filesystem::path("/lists") / (name + ".clr");
     }
 
+    [[nodiscard]] const platform::Publication& publication() const override { return reached; }
+
     std::vector<Call> calls;
     std::optional<std::string> error;
+    platform::Publication reached;
 };
 
 /// One desktop, on which any number of models live.

@@ -44,6 +44,7 @@ TEST_F(TintwellViewTest, EveryControlDoesItsAction)
     };
     for (const auto& action : actions) {
         openOn({ palette(1, "Red") });
+        desktop_->installer.reached.copies = { { "Inkscape", {} } };
         choose(action.tab);
         auto* control = action.control();
         ASSERT_NE(control, nullptr);
@@ -51,7 +52,9 @@ TEST_F(TintwellViewTest, EveryControlDoesItsAction)
         QTest::mouseClick(control, Qt::LeftButton);
         settle();
         EXPECT_EQ(model_->status(), action.status);
-        EXPECT_NE(label(model_->status()), nullptr);
+        ASSERT_NE(label(model_->status()), nullptr);
+        EXPECT_EQ(label(model_->status())->toolTip(),
+            QLatin1String(action.installed > 0 ? "Inkscape" : ""));
         EXPECT_EQ(desktop_->pasteboard.contents.size(), action.copied);
         EXPECT_EQ(desktop_->installer.calls.size(), action.installed);
         EXPECT_EQ(model_->savedPalettes().size(), action.left);
