@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include <sys/stat.h>
 
 namespace tintwell {
@@ -190,9 +189,9 @@ TEST(ColorPasteboard, WritesTheColorAndItsHexText)
         std::vector<platform::ColorContent> contents;
         void write(const platform::ColorContent& content) override { contents.push_back(content); }
         [[nodiscard]] platform::Result<platform::PastedContent> read() const override
-    {
-        return platform::PastedContent {};
-    }
+        {
+            return platform::PastedContent {};
+        }
     } pasteboard;
     ColorPasteboard::write({ "id", "name", { 1, 0.5, 0.25, 0.5 }, "detail" }, pasteboard);
     ASSERT_EQ(pasteboard.contents.size(), 1U);
