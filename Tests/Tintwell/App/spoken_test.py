@@ -3,8 +3,6 @@
 
 Usage: spoken_test.py TINTWELL   (under with-desktop --a11y)"""
 
-import os
-import pty
 import re
 import subprocess
 import sys
@@ -16,6 +14,15 @@ from shell_support import SCREEN, key, windows
 
 APPLICATION = sys.argv.pop(1)
 HELP = "Click to copy this color, or drag it into a compatible color control."
+
+# Not the script: that ends every other Orca of the user first.
+ORCA = """
+import sys
+from orca import debug, orca
+debug.debugLevel, debug.eventDebugLevel, debug.debugFile = debug.LEVEL_ALL, debug.LEVEL_OFF, sys.stdout
+orca.getSettingsManager().activate(None, {})
+sys.exit(orca.main())
+"""
 
 # Keys, and how what is said then begins, in this order; other sentences may be said between.
 WALK = (
@@ -47,14 +54,14 @@ PLACES = ((100, 200), (200, 300), (300, 400))
 
 class SpokenTest(unittest.TestCase):
     def start(self, *command):
-        process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.addCleanup(process.wait, 20)
+        process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.addCleanup(process.wait)
         self.addCleanup(process.kill)
+        return process
 
     def listen(self, log):
-        with open(log, encoding="utf-8", errors="replace") as file:
-            for line in file:
-                self.heard += re.findall(r"SPEECH OUTPUT: '(.*?)'\{", line)
+        for line in log:
+            self.heard += re.findall(r"SPEECH OUTPUT: '(.*?)'\{", line)
 
     def expect(self, sentences):
         """Goes on in the log behind the last of the sentences."""
@@ -82,10 +89,11 @@ class SpokenTest(unittest.TestCase):
                         "--method", "org.freedesktop.DBus.Properties.Set", "org.a11y.Status", "IsEnabled", "<true>"],
                        check=True, stdout=subprocess.DEVNULL)
         self.heard, self.place = [], 0
-        # To a terminal the log is written line by line.
-        log, terminal = pty.openpty()
-        threading.Thread(target=self.listen, args=(log,), daemon=True).start()
-        self.start("orca", "--replace", f"--debug-file={os.ttyname(terminal)}")
+        orca = self.start("/usr/bin/python3", "-u", "-c", ORCA)
+        listener = threading.Thread(target=self.listen, args=(orca.stdout,))
+        listener.start()
+        self.addCleanup(listener.join)
+        self.addCleanup(orca.kill)
         self.expect(["Screen reader on."])
         self.start(APPLICATION, "--preview-window")
         self.expect(["Tintwell Preview frame."])
