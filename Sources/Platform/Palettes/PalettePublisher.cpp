@@ -159,6 +159,21 @@ Result<void> writeCopy(const path& file, const std::string& text, Standing stand
     return written;
 }
 
+/// The entries of what was published last, or none.
+auto keptEntries(const path& folder, const path& name)
+{
+    const auto text
+        = folder.empty() ? Result<std::string>("") : readWholeFile(folder / name, maxBytes);
+    return gimpPaletteEntries(text ? text.value() : "");
+}
+
+/// Without it a copy that its program wrote anew counts as the user's own: told, and not lost.
+void keep(const path& folder, const path& name, const std::string& text)
+{
+    if (!folder.empty())
+        static_cast<void>(writeFileAtomically(folder / name, text));
+}
+
 } // namespace
 
 PalettePublisher::PalettePublisher(Folders folders)
@@ -192,9 +207,7 @@ Result<Publication> PalettePublisher::publish(const ColorList& list) const
         return safe.error();
     const std::string text = gimpPaletteText(list, marker);
     const path name = list.name() + ".gpl";
-    const auto last = folders_.kept.empty() ? Result<std::string>(std::string())
-                                            : readWholeFile(folders_.kept / name, maxBytes);
-    const auto lastEntries = gimpPaletteEntries(last ? last.value() : "");
+    const auto lastEntries = keptEntries(folders_.kept, name);
     Publication publication;
     std::optional<Error> failure;
     for (const auto& [program, root, palettes] : placesIn(folders_)) {
@@ -208,9 +221,7 @@ Result<Publication> PalettePublisher::publish(const ColorList& list) const
             failure = Error { "The color list was saved, but " + program
                 + " did not get its copy, because " + written.error().description };
     }
-    // Without it a copy that its program wrote anew counts as the user's own: told, and not lost.
-    if (!folders_.kept.empty())
-        static_cast<void>(writeFileAtomically(folders_.kept / name, text));
+    keep(folders_.kept, name, text);
     if (failure)
         return *failure;
     return publication;
