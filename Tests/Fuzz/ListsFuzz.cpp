@@ -43,6 +43,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto published = publisher.publish(read.empty() ? ColorList("T") : read[0]);
     require(published.hasValue());
     const auto now = readWholeFile(file, 1'000'000);
-    require(published.value().empty() ? now.value() == bytes : now.value() != "");
+    require(published.value().copies.empty() ? now.value() == bytes : now.value() != "");
     return 0;
 }
