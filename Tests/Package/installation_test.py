@@ -58,7 +58,8 @@ class InstallationTest(unittest.TestCase):
             answer = subprocess.run([self.at("bin", program), "--version"], check=True, capture_output=True, text=True)
             self.assertRegex(answer.stdout, r"\d+\.\d+\.\d+")
         # Where the program looks from its own place.
-        self.assertTrue(os.path.exists(self.at("bin/../share/tintwell/BrandMascot.png")))
+        for picture in ("BrandMascot.png", "WindowIcon.png"):
+            self.assertTrue(os.path.exists(self.at("bin/../share/tintwell", picture)))
 
     def test_manual_pages_can_be_read(self):
         for page in ("tintwell.1.gz", "tintwell-cli.1.gz"):

@@ -13,8 +13,8 @@ namespace tintwell {
 
 ModelAndView makeModelAndView(DesktopServices& services)
 {
-    // No window is made before its content, and the content shows the same picture.
-    QApplication::setWindowIcon(QPixmap::fromImage(BrandMark::mascot()));
+    // No window is made before its content.
+    QApplication::setWindowIcon(QPixmap::fromImage(BrandMark::windowIcon()));
     ModelAndView content;
     content.model = std::make_unique<TintwellModel>(seedColor,
         PalettePersistence(PalettePersistence::defaultURL()), services.makeSampler(),

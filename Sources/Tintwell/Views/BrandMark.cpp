@@ -21,11 +21,11 @@ constexpr double radius = 8;
 constexpr double symbolPadding = 7;
 constexpr double outlineWidth = 0.5;
 
-QImage readMascot()
+QImage readPicture(const char* name)
 {
     const auto folder = QCoreApplication::applicationDirPath();
     for (const auto* place : { "/../share/tintwell/", "/Resources/" }) {
-        QFile file(folder + QLatin1String(place) + QLatin1String("BrandMascot.png"));
+        QFile file(folder + QLatin1String(place) + QLatin1String(name));
         if (!file.open(QIODevice::ReadOnly))
             continue;
         // To find out the format, the toolkit would load all of its image plugins and ask them.
@@ -43,8 +43,13 @@ QImage readMascot()
 
 const QImage& BrandMark::mascot()
 {
-    static const QImage picture = readMascot();
+    static const QImage picture = readPicture("BrandMascot.png");
     return picture;
+}
+
+QImage BrandMark::windowIcon()
+{
+    return readPicture("WindowIcon.png");
 }
 
 BrandMark::BrandMark(QImage picture)

@@ -14,6 +14,8 @@ public:
 
     /// The picture beside the program or in its data folder, read once a process; null without one.
     [[nodiscard]] static const QImage& mascot();
+    /// The same without its light ground, for title bars and task bars of any colour.
+    [[nodiscard]] static QImage windowIcon();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
