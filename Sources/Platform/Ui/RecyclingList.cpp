@@ -25,14 +25,37 @@ QSize RecyclingList::sizeHint() const
     return { 0, static_cast<int>(std::min(height, double { QWIDGETSIZE_MAX })) };
 }
 
-void RecyclingList::reload(std::size_t count)
+void RecyclingList::reload(std::size_t count, const std::optional<Spring>& spring)
 {
-    count_ = count;
-    setFixedHeight(sizeHint().height());
-    dropRows(0, count_);
+    std::map<std::string, int> places;
     for (const auto& [index, row] : rows_)
-        fillRow_(*row, index);
-    layOut();
+        places.emplace(row.key, row.widget->y());
+    bool changed = std::exchange(count_, count) != count;
+    dropRows(0, count_);
+    for (auto& [index, row] : rows_) {
+        const auto before = std::exchange(row.key, fillRow_(*row.widget, index));
+        changed = changed || row.key != before;
+    }
+    if (!changed)
+        return;
+    startAtOldPlaces(places);
+    motion_.follow(isVisible() ? spring : std::nullopt,
+        [this, from = height(), to = sizeHint().height()](double progress) {
+            progress_ = progress;
+            setFixedHeight(std::max(0, from + qRound((to - from) * progress)));
+            layOut();
+        });
+}
+
+/// Rows that were not in sight come after the one before them.
+void RecyclingList::startAtOldPlaces(const std::map<std::string, int>& places)
+{
+    int offset = 0;
+    for (auto& [index, row] : rows_) {
+        if (const auto place = places.find(row.key); place != places.end())
+            offset = place->second - static_cast<int>(index) * rowHeight_;
+        row.offset = offset;
+    }
 }
 
 std::pair<std::size_t, std::size_t> RecyclingList::wantedRows() const
@@ -53,10 +76,10 @@ void RecyclingList::dropRows(std::size_t first, std::size_t end)
     std::vector<QWidget*> dropped;
     std::erase_if(rows_, [&](const auto& entry) {
         const auto& [index, row] = entry;
-        const bool keepsFocus = index < count_ && focused && row->isAncestorOf(focused);
+        const bool keepsFocus = index < count_ && focused && row.widget->isAncestorOf(focused);
         if ((index >= first && index < end) || keepsFocus)
             return false;
-        dropped.push_back(row);
+        dropped.push_back(row.widget);
         return true;
     });
     // The focus that leaves a hidden row may scroll, and thus come back to here.
@@ -75,7 +98,7 @@ QWidget* RecyclingList::takeRow()
     return row;
 }
 
-void RecyclingList::layOut()
+void RecyclingList::buildRows()
 {
     const auto [first, end] = wantedRows();
     dropRows(first, end);
@@ -83,13 +106,25 @@ void RecyclingList::layOut()
         if (rows_.contains(index))
             continue;
         auto* row = takeRow();
-        fillRow_(*row, index);
-        rows_.emplace(index, row);
+        const auto before = index > 0 ? rows_.find(index - 1) : rows_.end();
+        const int offset = before != rows_.end() ? before->second.offset : 0;
+        auto key = fillRow_(*row, index);
+        rows_.emplace(index, Row { row, std::move(key), offset });
     }
-    for (const auto& [index, row] : rows_) {
-        row->setGeometry(0, static_cast<int>(index) * rowHeight_, width(), rowHeight_);
-        row->show();
-    }
+}
+
+void RecyclingList::layOut()
+{
+    buildRows();
+    // A row ends where the rows below it are on their way.
+    int below = QWIDGETSIZE_MAX;
+    std::for_each(rows_.rbegin(), rows_.rend(), [&](const auto& entry) {
+        const auto& [index, row] = entry;
+        const int top = static_cast<int>(index) * rowHeight_ + qRound(row.offset * (1 - progress_));
+        row.widget->setGeometry(0, top, width(), std::clamp(below - top, 0, rowHeight_));
+        row.widget->show();
+        below = std::min(below, top);
+    });
 }
 
 bool RecyclingList::event(QEvent* event)
@@ -117,14 +152,14 @@ bool RecyclingList::moveFocus(int rows)
     if (area)
         area->revealFocus(); // The rows around the focus exist then.
     const auto here = std::find_if(rows_.begin(), rows_.end(),
-        [focused](const auto& entry) { return entry.second->isAncestorOf(focused); });
+        [focused](const auto& entry) { return entry.second.widget->isAncestorOf(focused); });
     if (here == rows_.end())
         return false;
     const auto next = rows_.find(here->first + static_cast<std::size_t>(rows));
     if (next == rows_.end())
         return false;
-    const auto place = here->second->findChildren<QWidget*>().indexOf(focused);
-    next->second->findChildren<QWidget*>().at(place)->setFocus(Qt::TabFocusReason);
+    const auto place = here->second.widget->findChildren<QWidget*>().indexOf(focused);
+    next->second.widget->findChildren<QWidget*>().at(place)->setFocus(Qt::TabFocusReason);
     if (area)
         area->revealFocus();
     return true;

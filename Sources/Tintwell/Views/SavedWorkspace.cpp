@@ -193,9 +193,11 @@ SavedWorkspace::SavedWorkspace(SavedActions actions, QWidget* parent)
               platform::applyTint(*row, tint_);
               return row;
           },
-          [this](QWidget& row, std::size_t index) {
+          [this](QWidget& widget, std::size_t index) {
+              auto& row = static_cast<SavedPaletteRow&>(widget);
               if (const auto state = shown_.row(index))
-                  static_cast<SavedPaletteRow&>(row).show(*state);
+                  row.show(*state);
+              return row.shown().id.text();
           }))
     , area_(new platform::ScrollArea(list_))
     , empty_(new EmptyState(this))
@@ -209,12 +211,12 @@ void SavedWorkspace::resizeEvent(QResizeEvent*)
     empty_->setGeometry(0, 0, width(), std::max(height(), emptyHeight));
 }
 
-void SavedWorkspace::show(const SavedState& state)
+void SavedWorkspace::show(const SavedState& state, const std::optional<platform::Spring>& spring)
 {
     shown_ = state;
     area_->setVisible(state.count > 0);
     empty_->setVisible(state.count == 0);
-    list_->reload(state.count);
+    list_->reload(state.count, spring);
 }
 
 } // namespace tintwell

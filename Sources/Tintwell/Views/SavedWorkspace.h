@@ -1,6 +1,7 @@
 // The Saved workspace: the library, or a hint where it is empty.
 #pragma once
 
+#include "Animation.h"
 #include "Button.h"
 #include "Label.h"
 #include "RecyclingList.h"
@@ -12,6 +13,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace tintwell {
 
@@ -57,7 +59,7 @@ class SavedWorkspace : public QWidget, public platform::Tinted {
 public:
     explicit SavedWorkspace(SavedActions actions, QWidget* parent = nullptr);
 
-    void show(const SavedState& state);
+    void show(const SavedState& state, const std::optional<platform::Spring>& spring);
     void setTint(const platform::Tint& tint) override { tint_ = tint; }
 
 protected:

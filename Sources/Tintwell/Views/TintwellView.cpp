@@ -148,7 +148,7 @@ void TintwellView::showWorkspace(const std::optional<platform::Spring>& spring)
         themes_->show(themesState(model_), change);
         break;
     case WorkspaceTab::saved:
-        saved_->show(savedState(model_, actions_.dateText));
+        saved_->show(savedState(model_, actions_.dateText), change);
         break;
     }
     // What was built just now has not seen the tint yet.

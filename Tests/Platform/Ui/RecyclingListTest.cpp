@@ -12,7 +12,9 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include <set>
+#include <map>
+#include <string>
+#include <tuple>
 
 namespace platform {
 
@@ -30,6 +32,9 @@ protected:
             [this](QWidget& row, std::size_t index) {
                 row.setProperty("index", QVariant::fromValue<qulonglong>(index));
                 ++fills_;
+                const auto key = index + (index >= shiftedFrom_ ? shift_ : 0);
+                row.setProperty("key", QVariant::fromValue<qulonglong>(key));
+                return std::to_string(key);
             }))
         , area_(list_)
     {
@@ -66,6 +71,17 @@ protected:
         return rows;
     }
 
+    /// Where in the window the rows in sight are, by key.
+    [[nodiscard]] std::map<std::size_t, QRect> placesInSight() const
+    {
+        std::map<std::size_t, QRect> places;
+        for (auto* child : list_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (child->isVisible() && !child->visibleRegion().isEmpty())
+                places[child->property("key").toULongLong()]
+                    = QRect(child->mapTo(&area_, QPoint()), child->size());
+        return places;
+    }
+
     [[nodiscard]] QWidget* button(std::size_t index, const char* name) const
     {
         for (auto* child : list_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
@@ -77,6 +93,9 @@ protected:
     void scrollTo(int value) { area_.verticalScrollBar()->setValue(value); }
 
     int fills_ = 0;
+    /// From this index on rows show what was this much further down.
+    std::size_t shiftedFrom_ = 0;
+    std::size_t shift_ = 0;
     RecyclingList* list_;
     ScrollArea area_;
 };
@@ -128,6 +147,40 @@ TEST_F(RecyclingListTest, KeepsTheFocusedRowOutOfSightAndMovesOnFromIt)
         EXPECT_EQ(QApplication::focusWidget(), button(index, "delete"));
         EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
     }
+}
+
+TEST_F(RecyclingListTest, RowsMoveFromTheirOldPlacesAlongASpring)
+{
+    constexpr auto inserted = static_cast<std::size_t>(-1);
+    const Spring spring { .response = 0.32, .dampingFraction = 0.85 };
+    auto& clock = MotionClock::instance();
+    clock.holdTime();
+    for (const auto& [top, from, shift] : { std::tuple(0, 0U, inserted), { 48'000, 0U, inserted },
+             { 0, 1U, 1U }, { 1'000'000, 9'998U, 1U } }) {
+        shift_ = 0;
+        list_->reload(manyRows);
+        scrollTo(top);
+        const auto before = placesInSight();
+        shiftedFrom_ = from;
+        shift_ = shift;
+        list_->reload(manyRows - shift, spring);
+        const auto atFirst = placesInSight();
+        for (const auto& [key, place] : atFirst)
+            EXPECT_TRUE(!before.contains(key) || place == before.at(key)) << key << " at " << top;
+        clock.advance(0.1);
+        const auto onTheWay = placesInSight();
+        list_->reload(manyRows - shift);
+        EXPECT_EQ(placesInSight(), onTheWay) << "nothing changed since " << top;
+        clock.advance(1);
+        const auto atLast = placesInSight();
+        EXPECT_NE(onTheWay, atFirst);
+        EXPECT_NE(onTheWay, atLast);
+        EXPECT_NE(atLast, before);
+        for (const auto& [index, y] : shownRows())
+            EXPECT_EQ(y, static_cast<int>(index) * rowHeight) << top;
+        EXPECT_EQ(list_->height(), list_->sizeHint().height());
+    }
+    clock.releaseTime();
 }
 
 TEST_F(RecyclingListTest, ScrollsByPixelsAtOnceAndByNotchesWithAGlide)

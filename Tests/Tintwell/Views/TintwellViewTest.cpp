@@ -468,6 +468,8 @@ TEST_F(TintwellViewTest, TheListAndItsHintReplaceEachOther)
         button("Delete palette", 1)->setFocus(Qt::TabFocusReason);
         for (const std::size_t left : { 1U, 0U }) {
             QTest::mouseClick(button("Delete palette"), Qt::LeftButton);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(left == 0 || button("Delete palette")->parentWidget()->y() > 0);
             settle();
             EXPECT_EQ(model_->savedPalettes().size(), left);
             EXPECT_EQ(button("Delete palette") != nullptr, left > 0);
