@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QList>
 
 #include <algorithm>
 #include <utility>
@@ -28,15 +29,20 @@ bool isRefusedInFront()
         && qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN");
 }
 
-/// Appends the stops below `part`: those in sight, and `focused` even when it has been hidden.
-void collectStops(const QWidget& part, const QWidget* focused, std::vector<QWidget*>& stops)
+QList<QWidget*> childrenInReadingOrder(const QWidget& part)
 {
     auto children = part.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     const int side = part.layoutDirection() == Qt::LeftToRight ? 1 : -1;
     std::stable_sort(children.begin(), children.end(), [side](const QWidget* a, const QWidget* b) {
         return a->y() != b->y() ? a->y() < b->y() : side * a->x() < side * b->x();
     });
-    for (auto* child : children) {
+    return children;
+}
+
+/// Appends the stops below `part`: those in sight, and `focused` even when it has been hidden.
+void collectStops(const QWidget& part, const QWidget* focused, std::vector<QWidget*>& stops)
+{
+    for (auto* child : childrenInReadingOrder(part)) {
         const bool leads = focused && (child == focused || child->isAncestorOf(focused));
         if (child->isWindow() || !(leads || (child->isVisible() && child->isEnabled())))
             continue;
