@@ -18,6 +18,9 @@ namespace {
 constexpr std::chrono::seconds longestPress { 2 };
 constexpr int pressDrift = 8;
 constexpr std::chrono::milliseconds releaseLook { 20 };
+/// The toolkit tells that a window lost the focus 100 ms late, even if it has been closed and
+/// opened again since.
+constexpr std::chrono::seconds staleFocus { 1 };
 
 } // namespace
 
@@ -30,6 +33,9 @@ PanelWindow::PanelWindow(std::function<bool()> staysOpen)
     setWindowTitle(QCoreApplication::applicationName());
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelWindow::followFocus);
     connect(&release_, &QTimer::timeout, this, &PanelWindow::followButton);
+    settling_.setSingleShot(true);
+    connect(&settling_, &QTimer::timeout, this,
+        [this] { followFocus(QGuiApplication::focusWindow()); });
 }
 
 PanelWindow::~PanelWindow() = default;
@@ -87,6 +93,8 @@ void PanelWindow::openBeside(const QRect& anchor)
     // Plasma moves what opens and closes itself.
     opening_.run(frame_.isComposited() && !isOnPlasma ? PanelFrame::openingSeconds : 0,
         [this](double share) { showOpening(easedOut(share)); });
+    if (windowHandle() && windowHandle() == QGuiApplication::focusWindow())
+        settling_.start(staleFocus);
     // Nothing is marked before the keyboard is used.
     setFocus();
     present();
@@ -95,6 +103,7 @@ void PanelWindow::openBeside(const QRect& anchor)
 void PanelWindow::dismiss()
 {
     opening_.stop();
+    settling_.stop();
     hide();
 }
 
@@ -144,7 +153,8 @@ void PanelWindow::followFocus(const QWindow* focus)
 {
     const bool isCompanion = focus != nullptr
         && dynamic_cast<const ContentWindow*>(QWidget::find(focus->winId())) == nullptr;
-    if (!isVisible() || isCompanion || QApplication::activePopupWidget() != nullptr
+    if (!isVisible() || settling_.isActive() || isCompanion
+        || QApplication::activePopupWidget() != nullptr
         || QApplication::activeModalWidget() != nullptr || staysOpen_())
         return;
     const auto display = X11Display::current();
