@@ -56,7 +56,7 @@ Plane blurredAndTurned(const Plane& from, const std::vector<float>& kernel)
 /// Points between two samples.
 int Shadow::step() const
 {
-    return std::max(1, static_cast<int>(sigma_ / 4));
+    return std::max(1, static_cast<int>(sigma_ / 3));
 }
 
 int Shadow::reach() const

@@ -9,8 +9,8 @@ class QPainter;
 
 namespace platform {
 
-/// Gaussian shadow in any colour. The blurred shape is computed once a size, at four samples and
-/// more across the blur's width, which nobody can tell from finer ones.
+/// Gaussian shadow in any colour. The blurred shape is computed once a size, at three samples
+/// and more across sigma, which nobody can tell from finer ones.
 class Shadow {
 public:
     /// `radius` is that of the shape's corners, `sigma` the width of the blur: half of what design
