@@ -209,6 +209,18 @@ std::optional<FileStamp> stampOf(const path& file)
     return stampFrom(status);
 }
 
+bool isSpelledOtherwise(const path& file)
+{
+    std::error_code failure;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(file, failure)))
+        return false;
+    std::filesystem::directory_iterator entry(file.parent_path(), failure);
+    for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure))
+        if (entry->path().filename() == file.filename())
+            return false;
+    return true;
+}
+
 path followSymlinks(const path& file)
 {
     constexpr int mostLinks = 40;

@@ -27,6 +27,10 @@ struct FileStamp {
 /// The stamp of the file at `file`, symbolic links followed; nothing when there is no such file.
 [[nodiscard]] std::optional<FileStamp> stampOf(const std::filesystem::path& file);
 
+/// Whether there is something at `file` that its folder does not have under this very name, as on a
+/// disk that takes capital and small letters for the same: another file than the one meant.
+[[nodiscard]] bool isSpelledOtherwise(const std::filesystem::path& file);
+
 /// Where `file` leads after every symbolic link at its end was followed; the last target need not
 /// exist. Links in a circle give `file` itself.
 [[nodiscard]] std::filesystem::path followSymlinks(const std::filesystem::path& file);

@@ -273,6 +273,9 @@ Result<path> ColorListRegistry::write(const ColorList& list, const path& file) c
         using std::filesystem::file_type;
         if (::faccessat(AT_FDCWD, target.c_str(), R_OK, AT_EACCESS) != 0 && errno == EACCES)
             return Error { name.value() + " could not be read: " + reasonText(EACCES) };
+        if (isSpelledOtherwise(target))
+            return Error { "A file in " + folder_.string() + " has the name " + name.value()
+                + " in other letters and was left as it is" };
         if (type != file_type::not_found && type != file_type::directory && !readList(target))
             return Error { name.value() + " in " + folder_.string()
                 + " is not a color list and was left as it is" };

@@ -125,7 +125,7 @@ Standing standingOf(
     if (fs::symlink_status(file, ignored).type() == fs::file_type::not_found)
         return Standing::absent;
     const auto content = readWholeFile(file, maxBytes);
-    if (!content)
+    if (!content || isSpelledOtherwise(file))
         return Standing::foreign;
     if (content.value() == text)
         return Standing::current;
@@ -159,19 +159,13 @@ Result<void> writeCopy(const path& file, const std::string& text, Standing stand
     return written;
 }
 
-/// The entries of what was published last, or none.
-auto keptEntries(const path& folder, const path& name)
-{
-    const auto text
-        = folder.empty() ? Result<std::string>("") : readWholeFile(folder / name, maxBytes);
-    return gimpPaletteEntries(text ? text.value() : "");
-}
-
+/// Where the text that was published last is kept: nowhere when a file of the user's is there.
 /// Without it a copy that its program wrote anew counts as the user's own: told, and not lost.
-void keep(const path& folder, const path& name, const std::string& text)
+path keptFile(const path& folder, const path& name, const std::string& text)
 {
-    if (!folder.empty())
-        static_cast<void>(writeFileAtomically(folder / name, text));
+    if (folder.empty() || standingOf(folder / name, text, {}) == Standing::foreign)
+        return {};
+    return folder / name;
 }
 
 } // namespace
@@ -207,7 +201,9 @@ Result<Publication> PalettePublisher::publish(const ColorList& list) const
         return safe.error();
     const std::string text = gimpPaletteText(list, marker);
     const path name = list.name() + ".gpl";
-    const auto lastEntries = keptEntries(folders_.kept, name);
+    const path kept = keptFile(folders_.kept, name, text);
+    const auto last = readWholeFile(kept, maxBytes);
+    const auto lastEntries = gimpPaletteEntries(last ? last.value() : "");
     Publication publication;
     std::optional<Error> failure;
     for (const auto& [program, root, palettes] : placesIn(folders_)) {
@@ -221,7 +217,8 @@ Result<Publication> PalettePublisher::publish(const ColorList& list) const
             failure = Error { "The color list was saved, but " + program
                 + " did not get its copy, because " + written.error().description };
     }
-    keep(folders_.kept, name, text);
+    if (!kept.empty())
+        static_cast<void>(writeFileAtomically(kept, text));
     if (failure)
         return *failure;
     return publication;

@@ -231,9 +231,10 @@ TEST(PalettePublisher, LeavesTheUsersOwnPalettes)
     const std::string own = "GIMP Palette\nName: T\n1 2 3\tCopied by Tintwell\n";
     const Home home;
     for (const char* folder : { "config/GIMP/1.0/palettes/T.gpl", "config/GIMP/2.0/palettes",
-             "config/GIMP/3.0/palettes", "config/GIMP/4.0/palettes" })
+             "config/GIMP/3.0/palettes", "config/GIMP/4.0/palettes", "lists" })
         home.install(folder);
-    writeContent(home.path("config/GIMP/2.0/palettes/T.gpl"), own);
+    for (const char* file : { "config/GIMP/2.0/palettes/T.gpl", "lists/T.gpl" })
+        writeContent(home.path(file), own);
     ASSERT_EQ(::mkfifo(home.path("config/GIMP/3.0/palettes/T.gpl").c_str(), 0600), 0);
     fs::create_symlink(home.path("nowhere"), home.path("config/GIMP/4.0/palettes/T.gpl"));
     const auto before = home.files();
@@ -242,7 +243,8 @@ TEST(PalettePublisher, LeavesTheUsersOwnPalettes)
     EXPECT_EQ(published.value().summary(),
         "Left alone: GIMP 1.0's T.gpl, GIMP 2.0's T.gpl, GIMP 3.0's T.gpl, GIMP 4.0's T.gpl were "
         "changed there.");
-    EXPECT_EQ(home.content("config/GIMP/2.0/palettes/T.gpl"), own);
+    EXPECT_EQ(
+        home.content("config/GIMP/2.0/palettes/T.gpl") + home.content("lists/T.gpl"), own + own);
     EXPECT_EQ(home.files(), before);
 }
 

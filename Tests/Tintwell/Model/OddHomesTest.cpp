@@ -141,6 +141,35 @@ TEST(OddHome, RemovesNoOpenFile)
     whileWatching({ folder.path(), refuse }, [&] { EXPECT_FALSE(home.save("new")); });
 }
 
+/// Where a disk takes capital and small letters for the same, the user's own file is found under
+/// our name, even one that was a copy of ours.
+TEST(OddHome, LeavesAFileThatIsSpelledOtherwise)
+{
+    for (const std::string own : { "Tintwell.clr", "Tintwell.gpl" }) {
+        const TemporaryFolder folder;
+        installPrograms(folder.path());
+        DurableHome home(folder.path());
+        ASSERT_TRUE(home.install("old"));
+        const fs::path lists = folder / "Library/Colors";
+        const fs::path palette = folder / "data/krita/palettes/Tintwell.gpl";
+        const auto before = contentOf(lists / own) + contentOf(palette);
+        WatchedDisk disk { folder.path(), [](const auto&) { return 0; } };
+        disk.spelling
+            = [&](const auto& name) { return name == own ? "tIntwell" + name.substr(8) : name; };
+        whileWatching(disk, [&] {
+            const auto installed = home.install("new");
+            EXPECT_EQ(
+                installed ? home.installer.publication().summary() : installed.error().description,
+                own == "Tintwell.gpl"
+                    ? "Left alone: GIMP 2.10's Tintwell.gpl, Inkscape's Tintwell.gpl, Krita's "
+                      "Tintwell.gpl were changed there."
+                    : "A file in " + lists.string()
+                        + " has the name Tintwell.clr in other letters and was left as it is");
+        });
+        EXPECT_EQ(contentOf(lists / own) + contentOf(palette), before);
+    }
+}
+
 TEST(OddHome, SeesAChangeWhenTheClockWasSetBack)
 {
     const TemporaryFolder folder;

@@ -2,8 +2,12 @@
 #undef _FORTIFY_SOURCE
 #include "WatchedDisk.h"
 
+#include <dirent.h>
+#include <dlfcn.h>
+
 #include <cerrno>
 #include <cstdarg>
+#include <cstring>
 #include <utility>
 
 #include <fcntl.h>
@@ -96,6 +100,15 @@ int renameat2(int, const char* from, int, const char* to, unsigned flags)
 int unlink(const char* file)
 {
     return pass({ "unlink", file }, SYS_unlink, file);
+}
+
+dirent* readdir(DIR* folder)
+{
+    static const auto next = reinterpret_cast<dirent* (*)(DIR*)>(::dlsym(RTLD_NEXT, "readdir"));
+    dirent* const entry = next(folder);
+    if (entry && WatchedDisk::current && WatchedDisk::current->spelling)
+        std::strcpy(entry->d_name, WatchedDisk::current->spelling(entry->d_name).c_str());
+    return entry;
 }
 
 } // extern "C"

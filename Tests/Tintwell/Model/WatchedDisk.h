@@ -23,6 +23,8 @@ struct WatchedDisk {
     /// Why a call fails; 0 lets it happen.
     std::function<int(const DiskCall&)> fault;
     std::function<void(const DiskCall&)> witness = [](const auto&) {};
+    /// By which name a folder lists each of its entries; of the same length.
+    std::function<std::string(const std::string&)> spelling {};
 
     static inline WatchedDisk* current = nullptr;
 };
