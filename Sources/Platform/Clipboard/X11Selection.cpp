@@ -135,17 +135,6 @@ private:
     xcb_window_t window_ = XCB_WINDOW_NONE;
 };
 
-/// Four channels of 16 bits in the machine's order, which is the server's.
-std::optional<Color> colorOf(const std::string& bytes)
-{
-    std::array<std::uint16_t, 4> channels {};
-    if (bytes.size() != sizeof channels)
-        return std::nullopt;
-    std::memcpy(channels.data(), bytes.data(), sizeof channels);
-    constexpr double most = 0xFFFF;
-    return Color { channels[0] / most, channels[1] / most, channels[2] / most, channels[3] / most };
-}
-
 } // namespace
 
 std::optional<Result<PastedContent>> readX11Selection(const char* selection, std::uint32_t window)
@@ -160,7 +149,7 @@ std::optional<Result<PastedContent>> readX11Selection(const char* selection, std
     const auto color = reader.read("application/x-color");
     if (!color)
         return silent;
-    PastedContent content { colorOf(*color), {} };
+    PastedContent content { colorFromChannels(*color), {} };
     for (const auto* target : textTargets) {
         if (reader.hasEnded())
             return Error { "it is too long for a color" };

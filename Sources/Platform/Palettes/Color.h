@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace platform {
 
@@ -33,6 +34,10 @@ struct Color {
 
 /// The same colour in sRGB, components not clamped; nothing when its space cannot be converted.
 [[nodiscard]] std::optional<Color> inSRGB(const Color& color);
+
+/// The colour of `application/x-color`: four channels of 16 bits in the machine's order, and no
+/// byte more.
+[[nodiscard]] std::optional<Color> colorFromChannels(std::string_view bytes);
 
 /// A component as one of 256 steps: clamped to 0…1, halves away from zero; 0 for what is not a
 /// number.
