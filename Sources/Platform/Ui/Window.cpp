@@ -6,8 +6,10 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QList>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -21,12 +23,19 @@ bool isStop(const QWidget& widget)
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !widget.focusProxy();
 }
 
-/// A Wayland compositor brings a window to the front for a token from whoever had the focus, and
-/// every window that opens.
-bool isRefusedInFront()
+/// How long a compositor may take to give the focus.
+constexpr std::chrono::milliseconds focusWait { 300 };
+
+bool isOnWayland()
 {
-    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))
-        && qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN");
+    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
+/// A token from whoever had the focus, or the focus itself.
+bool canAskForFocus()
+{
+    return !qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN")
+        || QGuiApplication::focusWindow() != nullptr;
 }
 
 QList<QWidget*> childrenInReadingOrder(const QWidget& part)
@@ -73,11 +82,24 @@ void Window::present()
 {
     if (isMinimized())
         showNormal();
-    if (isVisible() && !isActiveWindow() && isRefusedInFront())
-        hide();
+    if (isVisible() && !isActiveWindow() && isOnWayland()) {
+        if (canAskForFocus())
+            // The compositor need not believe in the token, and tells nobody.
+            QTimer::singleShot(focusWait, this, &Window::insistOnFront);
+        else
+            hide();
+    }
     show();
     raise();
     activateWindow();
+}
+
+void Window::insistOnFront()
+{
+    if (!isVisible() || isActiveWindow())
+        return;
+    hide();
+    present();
 }
 
 /// When the focused control is being hidden, the focus goes to the one before it.

@@ -7,12 +7,6 @@
 
 namespace platform {
 
-/// Nothing is marked before the keyboard is used, Escape does what it is told to, and to assistive
-/// technologies it is a window.
-///
-/// Tab goes through its controls as one reads: parts from top to bottom, those side by side from
-/// the leading edge, each with all of its controls before the next part; after the last comes the
-/// first. (The toolkit's own order is that of making.)
 /// A part of a window that the Tab key passes in one step; inside it the arrow keys move.
 class TabGroup {
 public:
@@ -22,6 +16,12 @@ public:
     [[nodiscard]] virtual QWidget* tabStop() const = 0;
 };
 
+/// Nothing is marked before the keyboard is used, Escape does what it is told to, and to assistive
+/// technologies it is a window.
+///
+/// Tab goes through its controls as one reads: parts from top to bottom, those side by side from
+/// the leading edge, each with all of its controls before the next part; after the last comes the
+/// first. (The toolkit's own order is that of making.)
 class Window : public QWidget {
 public:
     /// An ordinary window of fixed size: titled, closable and minimisable.
@@ -38,6 +38,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// A Wayland compositor brings a window to the front for a token that it accepts, and every
+    /// window that opens.
+    void insistOnFront();
+
     std::function<void()> escape_;
 };
 
