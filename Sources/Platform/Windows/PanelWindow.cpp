@@ -93,8 +93,6 @@ void PanelWindow::openBeside(const QRect& anchor)
     // Plasma moves what opens and closes itself.
     opening_.run(frame_.isComposited() && !isOnPlasma ? PanelFrame::openingSeconds : 0,
         [this](double share) { showOpening(easedOut(share)); });
-    if (windowHandle() && windowHandle() == QGuiApplication::focusWindow())
-        settling_.start(staleFocus);
     // Nothing is marked before the keyboard is used.
     setFocus();
     present();
@@ -103,7 +101,6 @@ void PanelWindow::openBeside(const QRect& anchor)
 void PanelWindow::dismiss()
 {
     opening_.stop();
-    settling_.stop();
     hide();
 }
 
@@ -183,6 +180,8 @@ void PanelWindow::followButton()
 
 void PanelWindow::showEvent(QShowEvent* /*event*/)
 {
+    if (QGuiApplication::focusWindow() != nullptr)
+        settling_.start(staleFocus);
     // Window managers forget the states of a window that is hidden.
     if (const auto display = X11Display::current())
         prepareNativeWindow(*display);

@@ -79,7 +79,7 @@ private:
     std::optional<ClosingPress> closingPress_;
     /// Looks for the end of a press that took the focus away.
     QTimer release_;
-    /// Runs while a lost focus may still be that of the panel's last time.
+    /// Runs while a lost focus may still be that of a window hidden before.
     QTimer settling_;
 };
 
