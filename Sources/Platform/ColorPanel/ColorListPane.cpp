@@ -1,11 +1,11 @@
 #include "ColorListPane.h"
 
+#include "PopupMenu.h"
 #include "Shapes.h"
 #include "TextPainting.h"
 #include "ThemeSource.h"
 
 #include <QCollator>
-#include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -211,23 +211,17 @@ void ColorListPane::showList(const std::string& name)
 
 void ColorListPane::openListMenu()
 {
-    QMenu menu;
-    QAction* current = nullptr;
-    menu.setMinimumWidth(button_->width());
-    for (const auto& list : lists_) {
-        // A single "&" would mark a key.
-        auto* action = menu.addAction(
-            QString::fromStdString(list.name()).replace(QLatin1Char('&'), QLatin1String("&&")));
-        if (list.name() == shown_)
-            current = action;
-        connect(action, &QAction::triggered, this, [this, name = list.name()] {
-            colors_->forgetChosen();
-            showList(name);
-            colors_->scrollToTop();
-        });
-    }
-    menu.setActiveAction(current);
-    menu.exec(button_->mapToGlobal(QPoint(0, 0)), current);
+    std::vector<MenuItem> items;
+    for (const auto& list : lists_)
+        items.push_back({ QString::fromStdString(list.name()), {},
+            [this, name = list.name()] {
+                colors_->forgetChosen();
+                showList(name);
+                colors_->scrollToTop();
+            },
+            list.name() == shown_ });
+    PopupMenu::openAt(*button_, button_->rect(), button_->accessibleName(), std::move(items),
+        neutralTint(currentTheme()), /*byKeyboard=*/true);
 }
 
 void ColorListPane::paintEvent(QPaintEvent* /*event*/)

@@ -32,6 +32,8 @@ public:
         if (const auto* choice = dynamic_cast<const Choice*>(widget())) {
             state.focusable = state.selectable = true;
             state.focused = state.selected = choice->isChosen();
+            state.checkable = button().isCheckable();
+            state.checked = button().isChecked();
         }
         return state;
     }

@@ -26,17 +26,13 @@ constexpr int dividerHeight = 11;
 constexpr int dividerLine = 5;
 constexpr int dividerInset = 9;
 constexpr int headingHeight = 24;
-constexpr double outlineWidth = 0.75;
 constexpr int leastWidth = 196;
-
-/// One of the two shadows under the plate; on dark ground they are twice as strong.
-struct Drop {
-    double offset;
-    double sigma;
-    double opacity;
-};
-constexpr Drop near { 2, 3, 0.08 };
-constexpr Drop far { 12, 14, 0.17 };
+/// Longer names are cut.
+constexpr int mostWidth = 400;
+constexpr FloatingPlate::Drop near { 2, 3, 0.08 };
+constexpr FloatingPlate::Drop far { 12, 14, 0.17 };
+/// Points that a menu scrolls for a degree of the wheel, which turns by 15.
+constexpr int wheelStep = 4;
 
 constexpr TextStyle rowStyle { .size = 13 };
 constexpr TextStyle headingStyle { .size = 11, .weight = QFont::DemiBold };
@@ -53,7 +49,10 @@ public:
     {
         // Before the text, of which readers are told.
         setAccessibleRole(*this, QAccessible::MenuItem);
-        setText(menu.items_[static_cast<std::size_t>(index)].text);
+        const auto& item = menu.items_[static_cast<std::size_t>(index)];
+        setText(item.text);
+        setCheckable(item.isOn.has_value());
+        setChecked(item.isOn.value_or(false));
         setFocusPolicy(Qt::NoFocus);
         setMouseTracking(true);
         QObject::connect(
@@ -61,6 +60,7 @@ public:
     }
 
     [[nodiscard]] bool isChosen() const override { return menu_.selected_ == index_; }
+    [[nodiscard]] int index() const { return index_; }
     [[nodiscard]] int neededWidth() const
     {
         const auto text = QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(this->text());
@@ -74,21 +74,25 @@ protected:
         const auto& item = menu_.items_[static_cast<std::size_t>(index_)];
         const auto isSelected = isChosen();
         QPainter painter(this);
-        painter.setOpacity(menu_.opacity_.value());
+        // What is cut at an end of a long menu fades out there.
+        const auto seen = mask().boundingRect().height() / static_cast<double>(height());
+        painter.setOpacity(menu_.opacity_.value() * seen);
         if (isSelected)
             paintPlate(
                 painter, rect(), Metrics::menuRowRadius, menu_.tint_.fill, edgeOf(menu_.tint_));
         const auto rightToLeft = layoutDirection() == Qt::RightToLeft;
-        if (item.symbol.has_value()) {
+        if (const auto symbol = isChecked() ? Symbol::checkmark : item.symbol) {
             const auto left = rightToLeft ? width() - Metrics::menuRowLeading - Metrics::menuSymbol
                                           : Metrics::menuRowLeading;
             const QRectF box(left, (height() - Metrics::menuSymbol) / 2.0, Metrics::menuSymbol,
                 Metrics::menuSymbol);
-            paintSymbol(painter, *item.symbol, box, isSelected ? menu_.tint_.ink : theme.secondary);
+            paintSymbol(painter, *symbol, box, isSelected ? menu_.tint_.ink : theme.secondary);
         }
-        const auto textWidth = QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(text());
+        const auto room = width() - textLeft() - Metrics::menuRowTrailing;
+        const auto textWidth
+            = std::min<double>(room, QFontMetricsF(fontOf(rowStyle)).horizontalAdvance(text()));
         const auto left = rightToLeft ? width() - textLeft() - textWidth : textLeft();
-        paintLine(painter, QRectF(left, 0, width(), height()), text(), rowStyle,
+        paintLine(painter, QRectF(left, 0, room, height()), text(), rowStyle,
             isSelected ? menu_.tint_.ink : theme.text);
     }
     void enterEvent(QEnterEvent* event) override
@@ -140,8 +144,7 @@ PopupMenu::PopupMenu(QWidget& owner, const QRect& area, const QString& name,
     , focusBefore_(owner.window()->focusWidget())
     , items_(std::move(items))
     , tint_(tint)
-    , near_(Metrics::menuRadius, near.sigma)
-    , far_(Metrics::menuRadius, far.sigma)
+    , ground_(Metrics::menuRadius, near, far)
     , restingPointer_(QCursor::pos())
     , opacity_([this] { update(); })
 {
@@ -168,8 +171,12 @@ void PopupMenu::appear(bool byKeyboard)
     opacity_.moveTo(1, Metrics::menuFade);
     QAccessibleEvent started(this, QAccessible::PopupMenuStart);
     QAccessible::updateAccessibility(&started);
-    if (byKeyboard)
+    if (byKeyboard) {
+        const auto on = std::find_if(items_.begin(), items_.end(),
+            [](const MenuItem& item) { return item.isOn.value_or(false); });
+        selected_ = on == items_.end() ? -1 : static_cast<int>(on - items_.begin()) - 1;
         selectNext(1);
+    }
 }
 
 void PopupMenu::setOpen(bool open)
@@ -219,18 +226,11 @@ bool PopupMenu::eventFilter(QObject* watched, QEvent* event)
 void PopupMenu::paintEvent(QPaintEvent* /*event*/)
 {
     const auto& theme = currentTheme();
-    const auto strength = theme.appearance == Appearance::light ? 1.0 : 2.0;
     QPainter painter(this);
     painter.setOpacity(opacity_.value());
-    const QRectF plate(plate_);
-    for (const auto& [shadow, drop] : { std::pair(&far_, far), std::pair(&near_, near) })
-        shadow->paint(
-            painter, plate.translated(0, drop.offset), faded(Qt::black, drop.opacity * strength));
-    const auto outside = plate.adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth);
-    paintPlate(painter, plate, Metrics::menuRadius, theme.menuBackground);
-    paintPlate(painter, outside, Metrics::menuRadius + outlineWidth, Qt::transparent,
-        theme.menuOutline, outlineWidth);
-    auto top = plate_.top() + Metrics::menuPadding;
+    ground_.paint(painter, plate_);
+    painter.setClipRect(inside());
+    auto top = inside().top() - offset_;
     for (std::size_t i = 0; i < items_.size(); ++i) {
         const auto inset = Metrics::menuPadding + dividerInset;
         const QRectF line(plate_.left() + inset, top, plate_.width() - 2 * inset, heightOf(i));
@@ -268,6 +268,8 @@ void PopupMenu::keyPressEvent(QKeyEvent* event)
     default:
         // Nothing below the menu may react while it is open.
         event->accept();
+        if (!event->text().isEmpty())
+            selectNext(1, event->text());
     }
 }
 
@@ -275,6 +277,14 @@ void PopupMenu::mousePressEvent(QMouseEvent* event)
 {
     if (!plate_.contains(event->pos()))
         dismiss();
+}
+
+void PopupMenu::wheelEvent(QWheelEvent* event)
+{
+    const auto pixels = event->pixelDelta().y();
+    scrollTo(offset_ - (pixels != 0 ? pixels : event->angleDelta().y() / 8 * wheelStep));
+    if (const auto* row = dynamic_cast<Row*>(childAt(event->position().toPoint())))
+        point(row->index(), event->globalPosition().toPoint());
 }
 
 void PopupMenu::focusOutEvent(QFocusEvent* event)
@@ -286,27 +296,36 @@ void PopupMenu::focusOutEvent(QFocusEvent* event)
 void PopupMenu::place()
 {
     setGeometry(window()->rect());
-    auto width = leastWidth;
-    auto height = 2 * Metrics::menuPadding;
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        height += heightOf(i);
-        if (rows_[i] != nullptr)
-            width = std::max(width, rows_[i]->neededWidth() + 2 * Metrics::menuPadding);
-    }
     const QRect area(owner_ ? owner_->mapTo(window(), area_.topLeft()) : QPoint(), area_.size());
     const auto gap = area.isEmpty() ? 0 : Metrics::menuGap;
     const auto below = area.bottom() + 1 + gap;
-    const auto above = area.top() - gap - height;
-    const auto fitsBelow = below + height <= this->height();
+    const auto above = area.top() - gap;
+    const auto roomBelow = height() - Metrics::menuGap - below;
+    const auto roomAbove = above - Metrics::menuGap;
+    auto size = neededSize(area.width());
+    const bool goesBelow = size.height() <= roomBelow || roomBelow >= roomAbove;
+    size = size.boundedTo({ width() - 2 * Metrics::menuGap, goesBelow ? roomBelow : roomAbove });
     const bool endsWithIt = qobject_cast<Button*>(owner_.data()) != nullptr;
     const auto left = endsWithIt == (layoutDirection() == Qt::LeftToRight)
-        ? area.right() + 1 - width
+        ? area.right() + 1 - size.width()
         : area.left();
-    plate_ = QRect(std::clamp(left, Metrics::menuGap,
-                       std::max(Metrics::menuGap, this->width() - width - Metrics::menuGap)),
-        fitsBelow ? below : std::max(0, above), width, height);
-    layOutRows();
-    update();
+    plate_ = QRect(
+        QPoint(std::clamp(left, Metrics::menuGap, width() - size.width() - Metrics::menuGap),
+            goesBelow ? below : above - size.height()),
+        size);
+    scrollTo(offset_);
+}
+
+QSize PopupMenu::neededSize(int areaWidth) const
+{
+    QSize size(leastWidth, 2 * Metrics::menuPadding);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        size.rheight() += heightOf(i);
+        if (rows_[i] != nullptr)
+            size.setWidth(
+                std::max(size.width(), rows_[i]->neededWidth() + 2 * Metrics::menuPadding));
+    }
+    return size.boundedTo({ mostWidth, size.height() }).expandedTo({ areaWidth, 0 });
 }
 
 int PopupMenu::heightOf(std::size_t index) const
@@ -316,15 +335,45 @@ int PopupMenu::heightOf(std::size_t index) const
     return items_[index].text.isEmpty() ? dividerHeight : headingHeight;
 }
 
+QRect PopupMenu::inside() const
+{
+    return plate_.marginsRemoved(QMargins() + Metrics::menuPadding);
+}
+
 void PopupMenu::layOutRows()
 {
-    auto top = plate_.top() + Metrics::menuPadding;
+    const auto inside = this->inside();
+    auto top = inside.top() - offset_;
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        if (rows_[i] != nullptr)
-            rows_[i]->setGeometry(plate_.left() + Metrics::menuPadding, top,
-                plate_.width() - 2 * Metrics::menuPadding, heightOf(i));
-        top += heightOf(i);
+        const QRect place(inside.left(), top, inside.width(), heightOf(i));
+        top += place.height();
+        if (rows_[i] == nullptr)
+            continue;
+        const auto seen = place & inside;
+        rows_[i]->setGeometry(place);
+        rows_[i]->setMask(seen.translated(-place.topLeft()));
+        rows_[i]->setVisible(!seen.isEmpty());
     }
+    update();
+}
+
+void PopupMenu::scrollTo(int offset)
+{
+    const auto longest = neededSize(0).height() - plate_.height();
+    offset_ = std::clamp(offset, 0, std::max(0, longest));
+    layOutRows();
+}
+
+/// Scrolls as far as the row comes into sight; the pointer then rests on another one.
+void PopupMenu::reveal(int index)
+{
+    const auto row = rows_[static_cast<std::size_t>(index)]->geometry();
+    const auto inside = this->inside();
+    restingPointer_ = QCursor::pos();
+    if (row.top() < inside.top())
+        scrollTo(offset_ - (inside.top() - row.top()));
+    else if (row.bottom() > inside.bottom())
+        scrollTo(offset_ + row.bottom() - inside.bottom());
 }
 
 void PopupMenu::select(int index)
@@ -348,14 +397,17 @@ void PopupMenu::point(int index, const QPoint& pointer)
     select(index);
 }
 
-void PopupMenu::selectNext(int step)
+void PopupMenu::selectNext(int step, const QString& letter)
 {
     const auto count = static_cast<int>(rows_.size());
     auto index = selected_ < 0 && step < 0 ? count : selected_;
     for (int tries = 0; tries < count; ++tries) {
         index = (index + step + count) % count;
-        if (rows_[static_cast<std::size_t>(index)] != nullptr)
-            return select(index);
+        const auto* row = rows_[static_cast<std::size_t>(index)];
+        if (row == nullptr || !row->text().startsWith(letter, Qt::CaseInsensitive))
+            continue;
+        reveal(index);
+        return select(index);
     }
 }
 

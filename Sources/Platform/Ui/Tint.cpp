@@ -22,6 +22,15 @@ QColor edgeOf(const Tint& tint)
     return tint.stroked ? faded(tint.ink, edgeOpacity) : QColor(Qt::transparent);
 }
 
+Tint neutralTint(const Theme& theme)
+{
+    return { .fill = composited(theme.controlHover, theme.menuBackground),
+        .ink = theme.text,
+        .text = theme.text,
+        .focusRing = theme.text,
+        .overlay = theme.text };
+}
+
 void applyTint(QWidget& root, const Tint& tint)
 {
     if (auto* tinted = dynamic_cast<Tinted*>(&root))

@@ -7,6 +7,8 @@ class QWidget;
 
 namespace platform {
 
+struct Theme;
+
 /// The accent and all colours that depend on it, which the application works out.
 struct Tint {
     QColor fill { 0x6E, 0x56, 0xCF };
@@ -28,6 +30,9 @@ struct Tint {
 
 /// The line inside a shape filled with the tint; transparent when it needs none.
 [[nodiscard]] QColor edgeOf(const Tint& tint);
+
+/// For what does not know the colour that the user works with: text on a quiet plate.
+[[nodiscard]] Tint neutralTint(const Theme& theme);
 
 /// Implemented by widgets that show the tint.
 class Tinted {

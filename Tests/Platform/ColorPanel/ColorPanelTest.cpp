@@ -2,6 +2,7 @@
 
 #include "DragWatch.h"
 #include "Label.h"
+#include "PopupMenu.h"
 
 #include <gtest/gtest.h>
 #include <QAbstractButton>
@@ -163,6 +164,20 @@ TEST_F(ColorPanelTest, HexTextAndNumbersFollowEachOther)
             valueOf(u"Alpha") };
         EXPECT_EQ(channels.join(u' ').toStdString(), row.channels) << row.entered;
     }
+}
+
+TEST_F(ColorPanelTest, AnotherListIsChosenFromTheMenuByItsFirstLetter)
+{
+    auto* box = named<QAbstractButton>(u"Color list");
+    box->click();
+    auto* menu = window_->findChild<PopupMenu*>();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->selected(), 1);
+    const auto* readers = QAccessible::queryAccessibleInterface(menu);
+    EXPECT_TRUE(readers->child(1)->state().checked && !readers->child(0)->state().checked);
+    press(menu, Qt::Key_E);
+    press(menu, Qt::Key_Return);
+    EXPECT_EQ(box->text(), QStringLiteral("Earlier by name"));
 }
 
 TEST_F(ColorPanelTest, OpensWithTheSourceAndGivesAColorBack)

@@ -426,6 +426,28 @@ TEST_F(PopupMenuTest, IsChosenByThePointerAndShowsTheRowBelowIt)
     EXPECT_EQ(chosen_, QStringLiteral("q"));
 }
 
+TEST_F(PopupMenuTest, ALongOneScrollsToWhatIsSelected)
+{
+    std::vector<MenuItem> items;
+    for (int number = 0; number < 40; ++number)
+        items.push_back({ QString::number(number), {}, [] {} });
+    auto* menu = PopupMenu::open(*more_, std::move(items), violetTint, /*byKeyboard=*/true);
+    const auto rows = menu->findChildren<QAbstractButton*>();
+    const auto isWhole = [&](int row) {
+        return rows[row]->visibleRegion().boundingRect().size() == rows[row]->size();
+    };
+    EXPECT_TRUE(window_.rect().contains(menu->plate()));
+    EXPECT_TRUE(isWhole(0) && !isWhole(39));
+    QTest::keyClick(menu, Qt::Key_Up);
+    EXPECT_TRUE(isWhole(39) && !isWhole(0));
+    QTest::keyClick(menu, Qt::Key_Home);
+    EXPECT_TRUE(isWhole(0) && !isWhole(39));
+    QWheelEvent turn(menu->plate().center(), menu->mapToGlobal(menu->plate().center()), {},
+        { 0, -12000 }, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(menu, &turn);
+    EXPECT_TRUE(isWhole(39) && menu->selected() > 20);
+}
+
 TEST_F(PopupMenuTest, IsAMenuOfItemsToReaders)
 {
     auto* menu = QAccessible::queryAccessibleInterface(open());
