@@ -1,13 +1,12 @@
 #include "Label.h"
 
 #include "TextPainting.h"
+#include "Tip.h"
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QTextLayout>
-#include <QToolTip>
 
 #include <chrono>
 #include <cmath>
@@ -81,9 +80,7 @@ void Label::paintEvent(QPaintEvent* /*event*/)
 bool Label::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fitted(text_) != text_) {
-        // As a paragraph it wraps, and nothing in it is taken for markup.
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-            QStringLiteral("<p>%1</p>").arg(text_.toHtmlEscaped()), this);
+        Tip::show(*this, static_cast<QHelpEvent*>(event)->globalPos(), text_);
         return true;
     }
     return QWidget::event(event);
@@ -143,16 +140,7 @@ bool StatusLine::event(QEvent* event)
 
 void Label::wrap()
 {
-    lines_.clear();
-    if (wrapWidth_ <= 0)
-        return;
-    QTextLayout layout(text_, font_);
-    layout.beginLayout();
-    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(wrapWidth_);
-        lines_ += text_.mid(line.textStart(), line.textLength()).trimmed();
-    }
-    layout.endLayout();
+    lines_ = wrapWidth_ > 0 ? wrapped(text_, font_, wrapWidth_) : QStringList();
 }
 
 } // namespace platform

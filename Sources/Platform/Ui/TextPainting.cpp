@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QTextLayout>
 
 #include <cmath>
 
@@ -48,6 +49,19 @@ void paintText(QPainter& painter, const QPointF& position, const QString& text, 
     painter.scale(1 / scale, 1 / scale);
     painter.drawText(at * scale, text);
     painter.scale(scale, scale);
+}
+
+QStringList wrapped(const QString& text, const QFont& font, double width)
+{
+    QStringList lines;
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines += text.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return lines;
 }
 
 void paintLine(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,

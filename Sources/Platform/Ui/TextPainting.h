@@ -5,6 +5,7 @@
 
 #include <QPointF>
 #include <QString>
+#include <QStringList>
 
 class QColor;
 class QPainter;
@@ -17,6 +18,9 @@ namespace platform {
 /// toolkit does on its own, their strokes come out too heavy. `font` needs a pixel size.
 void paintText(QPainter& painter, const QPointF& position, const QString& text, const QFont& font,
     const QColor& color);
+
+/// The lines of a text that may be `width` wide.
+[[nodiscard]] QStringList wrapped(const QString& text, const QFont& font, double width);
 
 /// One line from the left edge of `box`, in the middle of its height; cut with an ellipsis where it
 /// is too long.

@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "ScrollArea.h"
+#include "Tip.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -73,6 +74,7 @@ Window::Window(Qt::WindowFlags flags, std::function<void()> escape)
     , escape_(std::move(escape))
 {
     setAccessibleRole(*this, QAccessible::Window);
+    Tip::install();
     // Takes the keys while no control has the focus.
     setFocusPolicy(Qt::ClickFocus);
     setFocus();

@@ -4,6 +4,8 @@
 #include "ScrollArea.h"
 #include "SegmentedPicker.h"
 #include "ThemeSource.h"
+#include "Tip.h"
+#include "Window.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
@@ -459,6 +461,25 @@ TEST_F(PopupMenuTest, IsAMenuOfItemsToReaders)
     EXPECT_EQ(colors->text(QAccessible::Name), QStringLiteral("Colors"));
     colors->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(chosen_, QStringLiteral("c"));
+}
+
+TEST(TipTest, StaysInsideItsWindowUntilSomethingIsDone)
+{
+    Window window;
+    window.setFixedSize(400, 200);
+    window.setToolTip(
+        QStringLiteral("A text that is much longer than a line of a tip may be, and goes on"));
+    window.show();
+    for (const auto place : { QPoint(1, 1), QPoint(399, 199) }) {
+        QHelpEvent asked(QEvent::ToolTip, place, window.mapToGlobal(place));
+        QApplication::sendEvent(&window, &asked);
+        const QPointer<Tip> tip = window.findChild<Tip*>();
+        ASSERT_TRUE(tip && tip->isVisible());
+        EXPECT_TRUE(window.rect().contains(tip->plate().translated(tip->pos())));
+        QTest::keyClick(&window, Qt::Key_Shift);
+        EXPECT_FALSE(tip && tip->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 } // namespace
