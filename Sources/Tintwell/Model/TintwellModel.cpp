@@ -14,6 +14,9 @@ constexpr auto copyMarkDuration = 950ms;
 /// The panel stands still while the library is in use elsewhere.
 constexpr auto longestWait = 1s;
 
+constexpr auto firstStatus = "Click to copy · drag to use";
+constexpr auto unreadableStatus = "Saved palettes could not be loaded";
+
 std::string withHex(const std::string& sentence, const RGBAColor& color)
 {
     return sentence + " · " + color.hex();
@@ -24,7 +27,7 @@ std::string withHex(const std::string& sentence, const RGBAColor& color)
 TintwellModel::TintwellModel(const RGBAColor& initial, PalettePersistence persistence,
     std::shared_ptr<ScreenColorSampling> sampler, ModelServices services)
     : generated_(PaletteGenerator().generate(initial))
-    , status_("Click to copy · drag to use")
+    , status_(firstStatus)
     , persistence_(std::move(persistence))
     , sampler_(std::move(sampler))
     , services_(std::move(services))
@@ -33,7 +36,7 @@ TintwellModel::TintwellModel(const RGBAColor& initial, PalettePersistence persis
     if (library)
         savedPalettes_ = std::move(library).value();
     else
-        status_ = "Saved palettes could not be loaded";
+        status_ = unreadableStatus;
 }
 
 /// Announces the change, then stores the value.
@@ -168,7 +171,11 @@ platform::Result<void> TintwellModel::changeLibrary(PalettePersistence::Change c
 void TintwellModel::followLibrary()
 {
     auto library = persistence_.takeUpChange();
-    if (!library || *library == savedPalettes_)
+    if (!library)
+        return;
+    if (status_ == unreadableStatus)
+        setStatus(firstStatus);
+    if (*library == savedPalettes_)
         return;
     platform::withAnimation(
         sourceChangeSpring, [&] { store(savedPalettes_, std::move(*library)); });

@@ -88,6 +88,14 @@ TEST(TintwellModel, ReportsEveryOutcomeInTheStatusLine)
             "Saved palettes could not be loaded" },
         { "a folder for a library", [](Scene& s) { s.refuseFile(); },
             "Saved palettes could not be loaded" },
+        { "a broken library mended",
+            [](Scene& s) {
+                writeContent(s.file, "[{}]");
+                s.model();
+                writeContent(s.file, "[]");
+                s.model().followLibrary();
+            },
+            "Click to copy · drag to use" },
         { "sampler opened", [](Scene& s) { s.model().beginSampling(); },
             "Choose any visible color" },
         { "sampler cancelled",
