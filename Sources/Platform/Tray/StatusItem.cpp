@@ -3,13 +3,13 @@
 #include "DesktopSession.h"
 #include "NotifierItem.h"
 #include "ThemeSource.h"
+#include "TrayMenu.h"
 #include "TrayWatch.h"
 #include "X11Display.h"
 #include "X11TrayItem.h"
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QMenu>
 
 #include <chrono>
 #include <utility>
@@ -136,17 +136,16 @@ void StatusItem::activate(QPoint hint) const
 
 /// For trays that leave the menu to the item. On Wayland a menu needs a window of ours below it: it
 /// would come as a window itself, on sway over the whole screen.
-void StatusItem::popUpMenu(QPoint hint)
+void StatusItem::popUpMenu(QPoint hint) const
 {
     if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
         return activate(hint);
-    menu_ = std::make_unique<QMenu>();
-    for (const auto& entry : content_.menu) {
-        auto* action = menu_->addAction(QString::fromStdString(entry.title), entry.action);
-        action->setCheckable(entry.isOn != nullptr);
-        action->setChecked(entry.isOn && entry.isOn());
-    }
-    menu_->popup(clickPlace(hint).value_or(QCursor::pos()));
+    std::vector<MenuItem> items;
+    for (const auto& entry : content_.menu)
+        items.push_back({ QString::fromStdString(entry.title), {}, entry.action,
+            entry.isOn ? std::optional(entry.isOn()) : std::nullopt });
+    TrayMenu::open(clickPlace(hint).value_or(QCursor::pos()),
+        QString::fromStdString(content_.title), std::move(items));
 }
 
 void StatusItem::setPresence(Presence presence)

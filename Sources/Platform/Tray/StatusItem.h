@@ -13,8 +13,6 @@
 #include <string>
 #include <vector>
 
-class QMenu;
-
 namespace platform {
 
 class NotifierItem;
@@ -81,7 +79,7 @@ private:
     void showNotifier();
     void showInX11Tray();
     void activate(QPoint hint) const;
-    void popUpMenu(QPoint hint);
+    void popUpMenu(QPoint hint) const;
     void setPresence(Presence presence);
 
     Content content_;
@@ -94,7 +92,6 @@ private:
     bool expectsTray_;
     std::unique_ptr<NotifierItem> notifier_;
     std::unique_ptr<X11TrayItem> inX11Tray_;
-    std::unique_ptr<QMenu> menu_;
 };
 
 } // namespace platform

@@ -64,7 +64,7 @@ ThemeSource::ThemeSource(QObject* parent)
     , reducesMotion_(styleReducesMotion())
 {
     parent->installEventFilter(this);
-    // For what the toolkit draws itself: the tray's menu, the choice of lists, tooltips.
+    // For what the toolkit draws itself: the menu of a text field, the tip of the tray item.
     QApplication::setFont(fontOf({ .size = 13 }), "QMenu");
     QToolTip::setFont(fontOf({ .size = 11 }));
     applyPalette();

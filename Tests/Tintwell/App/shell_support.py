@@ -191,7 +191,7 @@ def panel():
 
 
 def menu():
-    return re.search(r'"Tintwell".* 1\d\dx\d+\+', output("xwininfo", "-root", "-tree"))
+    return re.search(r'"Tintwell".* 2\d\dx\d+\+', output("xwininfo", "-root", "-tree"))
 
 
 def embedded_item():
