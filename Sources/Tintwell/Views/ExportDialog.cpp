@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "PaletteExport.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -38,6 +39,17 @@ platform::Result<void> writePalette(
     return platform::writeFileAtomically(file, content.value());
 }
 
+/// Else the window manager may choose another program's window, and the panel, which closes when
+/// it loses the focus, would have none to lose.
+void returnFocus(const QDialog& dialog, QWidget* window)
+{
+    const auto activate = [window] {
+        if (QApplication::activeModalWidget() == nullptr)
+            window->activateWindow();
+    };
+    QObject::connect(&dialog, &QDialog::finished, window, activate, Qt::QueuedConnection);
+}
+
 } // namespace
 
 void openExportDialog(QWidget& owner, const RGBAColor& source)
@@ -46,6 +58,7 @@ void openExportDialog(QWidget& owner, const RGBAColor& source)
         auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tintwell"),
             QString::fromStdString("Export failed: " + error.description), QMessageBox::Ok, window);
         box->setAttribute(Qt::WA_DeleteOnClose);
+        returnFocus(*box, window);
         box->open();
     };
     auto palette = derivedPalette(source);
@@ -74,6 +87,7 @@ void openExportDialog(QWidget& owner, const RGBAColor& source)
             if (const auto written = writePalette(palette, file.toStdString()); !written)
                 tell(written.error());
         });
+    returnFocus(*dialog, owner.window());
     dialog->open();
 }
 
